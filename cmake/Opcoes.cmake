@@ -1,0 +1,22 @@
+# Compiler options shared by all our own targets.
+add_library(opcoes INTERFACE)
+target_include_directories(opcoes INTERFACE ${CMAKE_SOURCE_DIR}/src)
+# Contracted multiply-adds would make results depend on the compiler and the processor.
+target_compile_options(opcoes INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+                                        -ffp-contract=off)
+if(VORPLEX_SANITIZE)
+  target_compile_options(opcoes INTERFACE -fsanitize=address,undefined
+                                          -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(opcoes INTERFACE -fsanitize=address,undefined)
+endif()
+if(VORPLEX_COVERAGE)
+  target_compile_options(opcoes INTERFACE --coverage -fprofile-update=atomic)
+  target_link_options(opcoes INTERFACE --coverage)
+endif()
+
+# biblioteca(NAME DEPENDENCIES...): one subsystem, made of all sources of the current folder.
+function(biblioteca nome)
+  file(GLOB fontes CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  add_library(${nome} STATIC ${fontes})
+  target_link_libraries(${nome} PUBLIC opcoes ${ARGN})
+endfunction()

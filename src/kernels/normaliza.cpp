@@ -1,0 +1,114 @@
+#include "kernels/normaliza.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <string_view>
+
+#include "kernels/formas.h"
+#include "pim/converte.h"
+#include "pim/desenho.h"
+#include "pim/erro.h"
+
+namespace {
+
+constexpr float anel = 1.0F;
+constexpr float nucleo = -1.0F;
+constexpr double raiz2 = 1.4142135623730951;
+
+// The kernels of discs of 1 to 4 pixels: '+' ring, '-' core, '.' zero.
+constexpr std::array<std::string_view, 4> discosPequenos = {
+    "+++"
+    "+-+"
+    "+++",
+
+    "..+.."
+    ".+-+."
+    "+---+"
+    ".+-+."
+    "..+..",
+
+    "......."
+    ".+++++."
+    ".+---+."
+    ".+---+."
+    ".+---+."
+    ".+++++."
+    ".......",
+
+    "........."
+    "....+...."
+    "...+-+..."
+    "..+---+.."
+    ".+-----+."
+    "..+---+.."
+    "...+-+..."
+    "....+...."
+    "........."};
+
+cv::Mat_<float> discoPequeno(std::string_view desenho) {
+  const int n = pim::arredonda(std::sqrt(static_cast<double>(desenho.size())));
+  cv::Mat_<float> K(n, n);
+  for (int i = 0; i < n * n; ++i) {
+    const char simbolo = desenho[static_cast<std::size_t>(i)];
+    K(i / n, i % n) = simbolo == '+' ? anel : simbolo == '-' ? nucleo : 0.0F;
+  }
+  return K;
+}
+
+// Half of a full size, in whole pixels, for the core and for the ring around it.
+int meioNucleo(double d) {
+  return pim::trunca(d * 0.5);
+}
+
+int meioAnel(double d) {
+  return pim::trunca(d * raiz2 * 0.5);
+}
+
+}  // namespace
+
+void NegPosUm(cv::Mat_<float>& K) {
+  double positivos = 0;
+  double negativos = 0;
+  for (const float x : K) (x > 0 ? positivos : negativos) += std::abs(static_cast<double>(x));
+  if (!(positivos > 0) || !(negativos > 0)) pim::erro("Erro: NegPosUm divisao zero");
+  for (float& x : K) x = static_cast<float>(x / (x > 0 ? positivos : negativos));
+}
+
+void kernelCirculo(cv::Mat_<float>& K, double d) {
+  const int n = ladoImpar(d * raiz2, 2, 'c', d, d, maiorLadoKernel);
+  const int classe = pim::arredonda(d);
+  if (classe > 4) {
+    prepara(K, n, 0.0F);
+    pim::circulo(K, n / 2, n / 2, meioAnel(d), anel, -1);
+    pim::circulo(K, n / 2, n / 2, meioNucleo(d), nucleo, -1);
+  } else if (classe >= 1) {
+    K = discoPequeno(discosPequenos[static_cast<std::size_t>(classe - 1)]);
+  }
+  NegPosUm(K);
+}
+
+void kernelQuadrado(cv::Mat_<float>& K, double d, double ang) {
+  const int n = ladoImpar(2 * d, 0, 'q', d, d, maiorLadoKernel);
+  prepara(K, n, 0.0F);
+  pim::rotRetang(K, n / 2, n / 2, meioAnel(d), meioAnel(d), anel, -1, ang);
+  pim::rotRetang(K, n / 2, n / 2, meioNucleo(d), meioNucleo(d), nucleo, -1, ang);
+  NegPosUm(K);
+}
+
+void kernelRetangulo(cv::Mat_<float>& K, double d1, double d2, double ang) {
+  const int n = ladoImpar(2 * std::max(d1, d2), 0, 'r', d1, d2, maiorLadoKernel);
+  prepara(K, n, 0.0F);
+  pim::rotRetang(K, n / 2, n / 2, meioAnel(d1), meioAnel(d2), anel, -1, ang);
+  pim::rotRetang(K, n / 2, n / 2, meioNucleo(d1), meioNucleo(d2), nucleo, -1, ang);
+  NegPosUm(K);
+}
+
+void kernelElipse(cv::Mat_<float>& K, double d1, double d2, double ang) {
+  const int n = ladoImpar(std::max(d1, d2) * raiz2, 2, 'e', d1, d2, maiorLadoKernel);
+  prepara(K, n, 0.0F);
+  pim::elipse(K, n / 2, n / 2, meioAnel(d1), meioAnel(d2), anel, -1, ang);
+  pim::elipse(K, n / 2, n / 2, meioNucleo(d1), meioNucleo(d2), nucleo, -1, ang);
+  NegPosUm(K);
+}

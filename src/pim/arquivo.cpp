@@ -1,0 +1,59 @@
+#include "pim/arquivo.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cstdint>
+
+#include "pim/erro.h"
+
+namespace pim {
+namespace {
+
+// Larger inputs are refused before they exhaust the machine (an endless pipe never ends).
+constexpr std::size_t maximoDeBytes = std::size_t{4} << 30U;
+
+}  // namespace
+
+ARQUIVO abre(const std::string& nome, const char* modo, const std::string& mensagem) {
+  ARQUIVO arquivo(std::fopen(nome.c_str(), modo));
+  struct stat dados {};
+  const bool aberto = arquivo && fstat(fileno(arquivo.get()), &dados) == 0;
+  if (!aberto || S_ISDIR(dados.st_mode)) erro(mensagem, nome);
+  return arquivo;
+}
+
+void fechaEscrita(ARQUIVO arquivo, const std::string& nome) {
+  std::FILE* f = arquivo.release();
+  const bool falhou = std::ferror(f) != 0;
+  if (std::fclose(f) != 0 || falhou) erro("Erro gravacao arquivo ", nome);
+}
+
+std::vector<unsigned char> leBytes(const std::string& nome) {
+  const ARQUIVO arquivo = abre(nome, "rb");
+  struct stat dados {};
+  fstat(fileno(arquivo.get()), &dados);
+  if (!S_ISREG(dados.st_mode) && !S_ISFIFO(dados.st_mode)) erro("Erro leitura arquivo ", nome);
+  const auto tamanho = static_cast<std::size_t>(std::max<std::int64_t>(dados.st_size, 0));
+  if (tamanho > maximoDeBytes) erro("Erro: Arquivo grande demais ", nome);
+
+  std::vector<unsigned char> bytes(tamanho + 1);  // one more, so that the end is seen at once
+  std::size_t lidos = 0;
+  while (true) {
+    lidos += std::fread(bytes.data() + lidos, 1, bytes.size() - lidos, arquivo.get());
+    if (lidos < bytes.size()) break;
+    if (lidos > maximoDeBytes) erro("Erro: Arquivo grande demais ", nome);
+    bytes.resize(lidos + std::max<std::size_t>(lidos, 65536));
+  }
+  if (std::ferror(arquivo.get()) != 0) erro("Erro leitura arquivo ", nome);
+  bytes.resize(lidos);
+  return bytes;
+}
+
+void gravaBytes(const std::string& nome, const std::vector<unsigned char>& bytes) {
+  ARQUIVO arquivo = abre(nome, "wb");
+  std::fwrite(bytes.data(), 1, bytes.size(), arquivo.get());
+  fechaEscrita(std::move(arquivo), nome);
+}
+
+}  // namespace pim

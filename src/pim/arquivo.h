@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace pim {
+
+struct FECHADOR {
+  void operator()(std::FILE* f) const { std::fclose(f); }
+};
+
+// An open standard C file that closes itself.
+using ARQUIVO = std::unique_ptr<std::FILE, FECHADOR>;
+
+// Opens `nome` in `modo` ("rt", "wt", "rb", "wb"). When that fails, or when `nome` is a directory,
+// pim::erro with `mensagem` followed by the name.
+ARQUIVO abre(const std::string& nome, const char* modo,
+             const std::string& mensagem = "Erro abertura arquivo ");
+
+// Closes a file that was written; pim::erro naming it when any write, or the close, failed (a full
+// disk shows only then).
+void fechaEscrita(ARQUIVO arquivo, const std::string& nome);
+
+// All bytes of a regular file or pipe. pim::erro when it can't be opened or read, is neither of
+// the two, or holds more than 4 GiB.
+std::vector<unsigned char> leBytes(const std::string& nome);
+
+// Writes `bytes` as the whole content of `nome`; pim::erro when it can't be created or written.
+void gravaBytes(const std::string& nome, const std::vector<unsigned char>& bytes);
+
+}  // namespace pim

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "pim/codecs.h"
+
+namespace pim {
+
+// The three operations of `CODECS`; see there.
+RESULTADO decodificaImagem(const std::vector<unsigned char>& bytes);
+bool codificaImagem(const std::string& tipo, const cv::Mat& img, std::vector<unsigned char>& bytes);
+RESULTADO leArquivoMat(const std::string& nome);
+
+// Whether a JPEG file reaches its end-of-image mark: the decoder fills a missing end with grey
+// without a word. Follows the segments, and in the coded data skips stuffed bytes and restarts
+// (ITU-T T.81, B.1).
+bool jpegInteiro(const std::vector<unsigned char>& bytes);
+
+// An image of any depth and of 1, 3 or 4 channels as 8 bits of 1 or 3 channels; see pim::le.
+cv::Mat para8BitsSemAlfa(const cv::Mat& img);
+
+}  // namespace pim

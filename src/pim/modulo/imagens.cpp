@@ -1,0 +1,102 @@
+#include <opencv2/core/utils/logger.hpp>
+#include <opencv2/imgcodecs.hpp>
+#include <opencv2/imgproc.hpp>
+
+#include "pim/modulo/formatos.h"
+
+namespace pim {
+namespace {
+
+bool ehJpeg(const std::vector<unsigned char>& bytes) {
+  return bytes.size() > 2 && bytes[0] == 0xFF && bytes[1] == 0xD8 && bytes[2] == 0xFF;
+}
+
+// The factor that brings full scale to 255.
+double escalaPara8Bits(int profundidade) {
+  switch (profundidade) {
+    case CV_16U:
+      return 255.0 / 65535.0;
+    case CV_32F:
+    case CV_64F:
+      return 255.0;
+    default:
+      return 1.0;
+  }
+}
+
+// Four channels (blue, green, red, alpha) laid over white.
+cv::Mat sobreBranco(const cv::Mat& img) {
+  cv::Mat cor(img.size(), CV_8UC3);
+  for (int l = 0; l < img.rows; ++l) {
+    const auto* origem = img.ptr<cv::Vec4b>(l);
+    auto* destino = cor.ptr<cv::Vec3b>(l);
+    for (int c = 0; c < img.cols; ++c) {
+      const int alfa = origem[c][3];
+      for (int k = 0; k < 3; ++k) {
+        const int soma = origem[c][k] * alfa + 255 * (255 - alfa);
+        destino[c][k] = static_cast<unsigned char>((soma + 127) / 255);
+      }
+    }
+  }
+  return cor;
+}
+
+}  // namespace
+
+bool jpegInteiro(const std::vector<unsigned char>& bytes) {
+  std::size_t i = 2;
+  while (i + 1 < bytes.size()) {
+    const unsigned char marca = bytes[i + 1];
+    if (bytes[i] != 0xFF || marca == 0x00 || (marca >= 0xD0 && marca <= 0xD7) || marca == 0x01) {
+      ++i;  // coded data, stuffing or a restart
+    } else if (marca == 0xFF) {
+      ++i;  // fill byte
+    } else if (marca == 0xD9) {
+      return true;
+    } else {
+      if (i + 3 >= bytes.size()) return false;
+      i += 2 + (std::size_t{bytes[i + 2]} << 8U) + bytes[i + 3];
+    }
+  }
+  return false;
+}
+
+cv::Mat para8BitsSemAlfa(const cv::Mat& img) {
+  cv::Mat oito = img;
+  if (img.depth() != CV_8U) img.convertTo(oito, CV_8U, escalaPara8Bits(img.depth()));
+  return oito.channels() == 4 ? sobreBranco(oito) : oito;
+}
+
+RESULTADO decodificaImagem(const std::vector<unsigned char>& bytes) {
+  cv::utils::logging::setLogLevel(cv::utils::logging::LOG_LEVEL_SILENT);
+  if (bytes.empty()) return {{}, "arquivo vazio"};
+  const bool jpeg = ehJpeg(bytes);
+  if (jpeg && !jpegInteiro(bytes)) return {{}, "arquivo incompleto"};
+  try {
+    // Only with a requested colour layout does the library turn a JPEG upright.
+    const int modo = jpeg ? cv::IMREAD_ANYCOLOR : cv::IMREAD_UNCHANGED;
+    const cv::Mat img = cv::imdecode(bytes, modo);
+    const bool serve = !img.empty() && img.channels() != 2 && img.channels() <= 4;
+    if (!serve) return {{}, "nao e' uma imagem legivel"};
+    return {para8BitsSemAlfa(img), ""};
+  } catch (const cv::Exception& e) {
+    return {{}, e.err};
+  }
+}
+
+bool codificaImagem(const std::string& tipo, const cv::Mat& img,
+                    std::vector<unsigned char>& bytes) {
+  cv::utils::logging::setLogLevel(cv::utils::logging::LOG_LEVEL_SILENT);
+  std::vector<int> opcoes;
+  if (tipo == "tiff" && img.depth() == CV_32F) {
+    constexpr int semCompressao = 1;  // COMPRESSION_NONE of the TIFF specification
+    opcoes = {cv::IMWRITE_TIFF_COMPRESSION, semCompressao};
+  }
+  try {
+    return cv::imencode("." + tipo, img, bytes, opcoes);
+  } catch (const cv::Exception&) {
+    return false;
+  }
+}
+
+}  // namespace pim

@@ -1,0 +1,139 @@
+#include "pim/token.h"
+
+#include <string_view>
+
+#include "pim/erro.h"
+#include "pim/texto.h"
+
+namespace pim {
+namespace {
+
+constexpr bool espaco(int c) {
+  return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+// One-character readers, so that files and memory share one tokeniser.
+int leCar(std::FILE* f) {
+  return getc_unlocked(f);
+}
+
+int leCar(ISTR& s) {
+  return s.pos < s.texto.size() ? static_cast<unsigned char>(s.texto[s.pos++]) : EOF;
+}
+
+void devolveCar(std::FILE* f, int c) {
+  if (c != EOF) std::ungetc(c, f);
+}
+
+void devolveCar(ISTR& s, int c) {
+  if (c != EOF) --s.pos;
+}
+
+void verificaLeitura(std::FILE* f) {
+  if (std::ferror(f) != 0) erro("Erro leitura arquivo");
+}
+
+void verificaLeitura(ISTR& /*s*/) {}
+
+// The next run of non-blank characters; empty at the end of the input. The character after it is
+// left unread, so that the place of the token can still be told.
+template <class FONTE>
+std::string palavra(FONTE&& fonte) {
+  int c = leCar(fonte);
+  while (espaco(c)) c = leCar(fonte);
+  std::string texto;
+  for (; c != EOF && !espaco(c); c = leCar(fonte)) texto.push_back(static_cast<char>(c));
+  devolveCar(fonte, c);
+  return texto;
+}
+
+template <class FONTE>
+void pulaLinha(FONTE&& fonte) {
+  int c = leCar(fonte);
+  while (c != EOF && c != '\n') c = leCar(fonte);
+}
+
+// The next token; empty once none remains.
+template <class FONTE>
+std::string token(FONTE&& fonte) {
+  constexpr std::string_view marcaUtf8 = "\xEF\xBB\xBF";
+  while (true) {
+    std::string texto = palavra(fonte);
+    const bool fim = texto.empty();
+    if (texto.starts_with(marcaUtf8)) texto.erase(0, marcaUtf8.size());
+    if (fim) verificaLeitura(fonte);
+    if (texto.starts_with("//")) {
+      pulaLinha(fonte);
+    } else if (fim || !texto.empty()) {
+      return texto;
+    }
+  }
+}
+
+template <class FONTE>
+std::string leStrDe(FONTE&& fonte) {
+  std::string texto = token(fonte);
+  return texto.empty() ? "eof" : texto;
+}
+
+template <class T>
+void leNumDe(std::FILE* f, T& x, const std::string& nome) {
+  const std::string texto = token(f);
+  if (texto.empty()) erro("Erro: Falta numero no fim do texto", lugar(f, nome));
+  if (!paraNumero(texto, x)) erro("Erro: Numero invalido ", texto, lugar(f, nome));
+}
+
+}  // namespace
+
+void ISTR::arg2str(int n, char** v) {
+  texto.clear();
+  for (int i = 0; i < n; ++i) {
+    if (i > 0) texto += ' ';
+    texto += v[i];
+  }
+  pos = 0;
+}
+
+std::string leStr(std::FILE* f) {
+  return leStrDe(f);
+}
+
+std::string leStr(ISTR& s) {
+  return leStrDe(s);
+}
+
+void leNum(std::FILE* f, int& x, const std::string& nome) {
+  leNumDe(f, x, nome);
+}
+
+void leNum(std::FILE* f, float& x, const std::string& nome) {
+  leNumDe(f, x, nome);
+}
+
+void leNum(std::FILE* f, double& x, const std::string& nome) {
+  leNumDe(f, x, nome);
+}
+
+void leNum(ISTR& s, double& x) {
+  const std::string texto = token(s);
+  if (texto.empty()) erro("Erro: Falta numero no fim dos parametros");
+  if (!paraNumero(texto, x)) erro("Erro: Numero invalido ", texto);
+}
+
+std::string lePalavra(std::FILE* f) {
+  std::string texto = palavra(f);
+  verificaLeitura(f);
+  return texto;
+}
+
+std::string lugar(std::FILE* f, const std::string& nome) {
+  const long fim = std::ftell(f);
+  if (fim < 0 || std::fseek(f, 0, SEEK_SET) != 0) return nome.empty() ? "" : " (" + nome + ")";
+  long linha = 1;
+  for (long i = 0; i < fim; ++i) {
+    if (leCar(f) == '\n') ++linha;
+  }
+  return " (" + (nome.empty() ? "" : nome + ", ") + "linha " + std::to_string(linha) + ")";
+}
+
+}  // namespace pim
