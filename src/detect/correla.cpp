@@ -31,6 +31,7 @@ void exigeArgumentos(int argc) {
 // kernels after the last such one are never applied.
 std::vector<MAXLOCAL> procuraPorGrupos(const PIRAMIDE& piramide,
                                        const std::vector<MASCARA>& kernels, double minCorr) {
+  const NIVEIS preparados = preparaNiveis(piramide);
   std::vector<MAXLOCAL> todos;
   MELHORCORREL melhorCorrel;
   MELHORKERNEL melhorKernel;
@@ -40,7 +41,7 @@ std::vector<MAXLOCAL> procuraPorGrupos(const PIRAMIDE& piramide,
     std::printf("Aplicando filtro #%u-#%u\r", static_cast<unsigned>(primeiro),
                 static_cast<unsigned>(i));
     std::fflush(stdout);
-    correlaGrupo(piramide, kernels, primeiro, i, melhorCorrel, melhorKernel);
+    correlaGrupo(preparados, kernels, primeiro, i, melhorCorrel, melhorKernel);
     std::vector<MAXLOCAL> doGrupo;
     findMaxLocal(melhorCorrel, melhorKernel, kernels, doGrupo, minCorr);
     acrescenta(todos, doGrupo);

@@ -3,6 +3,7 @@
 #include <opencv2/core.hpp>
 #include <vector>
 
+#include "detect/niveis.h"
 #include "detect/piramide.h"
 #include "kernels/mascara.h"
 
@@ -19,5 +20,10 @@ void correlaPiramide(const PIRAMIDE& piramide, const cv::Mat_<float>& kernel,
 
 // Fills both lists for the kernels with indices `primeiro` to `ultimo` inclusive, each applied to
 // levels 0 to its sPir. The lower index wins a tie. An empty range gives lists of -1.
+//
+// Correlations differ from exact sums by less than 1e-6 (niveis.h), and equal neighbourhoods get
+// equal values. `niveis` are the prepared levels of the pyramid, for a run with many groups.
 void correlaGrupo(const PIRAMIDE& piramide, const std::vector<MASCARA>& kernels, int primeiro,
+                  int ultimo, MELHORCORREL& melhorCorrel, MELHORKERNEL& melhorKernel);
+void correlaGrupo(const NIVEIS& niveis, const std::vector<MASCARA>& kernels, int primeiro,
                   int ultimo, MELHORCORREL& melhorCorrel, MELHORKERNEL& melhorKernel);

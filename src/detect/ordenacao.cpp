@@ -1,19 +1,27 @@
 #include "detect/ordenacao.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-#include <map>
 #include <utility>
 
+#include "detect/vizinhanca.h"
 #include "pim/erro.h"
 
 namespace {
 
 using POSICAO = std::ptrdiff_t;
 
+// What the sort moves about in place of a whole record.
+struct CHAVE {
+  float correl;
+  std::uint32_t original;  // where the record stood
+};
+
 // Hoare's partition of v[l..r] about the correlation of its middle element. Returns (j, i): then
 // l..j hold the better part and i..r the worse, each to be sorted on its own.
-std::pair<POSICAO, POSICAO> separa(MAXLOCAL* v, POSICAO l, POSICAO r) {
+std::pair<POSICAO, POSICAO> separa(CHAVE* v, POSICAO l, POSICAO r) {
   const float pivo = v[(l + r) / 2].correl;
   POSICAO i = l;
   POSICAO j = r;
@@ -27,7 +35,7 @@ std::pair<POSICAO, POSICAO> separa(MAXLOCAL* v, POSICAO l, POSICAO r) {
 
 // The two parts never meet again, so the smaller may go first: the result is the same and the
 // depth stays below the logarithm of the length.
-void ordenaFaixa(MAXLOCAL* v, POSICAO l, POSICAO r) {
+void ordenaFaixa(CHAVE* v, POSICAO l, POSICAO r) {
   while (l < r) {
     const auto [j, i] = separa(v, l, r);
     if (j - l < r - i) {
@@ -40,35 +48,79 @@ void ordenaFaixa(MAXLOCAL* v, POSICAO l, POSICAO r) {
   }
 }
 
-bool perto(int a, int b, int maxDist) {
-  return std::abs(std::int64_t{a} - b) <= maxDist;
+// Brings the records to the places that the sorted keys give them, cycle by cycle. The keys are
+// used up.
+void permuta(MAXLOCAL* v, std::vector<CHAVE>& chaves) {
+  constexpr std::uint32_t feito = UINT32_MAX;
+  for (std::size_t i = 0; i < chaves.size(); ++i) {
+    if (chaves[i].original == feito) continue;
+    const MAXLOCAL primeiro = v[i];
+    std::size_t vaga = i;
+    while (chaves[vaga].original != i) {
+      const std::size_t origem = chaves[vaga].original;
+      v[vaga] = v[origem];
+      chaves[vaga].original = feito;
+      vaga = origem;
+    }
+    v[vaga] = primeiro;
+    chaves[vaga].original = feito;
+  }
+}
+
+// The kept records by increasing column, those of one column in the order in which they were kept.
+std::vector<MAXLOCAL> porColuna(const std::vector<MAXLOCAL>& mantidos) {
+  struct POSTO {
+    int ci;
+    std::uint32_t ordem;
+  };
+  std::vector<POSTO> postos;
+  postos.reserve(mantidos.size());
+  for (const MAXLOCAL& m : mantidos) {
+    postos.push_back({m.ci, static_cast<std::uint32_t>(postos.size())});
+  }
+  std::sort(postos.begin(), postos.end(), [](const POSTO& a, const POSTO& b) {
+    return a.ci != b.ci ? a.ci < b.ci : a.ordem < b.ordem;
+  });
+  std::vector<MAXLOCAL> ordenados;
+  ordenados.reserve(mantidos.size());
+  for (const POSTO& p : postos) ordenados.push_back(mantidos[p.ordem]);
+  return ordenados;
 }
 
 }  // namespace
 
 void ordena(std::vector<MAXLOCAL>& v, int l, int r) {
   pim::afirma(l <= r, "l<=r", {"vorplex", 558, "void ordena(std::vector<MAXLOCAL>&, int, int)"});
-  ordenaFaixa(v.data(), l, r);
+  std::vector<CHAVE> chaves;
+  chaves.reserve(static_cast<std::size_t>(r - l) + 1);
+  for (int i = l; i <= r; ++i) {
+    chaves.push_back({v[static_cast<std::size_t>(i)].correl, static_cast<std::uint32_t>(i - l)});
+  }
+  ordenaFaixa(chaves.data(), 0, r - l);
+  permuta(v.data() + l, chaves);
 }
 
 void eliminaProximo(const std::vector<MAXLOCAL>& entrada, std::vector<MAXLOCAL>& saida,
                     int maxDist) {
-  std::multimap<std::int64_t, MAXLOCAL> mantidos;  // by column, equal ones in order of insertion
-  for (const MAXLOCAL& m : entrada) {
-    bool repetido = false;
-    auto p = mantidos.lower_bound(std::int64_t{m.ci} - maxDist);
-    for (; !repetido && p != mantidos.end() && p->first <= std::int64_t{m.ci} + maxDist; ++p) {
-      repetido = p->second.forma == m.forma && perto(m.li, p->second.li, maxDist);
-      if (repetido) {
-        pim::afirma(perto(m.ci, p->second.ci, maxDist), "abs(v[i].ci-p->second.ci)<=maxDist",
+  std::vector<MAXLOCAL> mantidos;
+  if (maxDist < 0) {
+    mantidos = entrada;
+  } else {
+    VIZINHANCA vizinhanca(entrada, maxDist);
+    for (const MAXLOCAL& m : entrada) {
+      const VIZINHANCA::PONTO* perto = vizinhanca.procura(m);
+      if (perto == nullptr) {
+        vizinhanca.acrescenta(m);
+        mantidos.push_back(m);
+      } else {
+        pim::afirma(std::abs(std::int64_t{m.ci} - perto->ci) <= maxDist,
+                    "abs(v[i].ci-p->second.ci)<=maxDist",
                     {"vorplex", 580,
                      "void eliminaProximo(std::vector<MAXLOCAL>&, std::vector<MAXLOCAL>&, int)"});
       }
     }
-    if (!repetido) mantidos.emplace(m.ci, m);
   }
-  saida.clear();
-  for (const auto& [coluna, m] : mantidos) saida.push_back(m);
+  saida = porColuna(mantidos);
   ordena(saida, 0, static_cast<int>(saida.size()) - 1);
 }
 

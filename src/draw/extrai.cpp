@@ -11,19 +11,20 @@
 
 namespace {
 
-// The indices on the command line, or all those of the list. Each must be in the list.
-std::vector<int> escolhidos(int argc, char** argv, std::size_t quantos) {
-  std::vector<int> indices;
+// Calls `acao(k)` for each index on the command line, in that order, or for the whole list when
+// there is none. A bad index is met only after those before it were done.
+template <class ACAO>
+void paraCadaEscolhido(int argc, char** argv, std::size_t quantos, ACAO acao) {
   for (int i = 3; i < argc; ++i) {
     int k = 0;
     pim::convArg(k, argv[i]);
     if (k < 0 || static_cast<std::size_t>(k) >= quantos) {
       pim::erro("Erro: Indice fora da lista ", argv[i]);
     }
-    indices.push_back(k);
+    acao(k);
   }
-  for (int k = 0; argc == 3 && k < static_cast<int>(quantos); ++k) indices.push_back(k);
-  return indices;
+  for (int k = 0; argc == 3 && k < static_cast<int>(quantos); ++k)
+    acao(k);
 }
 
 void extrai(const cv::Mat_<pim::VEC3B>& imagem, const std::vector<MAXLOCAL>& v, int k,
@@ -60,9 +61,9 @@ void ExtraiAm(int argc, char** argv) {
   leMaxLocais(v, base + ".ho2");
   std::printf("Numero de maximos locais originais=%u\n", static_cast<unsigned>(v.size()));
 
-  for (const int k : escolhidos(argc, argv, v.size())) {
+  paraCadaEscolhido(argc, argv, v.size(), [&](int k) {
     extrai(imagem, v, k, fatorZoom, base + cv::format("%04d.png", k));
-  }
+  });
 }
 
 void ExtraiCla(int argc, char** argv) {
@@ -86,7 +87,7 @@ void ExtraiCla(int argc, char** argv) {
   cv::Mat_<unsigned char> classes;
   pim::le(classes, base + ".mat");
 
-  for (const int k : escolhidos(argc, argv, v.size())) {
+  paraCadaEscolhido(argc, argv, v.size(), [&](int k) {
     extrai(imagem, v, k, fatorZoom, cv::format("%02d-%04d.png", classe(classes, k), k));
-  }
+  });
 }

@@ -1,17 +1,16 @@
 #include "filter/filtinter.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
-#include <map>
 
+#include "filter/ocupacao.h"
+#include "filter/silhueta.h"
 #include "pim/erro.h"
 
 namespace {
 
 constexpr double semValor = std::numeric_limits<double>::quiet_NaN();
-constexpr const char* assinatura =
-    "void filtInter(std::vector<MAXLOCAL>&, std::vector<MAXLOCAL>&, cv::Size, double, double, "
-    "double, double, double, double, double, double)";
 
 struct LIMIAR {
   double minCorr;
@@ -40,104 +39,129 @@ struct LIMIARES {
   }
 };
 
-// A centre far outside any grid would overflow when a mask offset is added; this far out all
-// positions are equally outside.
-int limita(std::int64_t x) {
-  constexpr std::int64_t longe = 1 << 30;
-  return static_cast<int>(x < -longe ? -longe : x > longe ? longe : x);
-}
-
-// Calls `acao(l, c)` with the grid coordinates of every pixel of the shape of `m`, row by row.
+// Calls `acao(l, de, ate)` for the stretches of the shape of `m` that lie inside a grid of `rows`
+// by `cols` cells, cut to it.
 template <class ACAO>
-void paraCadaPixel(const MAXLOCAL& m, const cv::Mat_<unsigned char>& mascara, ACAO acao) {
-  const std::int64_t topo = std::int64_t{m.li} - mascara.rows / 2;
-  const std::int64_t esquerda = std::int64_t{m.ci} - mascara.cols / 2;
-  for (int r = 0; r < mascara.rows; ++r) {
-    for (int c = 0; c < mascara.cols; ++c) {
-      if (mascara(r, c) == 0) acao(limita(topo + r), limita(esquerda + c));
-    }
+void paraCadaTrecho(const MAXLOCAL& m, const SILHUETA& s, unsigned rows, unsigned cols, ACAO acao) {
+  for (const SILHUETA::TRECHO& t : s.trechos) {
+    const std::int64_t l = std::int64_t{m.li} + t.linha;
+    if (l < 0 || l >= rows) continue;
+    const std::int64_t de = std::max<std::int64_t>(std::int64_t{m.ci} + t.de, 0);
+    const std::int64_t ate = std::min<std::int64_t>(std::int64_t{m.ci} + t.ate, cols - 1LL);
+    if (de <= ate) acao(static_cast<int>(l), static_cast<int>(de), static_cast<int>(ate));
   }
 }
 
-// Calls `acao(celula)` for every cell inside the grid that the shape covers.
-template <class ACAO>
-void paraCadaCelula(const MAXLOCAL& m, const cv::Mat_<unsigned char>& mascara, GRADE& grade,
-                    ACAO acao) {
-  paraCadaPixel(m, mascara, [&](int l, int c) {
-    const auto ul = static_cast<unsigned>(l);
-    const auto uc = static_cast<unsigned>(c);
-    if (ul < grade.rows && uc < grade.cols) acao(grade(ul, uc));
-  });
+// The share of the shape's pixels that count: all those outside the grid, and of the stretches
+// inside it what `conta(l, de, ate)` says. NaN when the shape has no pixel.
+template <class CONTA>
+double fracao(const MAXLOCAL& m, const SILHUETA& s, unsigned rows, unsigned cols, CONTA conta) {
+  if (s.pixels == 0) return semValor;
+  std::int64_t contados = s.pixels;
+  paraCadaTrecho(m, s, rows, cols,
+                 [&](int l, int de, int ate) { contados += conta(l, de, ate) - (ate - de + 1); });
+  return static_cast<double>(contados) / static_cast<double>(s.pixels);
 }
 
-// The share of the shape's pixels whose cell satisfies `conta`.
+double interseccao(const MAXLOCAL& m, const SILHUETA& s, const OCUPACAO& grade) {
+  return fracao(m, s, grade.rows, grade.cols,
+                [&](int l, int de, int ate) { return grade.ocupadas(l, de, ate); });
+}
+
+double interseccaoDoVizinho(const MAXLOCAL& m, int indice, const SILHUETA& s,
+                            const OCUPACAO& grade) {
+  return fracao(m, s, grade.rows, grade.cols,
+                [&](int l, int de, int ate) { return grade.deOutros(l, de, ate, indice); });
+}
+
+// The share of the shape's pixels whose cell, or the background outside the grid, counts.
 template <class CONTA>
-double fracao(const MAXLOCAL& m, cv::Mat_<unsigned char>& mascara, const GRADE& grade,
-              CONTA conta) {
+double fracaoDaGrade(const MAXLOCAL& m, cv::Mat_<unsigned char>& mascara, const GRADE& grade,
+                     CONTA conta) {
   mascaraMaxLocal(m, mascara);
-  if (mascara.rows < 1) return semValor;
-  std::int64_t total = 0;
+  const SILHUETA s = silhueta(mascara);
+  const auto limita = [](std::int64_t x) {  // far outside is as good as farther
+    return static_cast<int>(std::clamp<std::int64_t>(x, -1, 1 << 30));
+  };
   std::int64_t contados = 0;
-  paraCadaPixel(m, mascara, [&](int l, int c) {
-    ++total;
-    if (conta(grade.atb(l, c))) ++contados;
-  });
-  return static_cast<double>(contados) / static_cast<double>(total);
+  for (const SILHUETA::TRECHO& t : s.trechos) {
+    for (int c = t.de; c <= t.ate; ++c) {
+      const int l = limita(std::int64_t{m.li} + t.linha);
+      if (conta(grade.atb(l, limita(std::int64_t{m.ci} + c)))) ++contados;
+    }
+  }
+  return s.pixels == 0 ? semValor : static_cast<double>(contados) / static_cast<double>(s.pixels);
 }
 
 // The kept detections that share a cell with the candidate `wi`, by increasing index.
-std::map<int, int> vizinhos(const MAXLOCAL& m, const cv::Mat_<unsigned char>& mascara,
-                            GRADE& grade, int wi) {
-  std::map<int, int> achados;
-  paraCadaCelula(m, mascara, grade, [&](const std::vector<int>& t) {
-    for (const int i : t) {
-      pim::afirma(i >= 0, "t[i]>=0", {"vorplex", __LINE__, assinatura});
-      if (i != wi) achados[i] = i;
-    }
-  });
+std::vector<int> vizinhos(const MAXLOCAL& m, const SILHUETA& s, const OCUPACAO& grade, int wi) {
+  std::vector<int> achados;
+  paraCadaTrecho(m, s, grade.rows, grade.cols,
+                 [&](int l, int de, int ate) { grade.junta(l, de, ate, achados); });
+  std::sort(achados.begin(), achados.end());
+  achados.erase(std::unique(achados.begin(), achados.end()), achados.end());
+  std::erase(achados, wi);
   return achados;
-}
-
-// Whether some kept neighbour is now covered beyond the maximum of its own letter.
-bool invadeVizinho(const MAXLOCAL& m, const cv::Mat_<unsigned char>& mascara, GRADE& grade, int wi,
-                   const std::vector<MAXLOCAL>& saida, const LIMIARES& limiares) {
-  for (const auto& [j, mesmo] : vizinhos(m, mascara, grade, wi)) {
-    const MAXLOCAL& viz = saida.at(static_cast<std::size_t>(j));
-    cv::Mat_<unsigned char> mascaraViz;
-    if (calcInterViz(viz, j, mascaraViz, grade) > limiares.de(viz.forma).maxInter) return true;
-  }
-  return false;
 }
 
 // Takes the index `wi` of a withdrawn detection off the cells of its shape. The bounds are those
 // of the mask and not of the grid, the column's inclusive: only cells in the top left corner of the
 // image are cleared, all others keep the index. Results depend on it.
-void retira(const MAXLOCAL& m, const cv::Mat_<unsigned char>& mascara, GRADE& grade, int wi) {
-  paraCadaPixel(m, mascara, [&](int l, int c) {
-    if (l < 0 || l >= mascara.rows || c < 0 || c > mascara.cols) return;
-    std::vector<int>& t = grade(static_cast<unsigned>(l), static_cast<unsigned>(c));
-    if (t.empty()) return;
-    pim::afirma(t.back() == wi, "t.back()==int(wi)", {"vorplex", __LINE__, assinatura});
-    t.pop_back();
+void retira(const MAXLOCAL& m, const SILHUETA& s, OCUPACAO& grade, int wi) {
+  const auto rows = static_cast<unsigned>(s.rows);
+  const auto cols = static_cast<unsigned>(s.cols);
+  paraCadaTrecho(m, s, rows, cols + 1, [&](int l, int de, int ate) {
+    for (int c = de; c <= ate; ++c) grade.retira(l, c, wi);
   });
 }
 
-GRADE gradeVazia(cv::Size tamanho) {
-  GRADE grade(static_cast<unsigned>(tamanho.height), static_cast<unsigned>(tamanho.width));
-  for (std::vector<int>& t : grade.celulas) t.reserve(3);
-  grade.backg = {-1};
-  return grade;
-}
+// The filter at work: what is kept so far and where it lies.
+struct FILTRO {
+  const LIMIARES& limiares;
+  std::vector<MAXLOCAL>& saida;
+  OCUPACAO grade;
+  SILHUETAS silhuetas;
+
+  // Whether the candidate `wi` takes some kept neighbour over the maximum of its own letter.
+  bool invadeVizinho(const MAXLOCAL& m, const SILHUETA& s, int wi) {
+    for (const int j : vizinhos(m, s, grade, wi)) {
+      pim::afirma(j >= 0, "t[i]>=0",
+                  {"vorplex", __LINE__,
+                   "void filtInter(std::vector<MAXLOCAL>&, std::vector<MAXLOCAL>&, cv::Size, "
+                   "double, double, double, double, double, double, double, double)"});
+      const MAXLOCAL& viz = saida.at(static_cast<std::size_t>(j));
+      const double inter = interseccaoDoVizinho(viz, j, silhuetas.de(viz), grade);
+      if (inter > limiares.de(viz.forma).maxInter) return true;
+    }
+    return false;
+  }
+
+  void considera(const MAXLOCAL& m) {
+    const LIMIAR& limiar = limiares.de(m.forma);
+    if (static_cast<double>(m.correl) < limiar.minCorr) return;
+    const SILHUETA s = silhuetas.de(m);
+    if (interseccao(m, s, grade) > limiar.maxInter) return;
+    saida.push_back(m);
+    const int wi = static_cast<int>(saida.size()) - 1;
+    paraCadaTrecho(m, s, grade.rows, grade.cols, [&](int l, int de, int ate) {
+      for (int c = de; c <= ate; ++c) grade.acrescenta(l, c, wi);
+    });
+    if (invadeVizinho(m, s, wi)) {
+      saida.pop_back();
+      retira(m, s, grade, wi);
+    }
+  }
+};
 
 }  // namespace
 
 double calcInter(const MAXLOCAL& m, cv::Mat_<unsigned char>& mascara, const GRADE& grade) {
-  return fracao(m, mascara, grade, [](const std::vector<int>& t) { return !t.empty(); });
+  return fracaoDaGrade(m, mascara, grade, [](const std::vector<int>& t) { return !t.empty(); });
 }
 
 double calcInterViz(const MAXLOCAL& m, int indice, cv::Mat_<unsigned char>& mascara,
                     const GRADE& grade) {
-  return fracao(m, mascara, grade, [indice](const std::vector<int>& t) {
+  return fracaoDaGrade(m, mascara, grade, [indice](const std::vector<int>& t) {
     return t.size() >= 2 || (t.size() == 1 && t.at(0) != indice);
   });
 }
@@ -149,18 +173,6 @@ void filtInter(std::vector<MAXLOCAL>& entrada, std::vector<MAXLOCAL>& saida, cv:
                              {minCorrRet, maxInterRet},
                              {minCorrQua, maxInterQua},
                              {minCorrEli, maxInterEli}};
-  GRADE grade = gradeVazia(tamanho);
-  for (const MAXLOCAL& m : entrada) {
-    const LIMIAR& limiar = limiares.de(m.forma);
-    if (static_cast<double>(m.correl) < limiar.minCorr) continue;
-    cv::Mat_<unsigned char> mascara;
-    if (calcInter(m, mascara, grade) > limiar.maxInter) continue;
-    saida.push_back(m);
-    const int wi = static_cast<int>(saida.size()) - 1;
-    paraCadaCelula(m, mascara, grade, [wi](std::vector<int>& t) { t.push_back(wi); });
-    if (invadeVizinho(m, mascara, grade, wi, saida, limiares)) {
-      saida.pop_back();
-      retira(m, mascara, grade, wi);
-    }
-  }
+  FILTRO filtro{limiares, saida, OCUPACAO(tamanho.height, tamanho.width), {}};
+  for (const MAXLOCAL& m : entrada) filtro.considera(m);
 }

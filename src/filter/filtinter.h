@@ -7,7 +7,8 @@
 #include "pim/matriz.h"
 
 // One cell per image pixel: the indices of the kept detections whose shape covers it, in the order
-// in which they were added. Its background is {-1}: what lies outside the image is occupied.
+// in which they were added. The outside of the image counts as occupied (a background of {-1}).
+// `filtInter` itself keeps the same in a smaller form (ocupacao.h).
 using GRADE = MATRIZ<std::vector<int>>;
 
 // Keeps, in their order, the detections of `entrada` (best first) whose correlation is not below

@@ -52,7 +52,7 @@ std::vector<unsigned char> leBytes(const std::string& nome) {
 
 void gravaBytes(const std::string& nome, const std::vector<unsigned char>& bytes) {
   ARQUIVO arquivo = abre(nome, "wb");
-  std::fwrite(bytes.data(), 1, bytes.size(), arquivo.get());
+  if (!bytes.empty()) std::fwrite(bytes.data(), 1, bytes.size(), arquivo.get());
   fechaEscrita(std::move(arquivo), nome);
 }
 

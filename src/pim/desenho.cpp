@@ -34,8 +34,6 @@ struct FAIXA {
   double ate;
 };
 
-constexpr FAIXA nenhuma = {1.0, -1.0};
-
 // A disc. `linha` gives, for a row offset, a range of columns that holds all of the shape's pixels
 // in that row to within one; `contem` decides each pixel.
 struct DISCO {
@@ -71,8 +69,8 @@ struct RETANGULO {
   }
 
   FAIXA linha(double dl) const {
-    const FAIXA u = entre(dir.cos, dl * dir.sen, meio1, alcance());
-    const FAIXA v = entre(-dir.sen, dl * dir.cos, meio2, alcance());
+    const FAIXA u = entre(dir.cos, dl * dir.sen, meio1 * (1 + folga), alcance());
+    const FAIXA v = entre(-dir.sen, dl * dir.cos, meio2 * (1 + folga), alcance());
     return {std::max(u.de, v.de), std::min(u.ate, v.ate)};
   }
 };
@@ -120,12 +118,13 @@ void pintaLinha(cv::Mat_<T>& img, int y, std::int64_t l, std::int64_t c, const F
   const double borda = forma.alcance() + 1;
   auto de = static_cast<std::int64_t>(std::ceil(std::max(faixa.de, -borda))) - 1;
   auto ate = static_cast<std::int64_t>(std::floor(std::min(faixa.ate, borda))) + 1;
+  // Clipped first: the search below never leaves the image, however large the shape.
+  de = std::max(de, -c);
+  ate = std::min(ate, img.cols - 1 - c);
   while (de <= ate && !forma.contem(dl, static_cast<double>(de))) ++de;
   while (ate > de && !forma.contem(dl, static_cast<double>(ate))) --ate;
-  const std::int64_t x0 = std::max<std::int64_t>(c + de, 0);
-  const std::int64_t x1 = std::min<std::int64_t>(c + ate, img.cols - 1);
   T* linha = img[y];
-  for (std::int64_t x = x0; x <= x1; ++x) linha[x] = cor;
+  for (std::int64_t x = c + de; x <= c + ate; ++x) linha[x] = cor;
 }
 
 template <class T, class FORMA>
@@ -177,8 +176,9 @@ template <class T>
 void desenhaRetangulo(cv::Mat_<T>& img, int l, int c, int tam1, int tam2, T cor, int espessura,
                       double ang) {
   const DIRECAO dir = direcao(ang);
-  desenha(img, l, c, std::min(tam1, tam2), cor, espessura,
-          [&](int margem) { return RETANGULO{tam1 + 0.5 - margem, tam2 + 0.5 - margem, dir}; });
+  desenha(img, l, c, std::min(tam1, tam2), cor, espessura, [&](int margem) {
+    return RETANGULO{tam1 + 0.5 - margem, tam2 + 0.5 - margem, dir};
+  });
 }
 
 template <class T>

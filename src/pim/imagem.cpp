@@ -1,5 +1,6 @@
 #include "pim/imagem.h"
 
+#include <filesystem>
 #include <opencv2/imgproc.hpp>
 #include <string_view>
 #include <vector>
@@ -19,6 +20,12 @@ bool comecaCom(const BYTES& bytes, std::string_view marca) {
   return bytes.size() >= marca.size() && std::equal(marca.begin(), marca.end(), bytes.begin());
 }
 
+// A MAT-file is read again by its name, which a pipe doesn't allow.
+RESULTADO leMat(const std::string& nome) {
+  if (!std::filesystem::is_regular_file(nome)) return {{}, "MAT-file precisa ser arquivo comum"};
+  return codecs().leMat(nome);
+}
+
 // The image as its file holds it: 1 or 3 channels of 8 bits.
 cv::Mat leComoEsta(const std::string& nome) {
   const BYTES bytes = leBytes(nome);
@@ -26,11 +33,11 @@ cv::Mat leComoEsta(const std::string& nome) {
   if (ehPnm(bytes)) {
     lido = decodificaPnm(bytes);
   } else if (comecaCom(bytes, "MATLAB")) {
-    lido = codecs().leMat(nome);
+    lido = leMat(nome);
   } else {
     lido = codecs().decodifica(bytes);
     // The oldest MAT-files carry no mark of their own.
-    if (!lido.erro.empty() && minuscula(sufixo(nome)) == "mat") lido = codecs().leMat(nome);
+    if (!lido.erro.empty() && minuscula(sufixo(nome)) == "mat") lido = leMat(nome);
   }
   if (!lido.erro.empty()) erro("Erro leitura imagem ", nome, ": " + lido.erro);
   return lido.imagem;

@@ -36,8 +36,8 @@ void vsWildCard(const std::string& padrao, std::vector<std::string>& nomes, bool
   std::filesystem::directory_iterator pasta(".", falha);
   for (; !falha && pasta != std::filesystem::directory_iterator(); pasta.increment(falha)) {
     std::error_code semTipo;  // an entry that vanishes meanwhile is simply not listed
-    const bool serve = pasta->is_regular_file(semTipo) ||
-                       (tambemPastas && pasta->is_directory(semTipo));
+    const bool serve =
+        pasta->is_regular_file(semTipo) || (tambemPastas && pasta->is_directory(semTipo));
     std::string nome = pasta->path().filename().string();
     if (serve && casa(padrao, nome)) nomes.push_back(std::move(nome));
   }

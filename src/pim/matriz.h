@@ -7,6 +7,12 @@
 
 namespace pim {
 
+// The assertion "l<rows && c<cols" of an access to element (l, c) of a grid.
+inline void afirmaDentro(unsigned l, unsigned c, unsigned rows, unsigned cols) {
+  afirma(l < rows && c < cols, "l<rows && c<cols",
+         {"pimvet", __LINE__, "T& MATRIZ<T>::operator()(unsigned int, unsigned int)"});
+}
+
 // A two-dimensional grid stored row by row, with a background element seen outside it.
 template <class T>
 struct MATRIZ {
@@ -33,8 +39,7 @@ struct MATRIZ {
 
  private:
   std::size_t posicao(unsigned l, unsigned c) const {
-    afirma(l < rows && c < cols, "l<rows && c<cols",
-           {"pimvet", __LINE__, "T& MATRIZ<T>::operator()(unsigned int, unsigned int)"});
+    afirmaDentro(l, c, rows, cols);
     return std::size_t{l} * cols + c;
   }
 };

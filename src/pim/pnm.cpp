@@ -104,8 +104,8 @@ std::string leTexto(CURSOR& cursor, const CABECALHO& cab, cv::Mat& img) {
     for (std::size_t i = 0; i < n; ++i) {
       const auto v = cab.bits() ? cursor.bit() : cursor.numero(cab.maximo);
       if (!v) return cursor.fim() ? "arquivo incompleto" : "amostra invalida";
-      linha[i] = cab.bits() ? static_cast<unsigned char>(255 * (1 - *v))
-                            : para8Bits(*v, cab.maximo);
+      linha[i] =
+          cab.bits() ? static_cast<unsigned char>(255 * (1 - *v)) : para8Bits(*v, cab.maximo);
     }
   }
   return "";
@@ -154,12 +154,11 @@ RESULTADO decodificaPnm(const std::vector<unsigned char>& bytes) {
 void gravaPnm(const cv::Mat& img, const std::string& nome) {
   ARQUIVO arquivo = abre(nome, "wb");
   std::fprintf(arquivo.get(), "P%d\n%d %d\n255\n", img.channels() == 1 ? 5 : 6, img.cols, img.rows);
-  cv::Mat linha;
+  cv::Mat rgb;  // pixels of its own: the image written stays as it is
   for (int l = 0; l < img.rows; ++l) {
-    linha = img.row(l);
-    cv::Mat rgb = linha;
-    if (img.channels() == 3) cv::cvtColor(linha, rgb, cv::COLOR_BGR2RGB);
-    std::fwrite(rgb.data, img.elemSize(), static_cast<std::size_t>(img.cols), arquivo.get());
+    if (img.channels() == 3) cv::cvtColor(img.row(l), rgb, cv::COLOR_BGR2RGB);
+    const unsigned char* linha = img.channels() == 3 ? rgb.data : img.ptr(l);
+    std::fwrite(linha, img.elemSize(), static_cast<std::size_t>(img.cols), arquivo.get());
   }
   fechaEscrita(std::move(arquivo), nome);
 }

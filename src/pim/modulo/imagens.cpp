@@ -1,8 +1,8 @@
-#include <opencv2/core/utils/logger.hpp>
 #include <opencv2/imgcodecs.hpp>
 #include <opencv2/imgproc.hpp>
 
 #include "pim/modulo/formatos.h"
+#include "pim/modulo/silencio.h"
 
 namespace pim {
 namespace {
@@ -68,7 +68,7 @@ cv::Mat para8BitsSemAlfa(const cv::Mat& img) {
 }
 
 RESULTADO decodificaImagem(const std::vector<unsigned char>& bytes) {
-  cv::utils::logging::setLogLevel(cv::utils::logging::LOG_LEVEL_SILENT);
+  const SILENCIO silencio;
   if (bytes.empty()) return {{}, "arquivo vazio"};
   const bool jpeg = ehJpeg(bytes);
   if (jpeg && !jpegInteiro(bytes)) return {{}, "arquivo incompleto"};
@@ -86,7 +86,7 @@ RESULTADO decodificaImagem(const std::vector<unsigned char>& bytes) {
 
 bool codificaImagem(const std::string& tipo, const cv::Mat& img,
                     std::vector<unsigned char>& bytes) {
-  cv::utils::logging::setLogLevel(cv::utils::logging::LOG_LEVEL_SILENT);
+  const SILENCIO silencio;
   std::vector<int> opcoes;
   if (tipo == "tiff" && img.depth() == CV_32F) {
     constexpr int semCompressao = 1;  // COMPRESSION_NONE of the TIFF specification

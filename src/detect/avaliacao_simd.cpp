@@ -1,0 +1,182 @@
+// Vector form of avaliacao_simples.cpp, compiled once for every instruction set and chosen at run
+// time. The same operations in the same order: results are equal to the last bit.
+#include "detect/avaliacao.h"
+
+// Vectors of unknown length can't be fields of a record.
+#define HWY_DISABLED_TARGETS (HWY_SVE | HWY_SVE2 | HWY_SVE_256 | HWY_RVV)
+
+#undef HWY_TARGET_INCLUDE
+#define HWY_TARGET_INCLUDE "detect/avaliacao_simd.cpp"
+#include <hwy/foreach_target.h>  // must come before highway.h
+#include <hwy/highway.h>
+
+HWY_BEFORE_NAMESPACE();
+namespace HWY_NAMESPACE {
+namespace hn = hwy::HWY_NAMESPACE;
+
+// Four vectors of pixels side by side: enough independent additions to keep the processor busy,
+// few enough to stay in registers with the best values so far.
+template <class V>
+struct QUATRO {
+  V a, b, c, d;
+};
+
+template <class D, class T>
+HWY_INLINE QUATRO<hn::Vec<D>> soma(D d, const T* HWY_RESTRICT pixel,
+                                   const std::vector<std::int32_t>& mais,
+                                   const std::vector<std::int32_t>& menos) {
+  const std::size_t n = hn::Lanes(d);
+  auto a = hn::Zero(d);
+  auto b = a;
+  auto c = a;
+  auto e = a;
+  for (const std::int32_t desloc : mais) {
+    const T* p = pixel + desloc;
+    a = hn::Add(a, hn::LoadU(d, p));
+    b = hn::Add(b, hn::LoadU(d, p + n));
+    c = hn::Add(c, hn::LoadU(d, p + 2 * n));
+    e = hn::Add(e, hn::LoadU(d, p + 3 * n));
+  }
+  for (const std::int32_t desloc : menos) {
+    const T* p = pixel + desloc;
+    a = hn::Sub(a, hn::LoadU(d, p));
+    b = hn::Sub(b, hn::LoadU(d, p + n));
+    c = hn::Sub(c, hn::LoadU(d, p + 2 * n));
+    e = hn::Sub(e, hn::LoadU(d, p + 3 * n));
+  }
+  return {a, b, c, e};
+}
+
+// What a kernel multiplies its sums by, in the type that they are brought to: float for integer
+// planes, double for double ones.
+template <class DR>
+struct FATORES {
+  hn::Vec<DR> anel, nucleo, escala;
+
+  FATORES(DR d, const KERNELPRONTO& k)
+      : anel(hn::Set(d, static_cast<hn::TFromD<DR>>(k.anel))),
+        nucleo(hn::Set(d, static_cast<hn::TFromD<DR>>(k.nucleo))),
+        escala(hn::Set(d, static_cast<hn::TFromD<DR>>(k.escala))) {}
+};
+
+template <class V, class DR>
+HWY_INLINE hn::Vec<DR> combina(V anel, V centro, const FATORES<DR>& f) {
+  return hn::Mul(hn::Sub(hn::Mul(anel, f.nucleo), hn::Mul(centro, f.anel)), f.escala);
+}
+
+// Float correlations from sums in integer or double lanes; `df` has as many lanes as the planes.
+template <class DF, class DI, class FATOR>
+HWY_INLINE hn::Vec<DF> correlacao(DF df, hn::Vec<DI> tudo, hn::Vec<DI> centro, DI /*di*/,
+                                  const FATOR& f, std::int32_t /*tipo*/) {
+  return combina(hn::ConvertTo(df, hn::Sub(tudo, centro)), hn::ConvertTo(df, centro), f);
+}
+
+template <class DF, class DD, class FATOR>
+HWY_INLINE hn::Vec<DF> correlacao(DF df, hn::Vec<DD> tudo, hn::Vec<DD> centro, DD /*dd*/,
+                                  const FATOR& f, double /*tipo*/) {
+  return hn::DemoteTo(df, combina(hn::Sub(tudo, centro), centro, f));
+}
+
+template <class DF, class DI>
+HWY_INLINE void guarda(DF /*df*/, DI di, hn::Vec<DF> x, hn::Vec<DI> k, hn::Vec<DF>& melhor,
+                       hn::Vec<DI>& qual) {
+  const auto maior = hn::Gt(x, melhor);
+  melhor = hn::IfThenElse(maior, x, melhor);
+  qual = hn::IfThenElse(hn::RebindMask(di, maior), k, qual);
+}
+
+// The four vectors of pixels at `pixel`, through all kernels.
+template <class D, class DF, class DI, class DR, class T>
+HWY_INLINE void avaliaQuatro(D d, DF df, DI di, DR dr, const T* HWY_RESTRICT pixel,
+                             const std::vector<KERNELPRONTO>& kernels, float* HWY_RESTRICT correl,
+                             std::int32_t* HWY_RESTRICT indice) {
+  const std::size_t n = hn::Lanes(d);
+  const auto menosUm = hn::Set(df, -1.0F);
+  const auto nenhum = hn::Set(di, -1);
+  QUATRO<hn::Vec<DF>> melhor{menosUm, menosUm, menosUm, menosUm};
+  QUATRO<hn::Vec<DI>> qual{nenhum, nenhum, nenhum, nenhum};
+  for (const KERNELPRONTO& k : kernels) {
+    const auto t = soma(d, pixel, k.maisTudo, k.menosTudo);
+    const auto c = soma(d, pixel, k.maisNucleo, k.menosNucleo);
+    const FATORES<DR> f(dr, k);
+    const auto este = hn::Set(di, k.indice);
+    const T tipo{};
+    guarda(df, di, correlacao(df, t.a, c.a, d, f, tipo), este, melhor.a, qual.a);
+    guarda(df, di, correlacao(df, t.b, c.b, d, f, tipo), este, melhor.b, qual.b);
+    guarda(df, di, correlacao(df, t.c, c.c, d, f, tipo), este, melhor.c, qual.c);
+    guarda(df, di, correlacao(df, t.d, c.d, d, f, tipo), este, melhor.d, qual.d);
+  }
+  hn::StoreU(melhor.a, df, correl);
+  hn::StoreU(melhor.b, df, correl + n);
+  hn::StoreU(melhor.c, df, correl + 2 * n);
+  hn::StoreU(melhor.d, df, correl + 3 * n);
+  hn::StoreU(qual.a, di, indice);
+  hn::StoreU(qual.b, di, indice + n);
+  hn::StoreU(qual.c, di, indice + 2 * n);
+  hn::StoreU(qual.d, di, indice + 3 * n);
+}
+
+// Columns of four vectors, row after row: the terms of the next row are still in the cache. The
+// last, partial column goes through a buffer.
+template <class T, class REAL>
+void avaliaBloco(const BLOCO<T>& b, const std::vector<KERNELPRONTO>& kernels) {
+  const hn::ScalableTag<T> d;
+  const hn::Rebind<float, decltype(d)> df;
+  const hn::Rebind<std::int32_t, decltype(d)> di;
+  const hn::Rebind<REAL, decltype(d)> dr;
+  static_assert(4 * hn::MaxLanes(hn::ScalableTag<T>()) <= folgaDeLeitura);
+  const auto largura = static_cast<int>(4 * hn::Lanes(d));
+  float correl[folgaDeLeitura];
+  std::int32_t indice[folgaDeLeitura];
+  for (int c = 0; c < b.colunas; c += largura) {
+    const int cabem = b.colunas - c;
+    for (int l = 0; l < b.linhas; ++l) {
+      const auto linha = static_cast<std::size_t>(l);
+      const T* pixel = b.pixel + linha * b.passoPlano + c;
+      float* destino = b.correl + linha * b.passoCorrel + c;
+      std::int32_t* destinoIndice = b.indice + linha * b.passoIndice + c;
+      if (cabem >= largura) {
+        avaliaQuatro(d, df, di, dr, pixel, kernels, destino, destinoIndice);
+      } else {
+        avaliaQuatro(d, df, di, dr, pixel, kernels, correl, indice);
+        for (int i = 0; i < cabem; ++i) {
+          destino[i] = correl[i];
+          destinoIndice[i] = indice[i];
+        }
+      }
+    }
+  }
+}
+
+void avaliaInteiros(const BLOCO<std::int32_t>& b, const std::vector<KERNELPRONTO>& kernels) {
+  avaliaBloco<std::int32_t, float>(b, kernels);
+}
+
+void avaliaReais(const BLOCO<double>& b, const std::vector<KERNELPRONTO>& kernels) {
+  avaliaBloco<double, double>(b, kernels);
+}
+
+const char* nomeDoAlvo() {
+  return hwy::TargetName(HWY_TARGET);
+}
+
+}  // namespace HWY_NAMESPACE
+HWY_AFTER_NAMESPACE();
+
+#if HWY_ONCE
+HWY_EXPORT(avaliaInteiros);
+HWY_EXPORT(avaliaReais);
+HWY_EXPORT(nomeDoAlvo);
+
+void avalia(const BLOCO<std::int32_t>& bloco, const std::vector<KERNELPRONTO>& kernels) {
+  HWY_DYNAMIC_DISPATCH(avaliaInteiros)(bloco, kernels);
+}
+
+void avalia(const BLOCO<double>& bloco, const std::vector<KERNELPRONTO>& kernels) {
+  HWY_DYNAMIC_DISPATCH(avaliaReais)(bloco, kernels);
+}
+
+const char* conjuntoDeInstrucoes() {
+  return HWY_DYNAMIC_DISPATCH(nomeDoAlvo)();
+}
+#endif

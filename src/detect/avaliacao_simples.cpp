@@ -1,0 +1,63 @@
+#include <type_traits>
+
+#include "detect/avaliacao.h"
+
+namespace {
+
+// Sums wrap around as the planes do.
+template <class T>
+using ACUMULADOR = std::conditional_t<std::is_integral_v<T>, std::uint32_t, T>;
+
+template <class T>
+ACUMULADOR<T> soma(const T* pixel, const std::vector<std::int32_t>& mais,
+                   const std::vector<std::int32_t>& menos) {
+  ACUMULADOR<T> total = 0;
+  for (const std::int32_t d : mais) total += static_cast<ACUMULADOR<T>>(pixel[d]);
+  for (const std::int32_t d : menos) total -= static_cast<ACUMULADOR<T>>(pixel[d]);
+  return total;
+}
+
+// Integer planes go on in float, double planes in double down to the result.
+template <class T>
+using REAL = std::conditional_t<std::is_integral_v<T>, float, double>;
+
+template <class T>
+float correlacao(const T* pixel, const KERNELPRONTO& k) {
+  const auto tudo = soma(pixel, k.maisTudo, k.menosTudo);
+  const auto nucleo = soma(pixel, k.maisNucleo, k.menosNucleo);
+  const auto anel = static_cast<REAL<T>>(static_cast<T>(tudo - nucleo));
+  const auto centro = static_cast<REAL<T>>(static_cast<T>(nucleo));
+  return static_cast<float>(
+      (anel * static_cast<REAL<T>>(k.nucleo) - centro * static_cast<REAL<T>>(k.anel)) *
+      static_cast<REAL<T>>(k.escala));
+}
+
+template <class T>
+void avaliaPixelAPixel(const BLOCO<T>& b, const std::vector<KERNELPRONTO>& kernels) {
+  for (int l = 0; l < b.linhas; ++l) {
+    const auto linha = static_cast<std::size_t>(l);
+    for (int c = 0; c < b.colunas; ++c) {
+      float melhor = -1.0F;
+      std::int32_t qual = -1;
+      for (const KERNELPRONTO& k : kernels) {
+        const float x = correlacao(b.pixel + linha * b.passoPlano + c, k);
+        if (x > melhor) {
+          melhor = x;
+          qual = k.indice;
+        }
+      }
+      b.correl[linha * b.passoCorrel + static_cast<std::size_t>(c)] = melhor;
+      b.indice[linha * b.passoIndice + static_cast<std::size_t>(c)] = qual;
+    }
+  }
+}
+
+}  // namespace
+
+void avaliaSimples(const BLOCO<std::int32_t>& bloco, const std::vector<KERNELPRONTO>& kernels) {
+  avaliaPixelAPixel(bloco, kernels);
+}
+
+void avaliaSimples(const BLOCO<double>& bloco, const std::vector<KERNELPRONTO>& kernels) {
+  avaliaPixelAPixel(bloco, kernels);
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <opencv2/core.hpp>
+#include <vector>
+
+#include "detect/niveis.h"
+#include "detect/termos.h"
+
+// The planes of prefix sums (termos.h) of a strip of columns of one level, a few rows at a time:
+// they are made just before they are used and again for every group of kernels, because reading
+// whole planes back from memory would take as long as making them.
+//
+// The buffer of a plane has `linhas` rows to work on between two margins of `margem` rows, and
+// `colunas` columns between two such margins. Outside the level its border pixels repeat.
+template <class T>
+struct FAIXA {
+  int margem;
+  int linhas;
+  int colunas;
+  std::vector<DIRECAO> direcoes;  // of the planes after X
+  std::size_t passo;              // elements from row to row
+  std::size_t tamanho;            // elements from plane to plane
+  std::vector<T> elementos;       // all planes
+  std::vector<T> linhaInteira;    // one row of the level in whole numbers
+
+  FAIXA(int margemPedida, int linhasPedidas, int colunasPedidas,
+        const std::vector<DIRECAO>& direcoesPedidas);
+
+  // The bytes that such a strip takes.
+  static double bytes(int margem, int linhas, int colunas, std::size_t planos);
+
+  // Makes buffer rows [de, ate) for the strip that starts at column `x0`, row 0 of the work area
+  // being row `y0` of the level. The buffer row before `de` must be there already, unless de is 0.
+  void enche(const NIVEL& nivel, int x0, int y0, int de, int ate);
+
+  // Moves the last two margins of rows to the top, where the next rows go on from them.
+  void avanca();
+
+  // The first pixel of the work area in the first plane.
+  const T* origem() const {
+    return elementos.data() + static_cast<std::size_t>(margem) * (passo + 1);
+  }
+};

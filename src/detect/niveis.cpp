@@ -1,0 +1,53 @@
+#include "detect/niveis.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double unidadesInteiras[] = {255.0, 65280.0};
+constexpr double unidadeReal = 16777216.0;  // 2^24
+constexpr double erroMaximo = 1.8e-7;
+
+// Whether every value is a multiple of 1/unidade to within `erroMaximo`.
+bool ehInteira(const cv::Mat_<float>& imagem, double unidade) {
+  for (int l = 0; l < imagem.rows; ++l) {
+    const float* linha = imagem[l];
+    double pior = 0;
+    for (int c = 0; c < imagem.cols; ++c) {
+      const double x = linha[c] * unidade;
+      pior = std::max(pior, std::abs(x - std::nearbyint(x)));
+    }
+    if (pior > erroMaximo * unidade) return false;
+  }
+  return true;
+}
+
+// The largest absolute value; not a number when the image holds one.
+double maiorValor(const cv::Mat_<float>& imagem) {
+  double maior = 0;
+  for (const float v : imagem) {
+    const double x = std::abs(static_cast<double>(v));
+    if (!(x <= maior)) maior = x;
+  }
+  return maior;
+}
+
+NIVEL preparaNivel(const cv::Mat_<float>& imagem) {
+  const double maior = maiorValor(imagem);
+  if (!std::isfinite(maior)) return {imagem, REPRESENTACAO::nenhuma, 1, maior};
+  for (const double unidade : unidadesInteiras) {
+    if (maior <= 1 + erroMaximo && ehInteira(imagem, unidade)) {
+      return {imagem, REPRESENTACAO::inteira, unidade, maior};
+    }
+  }
+  return {imagem, REPRESENTACAO::real, unidadeReal, maior};
+}
+
+}  // namespace
+
+NIVEIS preparaNiveis(const PIRAMIDE& piramide) {
+  NIVEIS niveis;
+  for (const cv::Mat_<float>& imagem : piramide) niveis.push_back(preparaNivel(imagem));
+  return niveis;
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <opencv2/core.hpp>
+#include <vector>
+
+#include "detect/piramide.h"
+
+// Pyramid levels as whole numbers, so that prefix sums are exact and equal regions have equal sums
+// wherever they stand.
+//
+// A level of an 8-bit photograph is k/255, k whole. Its first reduction is k/65280, because the
+// binomial filter has weights of 1/256; float rounding moves the values by less than 1.8e-7. Both
+// are taken as those whole numbers, in 32 bits. Anything else is rounded to multiples of 2^-24 in
+// double, which moves a value by at most 2^-25 = 3e-8.
+//
+// The mean over a region moves no more than the largest pixel error, so a correlation, the
+// difference of two means, moves by at most 3.6e-7. Bringing the sums to float adds 4.2e-7 at most
+// (two means of at most 1, each through a conversion and a product; a difference and a scaling),
+// and the kernel's float weights differ from 1/P and 1/N by 6e-8 each. In all less than 1e-6.
+enum class REPRESENTACAO {
+  inteira,  // |value * unidade| is a whole number up to `unidade`: 32-bit integers
+  real,     // double multiples of 1/unidade
+  nenhuma   // not finite, or too large to be exact
+};
+
+struct NIVEL {
+  cv::Mat_<float> imagem;  // shares the level's pixels
+  REPRESENTACAO tipo;
+  double unidade;  // what an image value of 1 becomes
+  double maior;    // largest absolute value of the image
+};
+
+using NIVEIS = std::vector<NIVEL>;
+
+// Looks at every level once; the result serves all groups of kernels of a run.
+NIVEIS preparaNiveis(const PIRAMIDE& piramide);

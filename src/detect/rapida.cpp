@@ -1,0 +1,141 @@
+#include "detect/rapida.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+
+#include "detect/avaliacao.h"
+#include "detect/faixa.h"
+
+namespace {
+
+constexpr int linhasDeTrabalho = 64;
+constexpr int colunasDeTrabalho = 256;
+constexpr double maximoDeBytes = 256.0 * (1 << 20);
+
+int alcance(const std::vector<TERMO>& termos) {
+  int maior = 0;
+  for (const TERMO& t : termos) maior = std::max({maior, std::abs(t.dl), std::abs(t.dc)});
+  return maior;
+}
+
+template <class T>
+void separa(const std::vector<TERMO>& termos, const FAIXA<T>& faixa,
+            std::vector<std::int32_t>& mais, std::vector<std::int32_t>& menos) {
+  for (const TERMO& t : termos) {
+    const auto desloc = static_cast<std::ptrdiff_t>(faixa.tamanho) * t.plano +
+                        static_cast<std::ptrdiff_t>(faixa.passo) * t.dl + t.dc;
+    (t.sinal > 0 ? mais : menos).push_back(static_cast<std::int32_t>(desloc));
+  }
+  // In order of memory, the nearest reads follow each other.
+  std::sort(mais.begin(), mais.end());
+  std::sort(menos.begin(), menos.end());
+}
+
+template <class T>
+std::vector<KERNELPRONTO> prontos(const std::vector<const ESQUEMA*>& kernels, double unidade,
+                                  const FAIXA<T>& faixa) {
+  std::vector<KERNELPRONTO> lista;
+  for (const ESQUEMA* e : kernels) {
+    const double anel = e->nAnel;
+    const double nucleo = e->nNucleo;
+    KERNELPRONTO k{{}, {}, {}, {}, anel, nucleo, 1 / (anel * nucleo * unidade), e->indice};
+    separa(e->tudo, faixa, k.maisTudo, k.menosTudo);
+    separa(e->nucleo, faixa, k.maisNucleo, k.menosNucleo);
+    lista.push_back(std::move(k));
+  }
+  return lista;
+}
+
+// Strip by strip from left to right, and in each block by block downward.
+template <class T>
+void percorre(const NIVEL& nivel, const std::vector<const ESQUEMA*>& kernels, const GRUPO& grupo,
+              int colunas, cv::Mat_<float>& melhor, cv::Mat_<int>& qual) {
+  FAIXA<T> faixa(grupo.margem, linhasDeTrabalho, colunas, grupo.direcoes);
+  const std::vector<KERNELPRONTO> lista = prontos(kernels, nivel.unidade, faixa);
+  const int rows = nivel.imagem.rows;
+  const int cols = nivel.imagem.cols;
+  for (int x0 = 0; x0 < cols; x0 += colunas) {
+    faixa.enche(nivel, x0, 0, 0, 2 * faixa.margem);
+    for (int y0 = 0; y0 < rows; y0 += linhasDeTrabalho) {
+      const int linhas = std::min(linhasDeTrabalho, rows - y0);
+      faixa.enche(nivel, x0, y0, 2 * faixa.margem, 2 * faixa.margem + linhas);
+      avalia({faixa.origem(), faixa.passo, linhas, std::min(colunas, cols - x0), melhor[y0] + x0,
+              melhor.step1(), qual[y0] + x0, qual.step1()},
+             lista);
+      faixa.avanca();
+    }
+  }
+}
+
+// Whether the sums over the largest region fit the planes' type.
+bool cabe(const NIVEL& nivel, const std::vector<const ESQUEMA*>& kernels, const GRUPO& grupo,
+          int colunas) {
+  if (nivel.tipo == REPRESENTACAO::inteira) {
+    const auto area = [](const ESQUEMA* e) { return double{1} * e->nAnel + e->nNucleo; };
+    return std::all_of(kernels.begin(), kernels.end(),
+                       [&](const ESQUEMA* e) { return area(e) * nivel.unidade < 2147483648.0; });
+  }
+  // Doubles are exact up to 2^53, which the running sums of a whole strip must not pass.
+  const double pixels =
+      (colunas + 2.0 * grupo.margem + folgaDeLeitura) * (nivel.imagem.rows + 2.0 * grupo.margem);
+  return nivel.maior * nivel.unidade * pixels < 9007199254740992.0;
+}
+
+}  // namespace
+
+GRUPO preparaGrupo(const std::vector<MASCARA>& kernels, int primeiro, int ultimo) {
+  GRUPO grupo;
+  std::vector<REGIAO> regioes;
+  for (int k = primeiro; k <= ultimo; ++k) {
+    const MASCARA& m = kernels[static_cast<std::size_t>(k)];
+    const std::optional<REGIOES> r = regioesDoKernel(m.kernel);
+    if (!r) {
+      grupo.serve = false;
+      return grupo;
+    }
+    regioes.push_back(r->tudo);
+    regioes.push_back(r->nucleo);
+    grupo.kernels.push_back({k, m.sPir, {}, {}, r->nAnel, r->nNucleo});
+  }
+  grupo.direcoes = escolheDirecoes(regioes);
+  for (std::size_t i = 0; i < grupo.kernels.size(); ++i) {
+    ESQUEMA& e = grupo.kernels[i];
+    e.tudo = termosDaRegiao(regioes[2 * i], grupo.direcoes);
+    e.nucleo = termosDaRegiao(regioes[2 * i + 1], grupo.direcoes);
+    grupo.margem = std::max({grupo.margem, alcance(e.tudo), alcance(e.nucleo)});
+  }
+  return grupo;
+}
+
+bool correlaNivel(const NIVEL& nivel, int L, const GRUPO& grupo, cv::Mat_<float>& melhor,
+                  cv::Mat_<int>& qual) {
+  if (!grupo.serve || nivel.tipo == REPRESENTACAO::nenhuma) return false;
+  std::vector<const ESQUEMA*> kernels;
+  for (const ESQUEMA& e : grupo.kernels) {
+    if (e.sPir >= L) kernels.push_back(&e);
+  }
+  if (kernels.empty()) {
+    melhor.setTo(-1.0F);
+    qual.setTo(-1);
+    return true;
+  }
+  // Strips at least as wide as their margins, so that little is made twice.
+  const int colunas = std::min(std::max(colunasDeTrabalho, 2 * grupo.margem), nivel.imagem.cols);
+  const std::size_t planos = 1 + grupo.direcoes.size();
+  const double bytes = FAIXA<double>::bytes(grupo.margem, linhasDeTrabalho, colunas, planos);
+  if (bytes > maximoDeBytes) return false;
+  const bool inteira = nivel.tipo == REPRESENTACAO::inteira;
+  if (!cabe(nivel, kernels, grupo, colunas)) {
+    if (!inteira) return false;
+    const NIVEL real{nivel.imagem, REPRESENTACAO::real, 16777216.0, nivel.maior};
+    return correlaNivel(real, L, grupo, melhor, qual);
+  }
+  if (inteira) {
+    percorre<std::int32_t>(nivel, kernels, grupo, colunas, melhor, qual);
+  } else {
+    percorre<double>(nivel, kernels, grupo, colunas, melhor, qual);
+  }
+  return true;
+}

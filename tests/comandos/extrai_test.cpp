@@ -1,0 +1,243 @@
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <cstdint>
+#include <random>
+
+#include "apoio/figuras.h"
+#include "apoio/pasta.h"
+#include "confere.h"
+
+namespace {
+
+const std::string usoAm =
+    "extraiAm: Extrai amostras dentro das formas localizadas\n"
+    "extraiAm imagem.jpg fatorZoom [f0 f1 ...]\n"
+    "  Le imagem.jpg + imagem.ho2 e imp imagem????.png\n";
+const std::string usoCla =
+    "extraiCla: Extrai amostras classificadas dentro das formas localizadas\n"
+    "extraiCla imagem.jpg fatorZoom [f0 f1 ...]\n"
+    "  Le imagem.jpg+imagem.ho2+imagem.mat e imp CC-FFFF.png\n"
+    "  CC: Classificacao\n"
+    "  FFFF: Identificao da forma\n";
+
+std::string inteiros(const std::vector<std::int32_t>& v) {
+  return {reinterpret_cast<const char*>(v.data()), v.size() * sizeof(std::int32_t)};
+}
+
+// A level 5 MAT-file of one array "classe" of bytes; `porColunas` holds them column by column.
+std::string mat(int rows, int cols, const std::string& porColunas) {
+  constexpr int miInt8 = 1;
+  constexpr int miUint8 = 2;
+  constexpr int miInt32 = 5;
+  constexpr int miUint32 = 6;
+  constexpr int miMatrix = 14;
+  constexpr int classeUint8 = 9;
+  const auto tamanho = static_cast<std::int32_t>(porColunas.size());
+  std::string dados = porColunas;
+  dados.resize((dados.size() + 7) / 8 * 8);
+  const std::string corpo = inteiros({miUint32, 8, classeUint8, 0, miInt32, 8, rows, cols}) +
+                            inteiros({miInt8, 6}) + std::string("classe\0\0", 8) +
+                            inteiros({miUint8, tamanho}) + dados;
+  std::string cabeca = "MATLAB 5.0 MAT-file";
+  cabeca.resize(124, ' ');
+  cabeca += std::string("\x00\x01IM", 4);
+  return cabeca + inteiros({miMatrix, static_cast<std::int32_t>(corpo.size())}) + corpo;
+}
+
+std::vector<std::string> pngs(const std::string& pasta = ".") {
+  std::vector<std::string> nomes;
+  for (const auto& f : std::filesystem::directory_iterator(pasta)) {
+    if (f.path().extension() == ".png") nomes.push_back(f.path().filename().string());
+  }
+  std::sort(nomes.begin(), nomes.end());
+  return nomes;
+}
+
+using NOMES = std::vector<std::string>;
+
+// A folder with a photograph "foto.ppm" and "foto.ho2" of three detections.
+struct ComandoExtrai : testing::Test {
+  PASTA pasta;
+  cv::Mat_<pim::VEC3B> foto;
+
+  ComandoExtrai() {
+    std::mt19937 sorteio(61);
+    foto = fotoSorteada(sorteio, 30, 40);
+    grava("foto.ppm", ppm(foto));
+    grava("foto.ho2", listaHo({{0.9F, 'q', 10, 12, 4, 4, 0},
+                               {0.8F, 'c', 20, 30, 9, 9, 0},
+                               {0.7F, 'e', 15, 5, 12, 6, 45}}));
+  }
+
+  static std::string mensagens(const std::string& imagem, const std::string& base, int quantos) {
+    return "Lendo " + imagem + "\nLendo " + base +
+           ".ho2\nNumero de maximos locais originais=" + std::to_string(quantos) + "\n";
+  }
+
+  // The pixels of the first detection, 5 by 5 in a mask of 7 by 7.
+  std::string primeira() const {
+    cv::Mat_<pim::VEC3B> amostra(7, 7, pim::VEC3B(0, 0, 0));
+    foto(cv::Rect(10, 8, 5, 5)).copyTo(amostra(cv::Rect(1, 1, 5, 5)));
+    return ppm(amostra);
+  }
+
+  // The pixels of a PNG file, by way of a run that draws nothing on it.
+  static std::string pixels(const std::string& nome) {
+    grava("nada.ho1", listaHo({}));
+    EXPECT_EQ(executa({"traca", nome, "nada.ho1", "pixels.ppm"}).estado, 0);
+    return leTudo("pixels.ppm");
+  }
+};
+
+TEST_F(ComandoExtrai, ArgumentosDeMenosMostramOUsoEErro) {
+  const std::string erro = "Erro: Numero de argumentos invalido";
+  confereErro(executa({"extraiam"}), usoAm, erro);
+  confereErro(executa({"extraiAm", "foto.ppm"}), usoAm, erro);
+  confereErro(executa({"extraicla"}), usoCla, erro);
+  confereErro(executa({"extraiCla", "foto.ppm"}), usoCla, erro);
+}
+
+TEST_F(ComandoExtrai, SemIndicesUmaAmostraPorDeteccao) {
+  confereSucesso(executa({"extraiam", "foto.ppm", "1"}), mensagens("foto.ppm", "foto", 3));
+  EXPECT_EQ(pngs(), (NOMES{"foto0000.png", "foto0001.png", "foto0002.png"}));
+  EXPECT_EQ(pixels("foto0000.png"), primeira());
+}
+
+TEST_F(ComandoExtrai, IndicesRepetidosEForaDeOrdem) {
+  confereSucesso(executa({"extraiam", "foto.ppm", "1.5", "2", "0", "2"}),
+                 mensagens("foto.ppm", "foto", 3));
+  EXPECT_EQ(pngs(), (NOMES{"foto0000.png", "foto0002.png"}));
+}
+
+TEST_F(ComandoExtrai, ListaSemRegistrosNaoGravaAmostra) {
+  grava("foto.ho2", listaHo({}));
+  confereSucesso(executa({"extraiam", "foto.ppm", "1"}), mensagens("foto.ppm", "foto", 0));
+  grava("foto.mat", mat(1, 1, "\1"));
+  confereSucesso(executa({"extraicla", "foto.ppm", "1"}), "Lendo foto.ppm\n");
+  EXPECT_EQ(pngs(), NOMES());
+}
+
+TEST_F(ComandoExtrai, ClassesDeUmaLinhaDaoOsNomes) {
+  grava("foto.mat", mat(1, 3, std::string("\2\0\7", 3)));
+  confereSucesso(executa({"extraicla", "foto.ppm", "1"}), "Lendo foto.ppm\n");
+  EXPECT_EQ(pngs(), (NOMES{"00-0001.png", "02-0000.png", "07-0002.png"}));
+  EXPECT_EQ(pixels("02-0000.png"), primeira());
+}
+
+TEST_F(ComandoExtrai, ClassesDeUmaColunaEIndices) {
+  grava("foto.mat", mat(3, 1, std::string("\xFF\0\x0C", 3)));
+  confereSucesso(executa({"extraicla", "foto.ppm", "1", "2", "0", "2"}), "Lendo foto.ppm\n");
+  EXPECT_EQ(pngs(), (NOMES{"12-0002.png", "255-0000.png"}));
+}
+
+TEST_F(ComandoExtrai, ClassesEmQuadroContamPorLinhas) {
+  grava("foto.mat", mat(2, 2, std::string("\1\3\2\4", 4)));  // rows 1 2 and 3 4
+  confereSucesso(executa({"extraicla", "foto.ppm", "1"}), "Lendo foto.ppm\n");
+  EXPECT_EQ(pngs(), (NOMES{"01-0000.png", "02-0001.png", "03-0002.png"}));
+}
+
+TEST_F(ComandoExtrai, AsAmostrasClassificadasFicamNaPastaCorrente) {
+  std::filesystem::create_directory("p.d");
+  for (const char* nome : {"foto.ppm", "foto.ho2"}) {
+    grava(std::string("p.d/") + nome, leTudo(nome));
+  }
+  grava("p.d/foto.mat", mat(1, 3, "\1\2\3"));
+  confereSucesso(executa({"extraicla", "p.d/foto.ppm", "1", "1"}), "Lendo p.d/foto.ppm\n");
+  EXPECT_EQ(pngs(), (NOMES{"02-0001.png"}));
+  confereSucesso(executa({"extraiam", "p.d/foto.ppm", "1", "1"}),
+                 mensagens("p.d/foto.ppm", "p.d/foto", 3));
+  EXPECT_EQ(pngs(), (NOMES{"02-0001.png"}));
+  EXPECT_EQ(pngs("p.d"), (NOMES{"foto0001.png"}));
+}
+
+TEST_F(ComandoExtrai, NomesComEspacosAcentosPontosESemSufixo) {
+  std::filesystem::create_directory("pasta v1.2");
+  for (const std::string base : {"pasta v1.2/gr\xC3\xA3o de caf\xC3\xA9.v3", "pasta v1.2/foto"}) {
+    const std::string imagem = base.ends_with("foto") ? base : base + ".pnm";
+    grava(imagem, leTudo("foto.ppm"));
+    grava(base + ".ho2", leTudo("foto.ho2"));
+    confereSucesso(executa({"extraiam", imagem, "1", "0"}), mensagens(imagem, base, 3));
+    EXPECT_EQ(pixels(base + "0000.png"), primeira());
+  }
+}
+
+TEST_F(ComandoExtrai, IndiceForaDaListaEhErro) {
+  confereErro(executa({"extraiam", "foto.ppm", "1", "0", "3"}), mensagens("foto.ppm", "foto", 3),
+              "Erro: Indice fora da lista 3");
+  EXPECT_EQ(pngs(), (NOMES{"foto0000.png"}));
+  confereErro(executa({"extraiam", "foto.ppm", "1", "-1"}), mensagens("foto.ppm", "foto", 3),
+              "Erro: Indice fora da lista -1");
+}
+
+TEST_F(ComandoExtrai, ImagemDeClassesPequenaDemaisEhErro) {
+  grava("foto.mat", mat(1, 2, "\1\2"));
+  confereErro(executa({"extraicla", "foto.ppm", "1"}), "Lendo foto.ppm\n",
+              "Erro: Indice fora da imagem de classes 2");
+  EXPECT_EQ(pngs(), (NOMES{"01-0000.png", "02-0001.png"}));
+}
+
+TEST_F(ComandoExtrai, ZoomOuIndiceQueNaoEhNumeroEhErro) {
+  confereErro(executa({"extraiam", "foto.ppm", "dois"}), "", "Erro: Numero invalido dois");
+  confereErro(executa({"extraicla", "foto.ppm", ""}), "", "Erro: Numero invalido ");
+  confereErro(executa({"extraiam", "foto.ppm", "1", "1x"}), mensagens("foto.ppm", "foto", 3),
+              "Erro: Numero invalido 1x");
+  confereErro(executa({"extraiam", "foto.ppm", "1", "0.5"}), mensagens("foto.ppm", "foto", 3),
+              "Erro: Numero invalido 0.5");
+}
+
+TEST_F(ComandoExtrai, ArquivoQueFaltaEhErro) {
+  confereErro(executa({"extraiam", "nao.ppm", "1"}), "Lendo nao.ppm\n",
+              "Erro abertura arquivo nao.ppm");
+  confereErro(executa({"extraicla", "nao.ppm", "1"}), "Lendo nao.ppm\n",
+              "Erro abertura arquivo nao.ppm");
+  confereErro(executa({"extraicla", "foto.ppm", "1"}), "Lendo foto.ppm\n",
+              "Erro abertura arquivo foto.mat");
+  grava("foto.mat", mat(1, 3, "\1\2\3").substr(0, 150));
+  const EXECUCAO cortado = executa({"extraicla", "foto.ppm", "1"});
+  EXPECT_EQ(cortado.estado, 1);
+  EXPECT_TRUE(cortado.erro.starts_with("Erro leitura imagem foto.mat: ")) << cortado.erro;
+  std::filesystem::remove("foto.ho2");
+  confereErro(executa({"extraiam", "foto.ppm", "1"}), "Lendo foto.ppm\nLendo foto.ho2\n",
+              "Erro abertura arquivo foto.ho2");
+  confereErro(executa({"extraicla", "foto.ppm", "1"}), "Lendo foto.ppm\n",
+              "Erro abertura arquivo foto.ho2");
+}
+
+TEST_F(ComandoExtrai, LetraDesconhecidaAbortaEAsAmostrasAnterioresFicam) {
+  grava("foto.ho2", listaHo({{0.9F, 'q', 10, 12, 4, 4, 0}, {0.8F, 'x', 20, 30, 9, 9, 0}}));
+  const EXECUCAO e = executa({"extraiam", "foto.ppm", "1"}, {}, 0);
+  EXPECT_EQ(e.sinal, SIGABRT);
+  EXPECT_EQ(e.saida, titulo + mensagens("foto.ppm", "foto", 2));
+  static const std::regex texto(
+      "^Vorplex: vorplex:[0-9]+: cv::Mat_<cv::Vec<unsigned char, 3> > extraiAm\\(MAXLOCAL, "
+      "cv::Mat_<cv::Vec<unsigned char, 3> >, double\\): "
+      "Assertion `g\\.rows%2==1 && g\\.cols%2==1' failed\\.\n$");
+  EXPECT_TRUE(std::regex_match(e.erro, texto)) << e.erro;
+  EXPECT_EQ(pngs(), (NOMES{"foto0000.png"}));
+}
+
+TEST_F(ComandoExtrai, CirculoQueOZoomFazSumirAborta) {
+  const EXECUCAO e = executa({"extraiam", "foto.ppm", "0.05", "1"}, {}, 0);
+  EXPECT_EQ(e.sinal, SIGABRT);
+  EXPECT_NE(e.erro.find("Assertion `g.rows%2==1 && g.cols%2==1' failed."), std::string::npos);
+  EXPECT_EQ(pngs(), NOMES());
+}
+
+TEST_F(ComandoExtrai, ZoomSemImagemPossivelEhErroQueDizAForma) {
+  confereErro(executa({"extraiam", "foto.ppm", "1e8", "0"}), mensagens("foto.ppm", "foto", 3),
+              "Erro: Forma grande demais q 4e+08 4e+08");
+  confereErro(executa({"extraiam", "foto.ppm", "inf", "0"}), mensagens("foto.ppm", "foto", 3),
+              "Erro: Forma grande demais q inf inf");
+}
+
+TEST_F(ComandoExtrai, AmostraQueNaoSePodeGravarEhErro) {
+  std::filesystem::create_symlink("/dev/full", "foto0001.png");
+  confereErro(executa({"extraiam", "foto.ppm", "1", "0", "1"}), mensagens("foto.ppm", "foto", 3),
+              "Erro gravacao arquivo foto0001.png");
+  std::filesystem::create_directory("foto0002.png");
+  confereErro(executa({"extraiam", "foto.ppm", "1", "2"}), mensagens("foto.ppm", "foto", 3),
+              "Erro abertura arquivo foto0002.png");
+}
+
+}  // namespace

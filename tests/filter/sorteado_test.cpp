@@ -1,0 +1,140 @@
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <random>
+
+#include "apoio/figuras.h"
+#include "filter/filtinter.h"
+#include "ingenuo.h"
+
+// The intersection filter against its literal version on crowded random lists.
+
+namespace {
+
+constexpr double naoNumero = std::numeric_limits<double>::quiet_NaN();
+
+struct CASO {
+  cv::Size tamanho;
+  std::vector<MAXLOCAL> entrada;
+  LIMITES limites;
+};
+
+int centro(std::mt19937& sorteio, int n) {
+  switch (sorteia(sorteio, 0, 5)) {
+    case 0:
+      return sorteia(sorteio, -2, 12);  // the corner where withdrawn shapes leave
+    case 1:
+      return sorteia(sorteio, -15, n + 15);
+    case 2:
+      return sorteia(sorteio, 0, 200) == 0 ? std::numeric_limits<int>::max() : n / 2;
+    default:
+      return sorteia(sorteio, 0, n - 1);
+  }
+}
+
+MAXLOCAL deteccao(std::mt19937& sorteio, const CASO& caso, int maiorLado) {
+  constexpr char letras[] = "cccqqqrrreeexz";
+  MAXLOCAL m;
+  m.correl = static_cast<float>(sorteia(sorteio, 0, 10)) / 10;
+  if (sorteia(sorteio, 0, 30) == 0) m.correl = std::numeric_limits<float>::quiet_NaN();
+  m.forma = letras[sorteia(sorteio, 0, 13)];
+  m.li = centro(sorteio, caso.tamanho.height);
+  m.ci = centro(sorteio, caso.tamanho.width);
+  if (!caso.entrada.empty() && sorteia(sorteio, 0, 2) == 0) {  // close to the one before
+    m.li = caso.entrada.back().li / 2 * 2 + sorteia(sorteio, -4, 4);
+    m.ci = caso.entrada.back().ci / 2 * 2 + sorteia(sorteio, -4, 4);
+  }
+  m.d1 = sorteia(sorteio, -2, 2 * maiorLado) * 0.5;
+  m.d2 = sorteia(sorteio, -2, 2 * maiorLado) * 0.5;
+  m.ang = sorteia(sorteio, 0, 359);
+  return m;
+}
+
+LIMITE limite(std::mt19937& sorteio) {
+  constexpr double minimos[] = {-1, 0, 0.1, 0.2, 0.5, naoNumero};
+  constexpr double maximos[] = {0, 0.05, 0.1, 0.2, 0.3, 0.3, 0.5, 0.8, 1, 1, naoNumero};
+  return {minimos[sorteia(sorteio, 0, 5)], maximos[sorteia(sorteio, 0, 10)]};
+}
+
+CASO sorteado(std::mt19937& sorteio) {
+  CASO caso;
+  caso.tamanho = {sorteia(sorteio, 1, 70), sorteia(sorteio, 1, 70)};
+  // Small shapes on large images and the other way round.
+  const int maiorLado = sorteia(sorteio, 2, 25);
+  const int quantos = sorteia(sorteio, 1, 60);
+  for (int i = 0; i < quantos; ++i) caso.entrada.push_back(deteccao(sorteio, caso, maiorLado));
+  caso.limites = {limite(sorteio), limite(sorteio), limite(sorteio), limite(sorteio)};
+  return caso;
+}
+
+std::vector<MAXLOCAL> filtra(CASO caso) {
+  std::vector<MAXLOCAL> saida;
+  const LIMITES& t = caso.limites;
+  filtInter(caso.entrada, saida, caso.tamanho, t.circulo.minCorr, t.circulo.maxInter,
+            t.retangulo.minCorr, t.retangulo.maxInter, t.quadrado.minCorr, t.quadrado.maxInter,
+            t.elipse.minCorr, t.elipse.maxInter);
+  return saida;
+}
+
+bool mesma(const MAXLOCAL& a, const MAXLOCAL& b) {
+  const bool correl = a.correl == b.correl || (a.correl != a.correl && b.correl != b.correl);
+  return correl && a.forma == b.forma && a.li == b.li && a.ci == b.ci && a.d1 == b.d1 &&
+         a.d2 == b.d2 && a.ang == b.ang;
+}
+
+void confere(const std::vector<MAXLOCAL>& saida, const CASO& caso, const FILTRADO& esperado) {
+  ASSERT_EQ(saida.size(), esperado.mantidos.size());
+  for (std::size_t k = 0; k < saida.size(); ++k) {
+    ASSERT_TRUE(mesma(saida[k], caso.entrada[esperado.mantidos[k]])) << "mantido " << k;
+  }
+}
+
+TEST(FiltInterSorteado, IgualAVersaoLiteral) {
+  constexpr unsigned semente = 20411;
+  std::mt19937 sorteio(semente);
+  int retirados = 0;
+  int presos = 0;
+  int completos = 0;
+  int mudam[3] = {0, 0, 0};  // cases in which another way to withdraw would keep other shapes
+  for (int i = 0; i < 1500; ++i) {
+    SCOPED_TRACE(cv::format("semente %u caso %d", semente, i));
+    const CASO caso = sorteado(sorteio);
+    const FILTRADO esperado = filtraIngenuo(caso.entrada, caso.tamanho, caso.limites);
+    if (!esperado.afirmacao.empty()) continue;
+    ++completos;
+    retirados += esperado.retirados;
+    presos += esperado.presos;
+    for (int k = 0; k < 3 && esperado.retirados > 0; ++k) {
+      constexpr RETIRADA outras[] = {RETIRADA::semUltimaColuna, RETIRADA::daImagem,
+                                     RETIRADA::nenhuma};
+      const FILTRADO outro = filtraIngenuo(caso.entrada, caso.tamanho, caso.limites, outras[k]);
+      if (outro.mantidos != esperado.mantidos) ++mudam[k];
+    }
+    ASSERT_NO_FATAL_FAILURE(confere(filtra(caso), caso, esperado));
+  }
+  std::printf("%d casos, %d retirados, %d celulas presas; mudariam: %d %d %d\n", completos,
+              retirados, presos, mudam[0], mudam[1], mudam[2]);
+  EXPECT_GT(completos, 1000);
+  EXPECT_GT(retirados, 1000);
+  EXPECT_GT(presos, 10000);
+  for (const int n : mudam) EXPECT_GT(n, 2);
+}
+
+TEST(FiltInterSorteado, ViolaAMesmaAfirmacaoQueAVersaoLiteral) {
+  constexpr unsigned semente = 20412;
+  std::mt19937 sorteio(semente);
+  int violacoes = 0;
+  for (int i = 0; i < 100000 && violacoes < 12; ++i) {
+    SCOPED_TRACE(cv::format("semente %u caso %d", semente, i));
+    const CASO caso = sorteado(sorteio);
+    const FILTRADO esperado = filtraIngenuo(caso.entrada, caso.tamanho, caso.limites);
+    if (esperado.afirmacao.empty()) continue;
+    ++violacoes;
+    ASSERT_EQ(esperado.afirmacao, "l<rows && c<cols");
+    EXPECT_EXIT(filtra(caso), testing::KilledBySignal(SIGABRT),
+                "pimvet:[0-9]+: .*: Assertion .l<rows && c<cols' failed");
+  }
+  EXPECT_EQ(violacoes, 12);
+}
+
+}  // namespace

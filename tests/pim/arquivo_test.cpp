@@ -1,0 +1,83 @@
+#include "pim/arquivo.h"
+
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <thread>
+
+#include "apoio/pasta.h"
+#include "fabrica.h"
+
+TEST(Abre, ArquivoInexistenteTerminaComAMensagemEONome) {
+  const PASTA pasta;
+  ESPERA_ERRO(pim::abre("nada.txt", "rt"), "Erro abertura arquivo nada.txt");
+  ESPERA_ERRO(pim::abre("nada.txt", "rt", "Nao abre: "), "Nao abre: nada.txt");
+}
+
+TEST(Abre, PastaNaoEhArquivo) {
+  const PASTA pasta;
+  std::filesystem::create_directory("d.txt");
+  ESPERA_ERRO(pim::abre("d.txt", "rt"), "Erro abertura arquivo d.txt");
+  ESPERA_ERRO(pim::abre("d.txt", "wt"), "Erro abertura arquivo d.txt");
+  ESPERA_ERRO(pim::leBytes("d.txt"), "Erro abertura arquivo d.txt");
+}
+
+TEST(FechaEscrita, DiscoCheioEhErro) {
+  const auto acao = [] {
+    pim::ARQUIVO f = pim::abre("/dev/full", "wt");
+    std::fputs("x", f.get());
+    pim::fechaEscrita(std::move(f), "/dev/full");
+  };
+  ESPERA_ERRO(acao(), "Erro gravacao arquivo /dev/full");
+}
+
+TEST(FechaEscrita, ErroDeEscritaAnteriorNaoSePerde) {
+  const auto acao = [] {
+    pim::ARQUIVO f = pim::abre("/dev/full", "wt");
+    std::fputs("x", f.get());
+    std::fflush(f.get());
+    pim::fechaEscrita(std::move(f), "/dev/full");
+  };
+  ESPERA_ERRO(acao(), "Erro gravacao arquivo /dev/full");
+}
+
+TEST(GravaBytes, LeBytesDevolveOsMesmosBytes) {
+  const PASTA pasta;
+  for (const int n : {0, 1, 2, 65535, 65536, 200001}) {
+    BYTES bytes;
+    if (n > 0) {
+      const cv::Mat ruido = aleatoria(1, n, CV_8UC1, 3);
+      bytes.assign(ruido.data, ruido.data + n);
+    }
+    pim::gravaBytes("a b \xC3\xA7.bin", bytes);
+    EXPECT_EQ(std::filesystem::file_size("a b \xC3\xA7.bin"), static_cast<std::uintmax_t>(n));
+    EXPECT_EQ(pim::leBytes("a b \xC3\xA7.bin"), bytes);
+  }
+}
+
+TEST(GravaBytes, PastaInexistenteOuDiscoCheioEhErro) {
+  const PASTA pasta;
+  ESPERA_ERRO(pim::gravaBytes("nada/a.bin", {1}), "Erro abertura arquivo nada/a.bin");
+  ESPERA_ERRO(pim::gravaBytes("/dev/full", {1}), "Erro gravacao arquivo /dev/full");
+}
+
+TEST(LeBytes, TuboEhLidoAteOFim) {
+  const PASTA pasta;
+  ASSERT_EQ(mkfifo("tubo", 0600), 0);
+  const std::string conteudo(300000, 'x');
+  std::thread escritor([&] { grava("tubo", conteudo); });
+  const BYTES lidos = pim::leBytes("tubo");
+  escritor.join();
+  EXPECT_EQ(lidos, deTexto(conteudo));
+}
+
+TEST(LeBytes, DispositivoSemFimEhRecusado) {
+  ESPERA_ERRO(pim::leBytes("/dev/zero"), "Erro leitura arquivo /dev/zero");
+}
+
+TEST(LeBytes, ArquivoEnormeEhRecusadoAntesDeSerLido) {
+  const PASTA pasta;
+  grava("enorme", "");
+  std::filesystem::resize_file("enorme", (std::uintmax_t{4} << 30U) + 1);  // sparse
+  ESPERA_ERRO(pim::leBytes("enorme"), "Erro: Arquivo grande demais enorme");
+}
