@@ -23,12 +23,13 @@ bool ehInteira(const cv::Mat_<float>& imagem, double unidade) {
   return true;
 }
 
-// The largest absolute value; not a number when the image holds one.
+// The largest absolute value; infinity or not a number when the image holds one.
 double maiorValor(const cv::Mat_<float>& imagem) {
   double maior = 0;
   for (const float v : imagem) {
     const double x = std::abs(static_cast<double>(v));
-    if (!(x <= maior)) maior = x;
+    if (!std::isfinite(x)) return x;
+    maior = std::max(maior, x);
   }
   return maior;
 }

@@ -23,8 +23,7 @@ void paraCadaEscolhido(int argc, char** argv, std::size_t quantos, ACAO acao) {
     }
     acao(k);
   }
-  for (int k = 0; argc == 3 && k < static_cast<int>(quantos); ++k)
-    acao(k);
+  for (int k = 0; argc == 3 && k < static_cast<int>(quantos); ++k) acao(k);
 }
 
 void extrai(const cv::Mat_<pim::VEC3B>& imagem, const std::vector<MAXLOCAL>& v, int k,

@@ -32,8 +32,8 @@ void pinta(cv::Mat_<VEC3B>& img, std::int64_t l, std::int64_t c, const VEC3B& co
 }
 
 bool tocaContorno(const IMG_<unsigned char>& g, int y, int x) {
-  return g.atb(y, x) == 0 || g.atb(y - 1, x) == 0 || g.atb(y + 1, x) == 0 ||
-         g.atb(y, x - 1) == 0 || g.atb(y, x + 1) == 0;
+  return g.atb(y, x) == 0 || g.atb(y - 1, x) == 0 || g.atb(y + 1, x) == 0 || g.atb(y, x - 1) == 0 ||
+         g.atb(y, x + 1) == 0;
 }
 
 // The pixels of one axis that a centre mark covers: `de` up to but excluding `ate`. `antes` and

@@ -109,8 +109,7 @@ void exigeQueCaibam(const BASE& base, const AJUSTES& a, double nEsc, std::size_t
                     std::size_t jaFeitos) {
   const double maior = a.escMax * std::max(base.d1, base.d2);
   const double ateMeioPixel = 2 + std::max(0.0, a.escOitava * std::log2(maior / 0.5));
-  const double feitos =
-      ateMeioPixel < nEsc ? ateMeioPixel : nEsc * static_cast<double>(nAng);
+  const double feitos = ateMeioPixel < nEsc ? ateMeioPixel : nEsc * static_cast<double>(nAng);
   if (static_cast<double>(jaFeitos) + feitos > maximoDeKernels) {
     pim::erro("Erro: Kernels demais em ", base.texto());
   }

@@ -16,16 +16,14 @@ void converte(const cv::Mat_<unsigned char>& a, cv::Mat_<float>& b, double escal
   for (int l = 0; l < a.rows; ++l) {
     const unsigned char* origem = a[l];
     float* destino = b[l];
-    for (int c = 0; c < a.cols; ++c)
-      destino[c] = tabela[origem[c]];
+    for (int c = 0; c < a.cols; ++c) destino[c] = tabela[origem[c]];
   }
 }
 
 void converte(const cv::Mat_<unsigned char>& a, cv::Mat_<VEC3B>& b) {
   b.create(a.size());
   for (int l = 0; l < a.rows; ++l) {
-    for (int c = 0; c < a.cols; ++c)
-      b(l, c) = VEC3B::all(a(l, c));
+    for (int c = 0; c < a.cols; ++c) b(l, c) = VEC3B::all(a(l, c));
   }
 }
 

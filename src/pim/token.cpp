@@ -40,11 +40,9 @@ void verificaLeitura(ISTR& /*s*/) {}
 template <class FONTE>
 std::string palavra(FONTE&& fonte) {
   int c = leCar(fonte);
-  while (espaco(c))
-    c = leCar(fonte);
+  while (espaco(c)) c = leCar(fonte);
   std::string texto;
-  for (; c != EOF && !espaco(c); c = leCar(fonte))
-    texto.push_back(static_cast<char>(c));
+  for (; c != EOF && !espaco(c); c = leCar(fonte)) texto.push_back(static_cast<char>(c));
   devolveCar(fonte, c);
   return texto;
 }
@@ -52,8 +50,7 @@ std::string palavra(FONTE&& fonte) {
 template <class FONTE>
 void pulaLinha(FONTE&& fonte) {
   int c = leCar(fonte);
-  while (c != EOF && c != '\n')
-    c = leCar(fonte);
+  while (c != EOF && c != '\n') c = leCar(fonte);
 }
 
 // The next token; empty once none remains.

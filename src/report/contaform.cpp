@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "pim/erro.h"
 #include "pim/arquivo.h"
+#include "pim/erro.h"
 #include "pim/listagem.h"
 #include "pim/token.h"
 

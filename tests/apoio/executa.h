@@ -13,8 +13,8 @@ struct EXECUCAO {
 
 // Runs Vorplex with `args` in the current directory, standard input empty. `entorno` holds
 // NAME=VALUE settings added to the environment. A run longer than `segundos` is killed (SIGKILL).
-EXECUCAO executa(const std::vector<std::string>& args,
-                 const std::vector<std::string>& entorno = {}, int segundos = 60);
+EXECUCAO executa(const std::vector<std::string>& args, const std::vector<std::string>& entorno = {},
+                 int segundos = 60);
 
 // The standard output of a run without the banner and without the line of the elapsed time.
 std::string miolo(const EXECUCAO& e);

@@ -12,8 +12,7 @@ int sorteia(std::mt19937& sorteio, int de, int ate) {
 cv::Mat_<VEC3B> fotoSorteada(std::mt19937& sorteio, int rows, int cols) {
   cv::Mat_<VEC3B> img(rows, cols);
   for (VEC3B& pixel : img) {
-    for (int k = 0; k < 3; ++k)
-      pixel[k] = static_cast<unsigned char>(sorteia(sorteio, 1, 254));
+    for (int k = 0; k < 3; ++k) pixel[k] = static_cast<unsigned char>(sorteia(sorteio, 1, 254));
   }
   return img;
 }
@@ -42,16 +41,14 @@ std::vector<std::string> retrato(const cv::Mat_<VEC3B>& img) {
 std::string ppm(const cv::Mat_<VEC3B>& img) {
   std::string bytes = cv::format("P6\n%d %d\n255\n", img.cols, img.rows);
   for (const VEC3B& pixel : img) {
-    for (const int k : {2, 1, 0})
-      bytes += static_cast<char>(pixel[k]);
+    for (const int k : {2, 1, 0}) bytes += static_cast<char>(pixel[k]);
   }
   return bytes;
 }
 
 std::string pgm(const cv::Mat_<unsigned char>& img) {
   std::string bytes = cv::format("P5\n%d %d\n255\n", img.cols, img.rows);
-  for (const unsigned char pixel : img)
-    bytes += static_cast<char>(pixel);
+  for (const unsigned char pixel : img) bytes += static_cast<char>(pixel);
   return bytes;
 }
 

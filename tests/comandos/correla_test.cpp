@@ -111,8 +111,7 @@ TEST(ComandoCorrela, QuartoArgumentoEhMinCorrEDistanciaContinua2) {
   EXPECT_EQ(leTudo("a.ho1"), esperado.arquivo);
   const std::vector<MAXLOCAL> v = detectados("a.ho1");
   ASSERT_FALSE(v.empty());
-  for (const MAXLOCAL& m : v)
-    EXPECT_GE(m.correl, 0.25F);
+  for (const MAXLOCAL& m : v) EXPECT_GE(m.correl, 0.25F);
 }
 
 TEST(ComandoCorrela, GraosDaFotoSaoAchadosNoLugarEComOTamanho) {
@@ -123,8 +122,7 @@ TEST(ComandoCorrela, GraosDaFotoSaoAchadosNoLugarEComOTamanho) {
   EXPECT_TRUE(achou(v, 'c', 30, 35, 21));
   EXPECT_TRUE(achou(v, 'c', 70, 25, 15));
   EXPECT_TRUE(achou(v, 'q', 45, 85, 18));
-  for (std::size_t i = 1; i < v.size(); ++i)
-    EXPECT_GE(v[i - 1].correl, v[i].correl);
+  for (std::size_t i = 1; i < v.size(); ++i) EXPECT_GE(v[i - 1].correl, v[i].correl);
 }
 
 TEST(ComandoCorrela, CincoArgumentosMostramOUsoEErro) {

@@ -69,8 +69,7 @@ TEST(CorrelaPiramide, FormaPretaNoBrancoCorrelacionaComUm) {
   kernelElipse(K, 20, 11, 30);
   FLOAT img(K.size(), 1.0F);
   for (int l = 0; l < K.rows; ++l) {
-    for (int c = 0; c < K.cols; ++c)
-      img(l, c) = K(l, c) < 0 ? 0.0F : 1.0F;
+    for (int c = 0; c < K.cols; ++c) img(l, c) = K(l, c) < 0 ? 0.0F : 1.0F;
   }
   std::vector<FLOAT> saida;
   correlaPiramide({img}, K, saida, 0);
@@ -84,8 +83,7 @@ TEST(CorrelaPiramide, SaidaTemUmaImagemPorNivelEMesmoAcimaDoUltimo) {
   std::vector<FLOAT> saida;
   correlaPiramide(p, K, saida, 1);
   ASSERT_EQ(saida.size(), 4U);
-  for (std::size_t L = 0; L < 4; ++L)
-    EXPECT_EQ(saida[L].size(), p[L].size());
+  for (std::size_t L = 0; L < 4; ++L) EXPECT_EQ(saida[L].size(), p[L].size());
   EXPECT_LE(maiorDiferenca(saida[1], somaDireta(p[1], K)), tolerancia);
 }
 

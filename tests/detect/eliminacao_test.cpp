@@ -135,8 +135,7 @@ TEST(Acrescenta, PoeNoFimNaOrdem) {
   LISTA v = {ponto(1, 'c', 0, 0), ponto(2, 'c', 0, 0)};
   acrescenta(v, {ponto(3, 'q', 0, 0), ponto(4, 'q', 0, 0), ponto(5, 'q', 0, 0)});
   ASSERT_EQ(v.size(), 5U);
-  for (std::size_t i = 0; i < 5; ++i)
-    EXPECT_EQ(v[i].correl, static_cast<float>(i + 1));
+  for (std::size_t i = 0; i < 5; ++i) EXPECT_EQ(v[i].correl, static_cast<float>(i + 1));
   acrescenta(v, {});
   EXPECT_EQ(v.size(), 5U);
 }

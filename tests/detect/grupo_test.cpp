@@ -105,8 +105,7 @@ void confereSorteados(unsigned semente, int vezes, KERNEL kernel,
     const int cols = 1 + static_cast<int>(g() % 45);
     const PIRAMIDE p = piramideDe(foto(g, rows, cols), 1 + static_cast<int>(g() % 4));
     std::vector<MASCARA> v;
-    for (int k = 0; k < 6; ++k)
-      v.push_back(nucleo(kernel(g), static_cast<int>(g() % 6) - 1));
+    for (int k = 0; k < 6; ++k) v.push_back(nucleo(kernel(g), static_cast<int>(g() % 6) - 1));
     const int primeiro = static_cast<int>(g() % 3);
     ASSERT_NO_FATAL_FAILURE(confere(p, v, primeiro, primeiro + static_cast<int>(g() % 4)));
   }
@@ -143,8 +142,7 @@ TEST(CorrelaGrupo, ValoresNegativosEGrandesTemErroDoSeuTamanho) {
   std::mt19937 g(33104);
   for (const float escala : {300.0F, 1e6F, 1e20F}) {
     FLOAT img = imagemSorteada(g, 30, 30);
-    for (float& x : img)
-      x = (x - 0.5F) * escala;
+    for (float& x : img) x = (x - 0.5F) * escala;
     const std::vector<MASCARA> v = {nucleo(formaSorteada(g, 14), 0),
                                     nucleo(formaSorteada(g, 14), 0)};
     SCOPED_TRACE(escala);
@@ -158,8 +156,7 @@ TEST(CorrelaGrupo, FotoGrandeConferidaPorAmostra) {
   std::mt19937 g(semente);
   const PIRAMIDE p = piramideDe(fotoSorteada(g, 611, 1303), 3);
   std::vector<MASCARA> v;
-  for (int k = 0; k < 6; ++k)
-    v.push_back(nucleo(formaSorteada(g, 40), k % 3));
+  for (int k = 0; k < 6; ++k) v.push_back(nucleo(formaSorteada(g, 40), k % 3));
   const MELHOR grupo(p, v, 0, 5);
   for (std::size_t L = 0; L < p.size(); ++L) {
     for (int i = 0; i < 1200; ++i) {
@@ -176,8 +173,7 @@ TEST(CorrelaGrupo, ImagemLisaDaUmValorSoPertoDeZero) {
   std::mt19937 g(33106);
   const PIRAMIDE p = piramideDe(FLOAT(50, 60, 0.2F), 3);
   std::vector<MASCARA> v;
-  for (int k = 0; k < 5; ++k)
-    v.push_back(nucleo(formaSorteada(g, 20), 2));
+  for (int k = 0; k < 5; ++k) v.push_back(nucleo(formaSorteada(g, 20), 2));
   const MELHOR grupo(p, v, 0, 4);
   for (std::size_t L = 0; L < 3; ++L) {
     EXPECT_LE(cv::norm(grupo.correl[L], cv::NORM_INF), tolerancia);
@@ -190,12 +186,10 @@ TEST(CorrelaGrupo, VizinhancasIguaisTemValoresIguais) {
   const FLOAT ladrilho = fotoSorteada(g, 16, 16);
   FLOAT img(160, 224);
   for (int l = 0; l < img.rows; ++l) {
-    for (int c = 0; c < img.cols; ++c)
-      img(l, c) = ladrilho(l % 16, c % 16);
+    for (int c = 0; c < img.cols; ++c) img(l, c) = ladrilho(l % 16, c % 16);
   }
   std::vector<MASCARA> v;
-  for (int k = 0; k < 5; ++k)
-    v.push_back(nucleo(formaSorteada(g, 20), 0));
+  for (int k = 0; k < 5; ++k) v.push_back(nucleo(formaSorteada(g, 20), 0));
   const MELHOR grupo({img}, v, 0, 4);
   for (int l = 32; l < 128; ++l) {
     for (int c = 32; c < 192; ++c) {

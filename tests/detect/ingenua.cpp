@@ -22,8 +22,7 @@ double somaEm(const cv::Mat_<float>& img, const cv::Mat_<float>& K, int l, int c
 cv::Mat_<double> somaDireta(const cv::Mat_<float>& img, const cv::Mat_<float>& K) {
   cv::Mat_<double> out(img.size());
   for (int l = 0; l < img.rows; ++l) {
-    for (int c = 0; c < img.cols; ++c)
-      out(l, c) = somaEm(img, K, l, c);
+    for (int c = 0; c < img.cols; ++c) out(l, c) = somaEm(img, K, l, c);
   }
   return out;
 }
@@ -43,8 +42,7 @@ double maiorDiferenca(const cv::Mat_<float>& a, const cv::Mat_<double>& b) {
 cv::Mat_<float> pesosSorteados(std::mt19937& g, int n) {
   std::uniform_real_distribution<float> peso(-1.0F, 1.0F);
   cv::Mat_<float> K(n, n);
-  for (float& x : K)
-    x = g() % 4 == 0 ? 0.0F : peso(g);
+  for (float& x : K) x = g() % 4 == 0 ? 0.0F : peso(g);
   K(0, 0) = 0.5F;
   K(n - 1, n - 1) = -0.5F;
   NegPosUm(K);
@@ -54,15 +52,13 @@ cv::Mat_<float> pesosSorteados(std::mt19937& g, int n) {
 cv::Mat_<float> imagemSorteada(std::mt19937& g, int rows, int cols) {
   std::uniform_real_distribution<float> tom(0.0F, 1.0F);
   cv::Mat_<float> img(rows, cols);
-  for (float& x : img)
-    x = tom(g);
+  for (float& x : img) x = tom(g);
   return img;
 }
 
 cv::Mat_<float> fotoSorteada(std::mt19937& g, int rows, int cols) {
   cv::Mat_<unsigned char> cinza(rows, cols);
-  for (unsigned char& x : cinza)
-    x = static_cast<unsigned char>(g() % 256);
+  for (unsigned char& x : cinza) x = static_cast<unsigned char>(g() % 256);
   cv::Mat_<float> img;
   pim::converte(cinza, img, 0.00392156862745098, 0.0);
   return img;

@@ -23,10 +23,8 @@ void quicksortLiteral(V& v, int l, int r, const MAIOR& maior) {
     return v[static_cast<std::size_t>(k)];
   };
   do {
-    while (maior(item(i), pivo))
-      ++i;
-    while (maior(pivo, item(j)))
-      --j;
+    while (maior(item(i), pivo)) ++i;
+    while (maior(pivo, item(j))) --j;
     if (i <= j) {
       std::swap(item(i), item(j));
       ++i;

@@ -50,8 +50,7 @@ struct MAPAS {
 bool superadoPorVizinho(const FLOAT& M, int r, int c) {
   float maior = M(r, c);
   for (int dl = -1; dl <= 1; ++dl) {
-    for (int dc = -1; dc <= 1; ++dc)
-      maior = std::max(maior, M(r + dl, c + dc));
+    for (int dc = -1; dc <= 1; ++dc) maior = std::max(maior, M(r + dl, c + dc));
   }
   return maior > M(r, c);
 }
@@ -87,10 +86,8 @@ TEST(FindMaxLocal, MapasSorteadosComPlatosSaoOsDaVarreduraIngenua) {
             1 + static_cast<int>(g() % 5));
     const unsigned tons = 2 + static_cast<unsigned>(g() % 12);
     for (std::size_t L = 0; L < m.correl.size(); ++L) {
-      for (float& x : m.correl[L])
-        x = static_cast<float>(g() % tons) / 8.0F - 0.5F;
-      for (int& k : m.kernel[L])
-        k = static_cast<int>(g() % 4) - 1;
+      for (float& x : m.correl[L]) x = static_cast<float>(g() % tons) / 8.0F - 0.5F;
+      for (int& k : m.kernel[L]) k = static_cast<int>(g() % 4) - 1;
     }
     const double minCorr = static_cast<double>(g() % 9) / 8 - 0.5;
     const std::vector<MAXLOCAL> esperados = achaIngenuo(m, minCorr);
@@ -164,8 +161,7 @@ TEST(FindMaxLocal, Nivel2Linha5Coluna7TemDeslocamentoETamanhoDoNivel) {
 
 TEST(FindMaxLocal, OrdemEhNivelLinhaColuna) {
   MAPAS m(32, 32, 2);
-  for (const auto& [l, c] : {std::pair{5, 20}, {5, 3}, {2, 25}})
-    m.correl[0](l, c) = 0.5F;
+  for (const auto& [l, c] : {std::pair{5, 20}, {5, 3}, {2, 25}}) m.correl[0](l, c) = 0.5F;
   m.correl[1](1, 1) = 0.9F;
   const std::vector<MAXLOCAL> v = m.acha(0.1);
   ASSERT_EQ(v.size(), 4U);

@@ -34,8 +34,7 @@ bool emOrdem(const LISTA& v) {
 
 bool cadaUmUmaVez(const LISTA& v) {
   std::vector<bool> visto(v.size(), false);
-  for (const MAXLOCAL& m : v)
-    visto[static_cast<std::size_t>(m.li)] = true;
+  for (const MAXLOCAL& m : v) visto[static_cast<std::size_t>(m.li)] = true;
   return std::find(visto.begin(), visto.end(), false) == visto.end();
 }
 
@@ -60,8 +59,7 @@ void ordenaEmPilhaCurta(LISTA& v) {
 std::vector<float> adversario(int n) {
   std::vector<int> valor(static_cast<std::size_t>(n), -1);  // -1: not yet fixed, worse than all
   std::vector<int> itens(valor.size());
-  for (int i = 0; i < n; ++i)
-    itens[static_cast<std::size_t>(i)] = i;
+  for (int i = 0; i < n; ++i) itens[static_cast<std::size_t>(i)] = i;
   int fixados = 0;
   int candidato = 0;
   const auto de = [&](int i) -> int& { return valor[static_cast<std::size_t>(i)]; };
@@ -75,8 +73,7 @@ std::vector<float> adversario(int n) {
   };
   quicksortLiteral(itens, 0, n - 1, maior);
   std::vector<float> correls;
-  for (const int x : valor)
-    correls.push_back(static_cast<float>(-(x < 0 ? n : x)));
+  for (const int x : valor) correls.push_back(static_cast<float>(-(x < 0 ? n : x)));
   return correls;
 }
 
@@ -89,8 +86,7 @@ TEST(Ordena, ListasSorteadasComEmpatesFicamNaOrdemDoAlgoritmo) {
   for (int vez = 0; vez < 3000; ++vez) {
     const unsigned valores = 1 + static_cast<unsigned>(g() % 40);
     std::vector<float> correls(1 + g() % (vez % 100 == 0 ? 5000 : 70));
-    for (float& x : correls)
-      x = static_cast<float>(g() % valores) / 16.0F - 1.0F;
+    for (float& x : correls) x = static_cast<float>(g() % valores) / 16.0F - 1.0F;
     LISTA v = lista(correls);
     LISTA literal = v;
     ordenaTudo(v);
@@ -105,8 +101,7 @@ TEST(Ordena, FaixaInternaNaoTocaORestoDaLista) {
   std::mt19937 g(semente);
   for (int vez = 0; vez < 300; ++vez) {
     std::vector<float> correls(50);
-    for (float& x : correls)
-      x = static_cast<float>(g() % 9);
+    for (float& x : correls) x = static_cast<float>(g() % 9);
     LISTA v = lista(correls);
     LISTA literal = v;
     const int l = static_cast<int>(g() % 50);
@@ -143,8 +138,7 @@ TEST(Ordena, UmMilhaoDeElementosEmOrdensSimples) {
   constexpr int n = 1000000;
   const auto confere = [](const char* nome, auto valor) {
     std::vector<float> correls;
-    for (int i = 0; i < n; ++i)
-      correls.push_back(static_cast<float>(valor(i)));
+    for (int i = 0; i < n; ++i) correls.push_back(static_cast<float>(valor(i)));
     LISTA v = lista(correls);
     ordenaEmPilhaCurta(v);
     EXPECT_TRUE(emOrdem(v)) << nome;
@@ -161,8 +155,7 @@ TEST(Ordena, OrgaoDeTubosNaoEstouraAPilha) {
   constexpr int n = 20000;
   for (const int sinal : {1, -1}) {
     std::vector<float> correls;
-    for (int i = 0; i < n; ++i)
-      correls.push_back(static_cast<float>(sinal * std::min(i, n - i)));
+    for (int i = 0; i < n; ++i) correls.push_back(static_cast<float>(sinal * std::min(i, n - i)));
     LISTA v = lista(correls);
     LISTA literal = v;
     ordenaEmPilhaCurta(v);

@@ -10,8 +10,7 @@ std::vector<cv::Size> tamanhos(int rows, int cols, int maximo) {
   PIRAMIDE p;
   constroiPiramide(p, cv::Mat_<float>(rows, cols, 0.5F), maximo);
   std::vector<cv::Size> lista;
-  for (const cv::Mat_<float>& nivel : p)
-    lista.push_back(nivel.size());
+  for (const cv::Mat_<float>& nivel : p) lista.push_back(nivel.size());
   return lista;
 }
 
@@ -42,8 +41,7 @@ TEST(ConstroiPiramide, NivelZeroDivideOsPixelsComAImagem) {
   PIRAMIDE p;
   constroiPiramide(p, imagem, 4);
   EXPECT_EQ(p[0].data, imagem.data);
-  for (std::size_t L = 1; L < p.size(); ++L)
-    EXPECT_NE(p[L].data, p[L - 1].data);
+  for (std::size_t L = 1; L < p.size(); ++L) EXPECT_NE(p[L].data, p[L - 1].data);
 }
 
 TEST(ConstroiPiramide, CadaNivelEhAReducaoDoAnterior) {

@@ -32,8 +32,7 @@ struct ExtraiNaPasta : testing::Test {
   static void chama(void (*programa)(int, char**), std::vector<std::string> args) {
     args.insert(args.begin(), {"extrai", "foto.ppm"});
     std::vector<char*> argv;
-    for (std::string& a : args)
-      argv.push_back(a.data());
+    for (std::string& a : args) argv.push_back(a.data());
     testing::internal::CaptureStdout();
     programa(static_cast<int>(argv.size()), argv.data());
     testing::internal::GetCapturedStdout();

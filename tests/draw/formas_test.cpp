@@ -124,8 +124,7 @@ TEST(TracaForma, ContornoQueChegaAUltimaColunaPerdeElaEmBold) {
   FOTO bold = preta(7, 7);
   tracaForma(bold, m, true, vermelho);
   EXPECT_EQ(retrato(bold)[3], ".RR.R..");
-  for (int l = 0; l < 7; ++l)
-    EXPECT_EQ(bold(l, 5), pim::VEC3B(0, 0, 0)) << l;
+  for (int l = 0; l < 7; ++l) EXPECT_EQ(bold(l, 5), pim::VEC3B(0, 0, 0)) << l;
 }
 
 TEST(TracaForma, ContornoDeUmaSoColunaSomeEmBold) {

@@ -95,8 +95,7 @@ TEST(TracaIndices, OTextoEhOLugarNaListaEOPosteriorCobreOAnterior) {
 TEST(TracaIndices, CentrosForaDaImagemSaoCortados) {
   std::vector<MAXLOCAL> v;
   for (const int li : {menorInt, -1, 19, 20, maiorInt}) {
-    for (const int ci : {menorInt, -1, 19, 20, maiorInt})
-      v.push_back(deteccao('c', li, ci, 9));
+    for (const int ci : {menorInt, -1, 19, 20, maiorInt}) v.push_back(deteccao('c', li, ci, 9));
   }
   const FOTO indices = tracaIndices(preta(20, 20), v);
   EXPECT_EQ(indices(10, 10), pim::VEC3B(0, 0, 0));

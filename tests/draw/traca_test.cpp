@@ -33,8 +33,7 @@ struct TracaNaPasta : testing::Test {
     std::vector<std::string> args = {"traca", "a.ppm", "a.ho1", "b.ppm"};
     args.insert(args.end(), opcoes.begin(), opcoes.end());
     std::vector<char*> argv;
-    for (std::string& a : args)
-      argv.push_back(a.data());
+    for (std::string& a : args) argv.push_back(a.data());
     Traca(static_cast<int>(argv.size()), argv.data());
     FOTO lida;
     pim::le(lida, "b.ppm");
@@ -55,8 +54,7 @@ TEST_F(TracaNaPasta, TodasAsOpcoesSobrepoemContornoIndiceECentro) {
   const FOTO obtida = traca({"C", "i", "P"});
   EXPECT_TRUE(iguais(obtida, esperada));
   for (int l = 13; l <= 15; ++l) {
-    for (int c = 14; c <= 16; ++c)
-      EXPECT_EQ(obtida(l, c), pim::VEC3B(0, 255, 0));
+    for (int c = 14; c <= 16; ++c) EXPECT_EQ(obtida(l, c), pim::VEC3B(0, 255, 0));
   }
 }
 

@@ -9,8 +9,7 @@ using CINZA = cv::Mat_<unsigned char>;
 TEST(KernelParaCinza, NegativoPretoZeroMeioTomPositivoBranco) {
   CINZA G;
   cv::Mat_<float> K = desenho("+0-/-+0");
-  for (float& x : K)
-    x *= 1e-30F;
+  for (float& x : K) x *= 1e-30F;
   kernelParaCinza(K, G);
   const CINZA esperada = (CINZA(2, 3) << 255, 128, 0, 0, 255, 128);
   EXPECT_TRUE(iguais(G, esperada));

@@ -54,8 +54,7 @@ CASO sorteia(SORTEIO& g) {
     const double d1 = qual == 0 ? diametro(g) : tamanho(g);
     const double d2 = qual < 2 ? d1 : tamanho(g);
     caso.texto += nomes[qual] + numero(d1) + (qual < 2 ? "" : numero(d2)) + "\n";
-    for (const MASCARA& m : expansaoIngenua(a, "cqre"[qual], d1, d2))
-      caso.esperados.push_back(m);
+    for (const MASCARA& m : expansaoIngenua(a, "cqre"[qual], d1, d2)) caso.esperados.push_back(m);
   }
   return caso;
 }
@@ -94,8 +93,7 @@ template <class T, class IMAGEM, class DESENHA, class NOVA>
 int confereImagens(const std::vector<MASCARA>& v, IMAGEM imagem, DESENHA desenhaIngenua,
                    NOVA nova) {
   std::vector<cv::Mat_<T>> proprias;
-  for (const MASCARA& m : v)
-    proprias.push_back(desenhaIngenua(m));
+  for (const MASCARA& m : v) proprias.push_back(desenhaIngenua(m));
   int compartilhados = 0;
   for (std::size_t i = v.size(); i-- > 0;) {
     const bool ultimo =

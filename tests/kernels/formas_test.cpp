@@ -209,8 +209,7 @@ TEST(ContornoInterno, QualquerValorDiferenteDeZeroEhFundo) {
   std::mt19937 g(semente);
   for (int i = 0; i < 200; ++i) {
     CINZA img(1 + static_cast<int>(g() % 12), 1 + static_cast<int>(g() % 12));
-    for (unsigned char& x : img)
-      x = static_cast<unsigned char>(g() % 4 == 0 ? 1 + g() % 255 : 0);
+    for (unsigned char& x : img) x = static_cast<unsigned char>(g() % 4 == 0 ? 1 + g() % 255 : 0);
     CINZA out;
     contornoInterno(img, out);
     ASSERT_TRUE(iguais(out, contornoIngenuo(img)));

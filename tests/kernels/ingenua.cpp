@@ -139,8 +139,7 @@ cv::Mat_<float> kernelIngenuo(char forma, double d1, double d2, double ang) {
 std::vector<MASCARA> expansaoIngenua(const AJUSTE& a, char forma, double d1, double d2) {
   std::vector<double> angulos = {0.0};
   const double limite = forma == 'c' ? 0.0 : forma == 'q' ? 90.0 : 180.0;
-  while (angulos.back() + a.passoAng < limite)
-    angulos.push_back(angulos.back() + a.passoAng);
+  while (angulos.back() + a.passoAng < limite) angulos.push_back(angulos.back() + a.passoAng);
   const int n = static_cast<int>(
       std::nearbyint(1 + a.escOitava * (std::log2(a.escMax) - std::log2(a.escMin))));
   std::vector<MASCARA> lista;
@@ -179,8 +178,7 @@ cv::Mat_<unsigned char> figura(const std::string& linhas) {
   const cv::Mat_<float> origem = desenho(linhas);
   cv::Mat_<unsigned char> img(origem.size());
   for (int l = 0; l < img.rows; ++l) {
-    for (int c = 0; c < img.cols; ++c)
-      img(l, c) = origem(l, c) > 0 ? 255 : 0;
+    for (int c = 0; c < img.cols; ++c) img(l, c) = origem(l, c) > 0 ? 255 : 0;
   }
   return img;
 }

@@ -21,8 +21,7 @@ std::vector<MASCARA> le(const std::string& texto) {
 
 std::vector<double> angulos(const std::string& texto) {
   std::vector<double> lista;
-  for (const MASCARA& m : le(texto))
-    lista.push_back(m.ang);
+  for (const MASCARA& m : le(texto)) lista.push_back(m.ang);
   return lista;
 }
 

@@ -33,8 +33,7 @@ struct SOMAS {
 
 SOMAS somas(const FLOAT& K) {
   SOMAS s;
-  for (const float x : K)
-    (x > 0 ? s.positivos : s.negativos) += static_cast<double>(x);
+  for (const float x : K) (x > 0 ? s.positivos : s.negativos) += static_cast<double>(x);
   return s;
 }
 
@@ -197,8 +196,7 @@ TEST(NegPosUm, DividePelasSomasEmDouble) {
   std::normal_distribution<float> peso(0.0F, 3.0F);
   for (int i = 0; i < 50; ++i) {
     FLOAT inteira(9, 13);
-    for (float& x : inteira)
-      x = g() % 5 == 0 ? 0.0F : peso(g);
+    for (float& x : inteira) x = g() % 5 == 0 ? 0.0F : peso(g);
     const FLOAT antes = inteira.clone();
     FLOAT K = inteira(cv::Rect(2, 1, 7, 6));  // rows that do not follow each other in memory
     const SOMAS s = somas(K);

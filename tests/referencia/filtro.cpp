@@ -138,7 +138,7 @@ double sobreposicao(const MAXLOCAL& m, cv::Mat_<unsigned char>& mascara, const G
 }
 
 double sobreposicaoViz(const MAXLOCAL& m, int indice, cv::Mat_<unsigned char>& mascara,
-                    const GRADE& grade) {
+                       const GRADE& grade) {
   return fracao(m, mascara, grade, [indice](const std::vector<int>& t) {
     return t.size() >= 2 || (t.size() == 1 && t.at(0) != indice);
   });

@@ -1,0 +1,316 @@
+#include <gtest/gtest.h>
+
+#include <hwy/targets.h>
+#include <algorithm>
+#include <cmath>
+#include <random>
+
+#include "detect/avaliacao.h"
+#include "detect/correlacao.h"
+#include "detect/rapida.h"
+#include "kernels/formas.h"
+#include "kernels/normaliza.h"
+#include "pim/converte.h"
+#include "referencia/correlacao.h"
+
+namespace {
+
+constexpr unsigned semente = 20;
+
+cv::Mat_<float> fotografia(int rows, int cols, std::mt19937& g) {
+  std::uniform_int_distribution<int> cinza(0, 255);
+  cv::Mat_<unsigned char> img(rows, cols);
+  for (unsigned char& p : img) p = static_cast<unsigned char>(cinza(g));
+  cv::Mat_<float> f;
+  pim::converte(img, f, 1 / 255.0, 0.0);
+  return f;
+}
+
+MASCARA sorteiaKernel(std::mt19937& g, double maior) {
+  std::uniform_real_distribution<double> tamanho(2.9, maior);
+  std::uniform_real_distribution<double> angulo(0, 180);
+  MASCARA m;
+  m.forma = "cqre"[g() % 4];
+  m.d1 = tamanho(g);
+  m.d2 = m.forma == 'r' || m.forma == 'e' ? tamanho(g) : m.d1;
+  m.d1 = std::max(m.d1, 4.3);
+  m.d2 = std::max(m.d2, 4.3);
+  m.ang = angulo(g);
+  m.sPir = static_cast<int>(g() % 4);
+  if (m.forma == 'c') kernelCirculo(m.kernel, m.d1);
+  if (m.forma == 'q') kernelQuadrado(m.kernel, m.d1, m.ang);
+  if (m.forma == 'r') kernelRetangulo(m.kernel, m.d1, m.d2, m.ang);
+  if (m.forma == 'e') kernelElipse(m.kernel, m.d1, m.d2, m.ang);
+  return m;
+}
+
+// The correlation at one pixel as its definition says, in double, the border repeated.
+double somaDireta(const cv::Mat_<float>& img, const cv::Mat_<float>& K, int l, int c) {
+  double soma = 0;
+  for (int i = 0; i < K.rows; ++i) {
+    for (int j = 0; j < K.cols; ++j) {
+      const int y = std::clamp(l + i - K.rows / 2, 0, img.rows - 1);
+      const int x = std::clamp(c + j - K.cols / 2, 0, img.cols - 1);
+      soma += static_cast<double>(K(i, j)) * static_cast<double>(img(y, x));
+    }
+  }
+  return soma;
+}
+
+// Checks the maps of a group against direct sums: the best value to 1e-6, and the kernel named to
+// reach it.
+void confere(const PIRAMIDE& piramide, const std::vector<MASCARA>& kernels) {
+  MELHORCORREL melhor;
+  MELHORKERNEL qual;
+  correlaGrupo(piramide, kernels, 0, static_cast<int>(kernels.size()) - 1, melhor, qual);
+  for (std::size_t L = 0; L < piramide.size(); ++L) {
+    for (int l = 0; l < piramide[L].rows; ++l) {
+      for (int c = 0; c < piramide[L].cols; ++c) {
+        double maior = -1;
+        double doEscolhido = -1;
+        for (std::size_t k = 0; k < kernels.size(); ++k) {
+          if (kernels[k].sPir < static_cast<int>(L)) continue;
+          const double x = somaDireta(piramide[L], kernels[k].kernel, l, c);
+          maior = std::max(maior, x);
+          if (static_cast<int>(k) == qual[L](l, c)) doEscolhido = x;
+        }
+        ASSERT_NEAR(melhor[L](l, c), maior, 1e-6) << "L=" << L << " l=" << l << " c=" << c;
+        ASSERT_NEAR(doEscolhido, maior, 1e-6) << "L=" << L << " l=" << l << " c=" << c;
+      }
+    }
+  }
+}
+
+REGIAO regiaoSorteada(std::mt19937& g) {
+  REGIAO r(static_cast<int>(g() % 12 + 1), static_cast<int>(g() % 12 + 1));
+  for (unsigned char& p : r) p = static_cast<unsigned char>(g() % 3 == 0 ? 0 : 1);
+  return r;
+}
+
+}  // namespace
+
+TEST(Termos, SomamARegiaoComQualquerConjuntoDeDirecoes) {
+  std::mt19937 g(semente);
+  const std::vector<std::vector<DIRECAO>> conjuntos = {
+      {}, {{1, 0}}, {{1, 1}, {1, -1}}, {{2, 1}, {1, 0}, {3, -2}}};
+  for (int vez = 0; vez < 200; ++vez) {
+    const REGIAO regiao = regiaoSorteada(g);
+    for (const auto& direcoes : conjuntos) {
+      // Applying each term to the planes of a unit impulse rebuilds the region, turned round.
+      const auto termos = termosDaRegiao(regiao, direcoes);
+      cv::Mat_<int> refeita(regiao.rows, regiao.cols, 0);
+      for (const TERMO& t : termos) {
+        // The term adds the image over its own stretch: X at (l, c) is row l up to column c, and a
+        // plane along d is that at (l, c), (l, c) - d, and so on.
+        int l = t.dl + regiao.rows / 2;
+        int c = t.dc + regiao.cols / 2;
+        const DIRECAO d =
+            t.plano == 0 ? DIRECAO{1000, 0} : direcoes[static_cast<std::size_t>(t.plano) - 1];
+        for (; l >= 0; l -= d.dl, c -= d.dc) {
+          for (int x = 0; x <= std::min(c, regiao.cols - 1) && l < regiao.rows; ++x) {
+            refeita(l, x) += t.sinal;
+          }
+        }
+      }
+      for (int l = 0; l < regiao.rows; ++l) {
+        for (int c = 0; c < regiao.cols; ++c) ASSERT_EQ(refeita(l, c), regiao(l, c)) << vez;
+      }
+    }
+  }
+}
+
+TEST(Termos, UmRetanguloDireitoPedeQuatroTermosDeQualquerTamanho) {
+  for (const double d : {20.0, 200.0}) {
+    cv::Mat_<float> K;
+    kernelQuadrado(K, d, 0);
+    const REGIOES r = *regioesDoKernel(K);
+    const auto direcoes = escolheDirecoes({r.tudo, r.nucleo});
+    EXPECT_EQ(termosDaRegiao(r.nucleo, direcoes).size(), 4U);
+  }
+}
+
+TEST(Termos, UmQuadradoViradoGrandeCustaPoucosTermos) {
+  cv::Mat_<float> K;
+  kernelQuadrado(K, 120, 20);
+  const REGIOES r = *regioesDoKernel(K);
+  const auto direcoes = escolheDirecoes({r.tudo, r.nucleo});
+  EXPECT_LT(termosDaRegiao(r.tudo, direcoes).size(), termosDaRegiao(r.tudo, {}).size() / 3);
+}
+
+TEST(Termos, KernelDeOutrosValoresNaoServe) {
+  const cv::Mat_<float> quatroValores = (cv::Mat_<float>(1, 3) << 0.25F, -1, 0.75F);
+  EXPECT_FALSE(regioesDoKernel(quatroValores));
+  const cv::Mat_<float> semNucleo(3, 3, 1.0F / 9);
+  EXPECT_FALSE(regioesDoKernel(semNucleo));
+}
+
+TEST(Niveis, FotografiaDe8BitsEhInteiraNosDoisPrimeirosNiveis) {
+  std::mt19937 g(semente);
+  PIRAMIDE piramide;
+  constroiPiramide(piramide, fotografia(64, 50, g), 4);
+  const NIVEIS niveis = preparaNiveis(piramide);
+  EXPECT_EQ(niveis[0].tipo, REPRESENTACAO::inteira);
+  EXPECT_EQ(niveis[0].unidade, 255);
+  EXPECT_EQ(niveis[1].tipo, REPRESENTACAO::inteira);
+  EXPECT_EQ(niveis[1].unidade, 65280);
+  EXPECT_EQ(niveis[2].tipo, REPRESENTACAO::real);
+}
+
+TEST(Niveis, ValoresNaoFinitosNaoSeRepresentam) {
+  cv::Mat_<float> img(4, 4, 0.5F);
+  img(1, 2) = std::nanf("");
+  EXPECT_EQ(preparaNiveis({img})[0].tipo, REPRESENTACAO::nenhuma);
+  img(1, 2) = INFINITY;
+  EXPECT_EQ(preparaNiveis({img})[0].tipo, REPRESENTACAO::nenhuma);
+}
+
+TEST(Rapida, IgualASomaDiretaEmImagensDe1PixelAMaioresQueOKernel) {
+  std::mt19937 g(semente);
+  for (const auto& [rows, cols] : {std::pair{1, 1}, {1, 7}, {5, 2}, {17, 33}, {70, 41}}) {
+    PIRAMIDE piramide;
+    constroiPiramide(piramide, fotografia(rows, cols, g), 0);
+    std::vector<MASCARA> kernels;
+    for (int k = 0; k < 4; ++k) kernels.push_back(sorteiaKernel(g, 24));
+    confere(piramide, kernels);
+  }
+}
+
+TEST(Rapida, IgualASomaDiretaComValoresReaisQuaisquer) {
+  std::mt19937 g(semente);
+  std::uniform_real_distribution<float> valor(-1.0F, 1.0F);
+  cv::Mat_<float> img(30, 37);
+  for (float& x : img) x = valor(g);
+  std::vector<MASCARA> kernels = {sorteiaKernel(g, 15), sorteiaKernel(g, 15)};
+  confere({img}, kernels);
+}
+
+TEST(Rapida, IgualASomaDiretaEmImagemSaturada) {
+  std::mt19937 g(semente);
+  cv::Mat_<float> img(40, 40, 0.0F);
+  for (float& x : img) x = g() % 2 == 0 ? 0.0F : 1.0F;
+  PIRAMIDE piramide;
+  constroiPiramide(piramide, img, 4);
+  confere(piramide, {sorteiaKernel(g, 20), sorteiaKernel(g, 20)});
+}
+
+TEST(Rapida, ImagemConstanteDaZeroExatoEOPrimeiroKernelEmTodosOsPixels) {
+  std::mt19937 g(semente);
+  for (const float valor : {0.0F, 77 / 255.0F, 1.0F}) {
+    PIRAMIDE piramide;
+    constroiPiramide(piramide, cv::Mat_<float>(90, 80, valor), 4);
+    std::vector<MASCARA> kernels;
+    for (int k = 0; k < 5; ++k) kernels.push_back(sorteiaKernel(g, 30));
+    kernels[0].sPir = 3;
+    MELHORCORREL melhor;
+    MELHORKERNEL qual;
+    correlaGrupo(piramide, kernels, 0, 4, melhor, qual);
+    for (std::size_t L = 0; L < piramide.size(); ++L) {
+      for (int i = 0; i < static_cast<int>(melhor[L].total()); ++i) {
+        ASSERT_EQ(melhor[L](i / melhor[L].cols, i % melhor[L].cols), 0.0F);
+        ASSERT_EQ(qual[L](i / melhor[L].cols, i % melhor[L].cols), 0);
+      }
+    }
+  }
+}
+
+TEST(Rapida, KernelsIguaisEmpatamEOPrimeiroFica) {
+  std::mt19937 g(semente);
+  const MASCARA m = sorteiaKernel(g, 20);
+  PIRAMIDE piramide = {fotografia(40, 50, g)};
+  MELHORCORREL melhor;
+  MELHORKERNEL qual;
+  correlaGrupo(piramide, {m, m, m}, 0, 2, melhor, qual);
+  EXPECT_EQ(cv::countNonZero(qual[0]), 0);
+}
+
+TEST(Rapida, KernelDeOutrosValoresVaiPeloFiltroGeralComOMesmoContrato) {
+  std::mt19937 g(semente);
+  MASCARA estranho;
+  estranho.kernel = (cv::Mat_<float>(3, 3) << 0, 0.5F, 0, 0.25F, -1, 0.25F, 0, 0, 0);
+  confere({fotografia(20, 25, g)}, {estranho, sorteiaKernel(g, 10)});
+}
+
+TEST(Rapida, AreaGrandeDemaisPara32BitsPassaADouble) {
+  // Level 1 holds multiples of 1/65280: a region of 34000 pixels would overflow.
+  std::mt19937 g(semente);
+  PIRAMIDE piramide;
+  constroiPiramide(piramide, cv::Mat_<float>(40, 30, 1.0F), 2);
+  piramide[1](3, 3) = 0.25F;
+  MASCARA m;
+  kernelCirculo(m.kernel, 150);
+  m.sPir = 1;
+  confere(piramide, {m});
+}
+
+TEST(Rapida, FaixasEBlocosJuntamSeSemEmenda) {
+  // More columns than a strip and more rows than a block, against the plain form.
+  std::mt19937 g(semente);
+  PIRAMIDE piramide;
+  constroiPiramide(piramide, fotografia(150, 601, g), 4);
+  std::vector<MASCARA> kernels;
+  for (int k = 0; k < 6; ++k) kernels.push_back(sorteiaKernel(g, 30));
+  MELHORCORREL rapida;
+  MELHORCORREL simples;
+  MELHORKERNEL qualRapida;
+  MELHORKERNEL qualSimples;
+  correlaGrupo(piramide, kernels, 0, 5, rapida, qualRapida);
+  referencia::correlaGrupo(piramide, kernels, 0, 5, simples, qualSimples);
+  for (std::size_t L = 0; L < piramide.size(); ++L) {
+    EXPECT_LT(cv::norm(rapida[L], simples[L], cv::NORM_INF), 1e-6);
+  }
+}
+
+// Random planes and terms, evaluated pixel by pixel and by every instruction set of this machine.
+template <class T>
+void comparaAlvos() {
+  std::mt19937 g(semente);
+  constexpr int passo = 400;
+  std::vector<T> plano(std::size_t{passo} * 60);
+  for (T& x : plano) {
+    x = std::is_integral_v<T> ? static_cast<T>(g()) : static_cast<T>(g() % 100000);
+  }
+  std::vector<KERNELPRONTO> kernels(3);
+  for (std::size_t k = 0; k < kernels.size(); ++k) {
+    KERNELPRONTO& x = kernels[k];
+    for (auto* lista : {&x.maisTudo, &x.menosTudo, &x.maisNucleo, &x.menosNucleo}) {
+      for (auto i = g() % 40; i > 0; --i) {
+        lista->push_back(static_cast<std::int32_t>(g() % 20) * passo + static_cast<int>(g() % 20));
+      }
+    }
+    x.anel = 40;
+    x.nucleo = 30;
+    x.escala = 1e-12;
+    x.indice = static_cast<int>(k) + 7;
+  }
+  for (const int colunas : {1, 3, 31, 32, 33, 64, 100, 200}) {
+    std::vector<float> esperada(std::size_t{passo} * 10, 9.0F);
+    std::vector<float> obtida = esperada;
+    std::vector<std::int32_t> qualEsperado(esperada.size(), 9);
+    std::vector<std::int32_t> qualObtido = qualEsperado;
+    avaliaSimples(BLOCO<T>{plano.data(), passo, 10, colunas, esperada.data(), passo,
+                           qualEsperado.data(), passo},
+                  kernels);
+    avalia(
+        BLOCO<T>{plano.data(), passo, 10, colunas, obtida.data(), passo, qualObtido.data(), passo},
+        kernels);
+    // Equal to the last bit, and nothing written beyond the block.
+    ASSERT_EQ(obtida, esperada) << conjuntoDeInstrucoes() << " colunas=" << colunas;
+    ASSERT_EQ(qualObtido, qualEsperado) << conjuntoDeInstrucoes() << " colunas=" << colunas;
+  }
+}
+
+TEST(Avaliacao, TodosOsConjuntosDeInstrucoesDaoOMesmoQuePixelAPixel) {
+  std::vector<std::int64_t> alvos;
+  for (std::int64_t resto = hwy::SupportedTargets(); resto != 0; resto &= resto - 1) {
+    alvos.push_back(resto & -resto);
+  }
+  ASSERT_FALSE(alvos.empty());
+  for (const std::int64_t alvo : alvos) {
+    hwy::SetSupportedTargetsForTest(alvo);
+    hwy::GetChosenTarget().Update(alvo);
+    comparaAlvos<std::int32_t>();
+    comparaAlvos<double>();
+  }
+  hwy::SetSupportedTargetsForTest(0);
+  hwy::GetChosenTarget().Update(hwy::SupportedTargets());
+}

@@ -1,0 +1,124 @@
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "filter/filtinter.h"
+#include "filter/ocupacao.h"
+#include "filter/silhueta.h"
+#include "referencia/filtro.h"
+
+namespace {
+
+constexpr unsigned semente = 22;
+
+std::vector<MAXLOCAL> lista(std::mt19937& g, int n, int lado) {
+  std::uniform_real_distribution<double> tamanho(3, 14);
+  std::uniform_int_distribution<int> lugar(-4, lado + 4);
+  std::vector<MAXLOCAL> v;
+  for (int i = 0; i < n; ++i) {
+    const double correl = 1 - i / static_cast<double>(n);
+    v.push_back({static_cast<float>(correl), "cqrex"[g() % 5], lugar(g), lugar(g), tamanho(g),
+                 tamanho(g), static_cast<double>(g() % 18) * 10});
+  }
+  return v;
+}
+
+// Whether `silhueta` marks exactly the zeros of the mask.
+void confere(const cv::Mat_<unsigned char>& mascara) {
+  const SILHUETA s = silhueta(mascara);
+  cv::Mat_<unsigned char> refeita(mascara.size(), 255);
+  for (const auto& t : s.trechos) {
+    for (int c = t.de; c <= t.ate; ++c) refeita(t.linha + s.rows / 2, c + s.cols / 2) = 0;
+  }
+  EXPECT_EQ(cv::countNonZero(refeita != mascara), 0);
+  EXPECT_EQ(s.pixels, static_cast<int>(mascara.total()) - cv::countNonZero(mascara));
+}
+
+}  // namespace
+
+TEST(FiltroRapido, IgualAFormaSimplesEmListasSorteadas) {
+  std::mt19937 g(semente);
+  std::size_t retirados = 0;
+  for (int vez = 0; vez < 60; ++vez) {
+    const int lado = 30 + static_cast<int>(g() % 60);
+    auto v = lista(g, 150, lado);
+    const double inter = static_cast<double>(g() % 10) / 10;
+    std::vector<MAXLOCAL> rapido;
+    std::vector<MAXLOCAL> simples;
+    filtInter(v, rapido, {lado, lado}, 0.1, inter, 0.1, inter / 2, 0.1, 0.2, 0.1, 0.3);
+    referencia::filtInter(v, simples, {lado, lado}, 0.1, inter, 0.1, inter / 2, 0.1, 0.2, 0.1, 0.3);
+    ASSERT_EQ(rapido.size(), simples.size()) << vez;
+    for (std::size_t i = 0; i < rapido.size(); ++i) {
+      ASSERT_EQ(rapido[i].correl, simples[i].correl) << vez;
+    }
+    retirados += v.size() - rapido.size();
+  }
+  EXPECT_GT(retirados, 1000U);
+}
+
+TEST(Ocupacao, ContaOcupadasEDeOutrosComoUmaPilhaPorPixel) {
+  std::mt19937 g(semente);
+  OCUPACAO o(6, 9);
+  std::vector<std::vector<int>> pilhas(6 * 9);
+  for (int vez = 0; vez < 3000; ++vez) {
+    const int l = static_cast<int>(g() % 6);
+    const int c = static_cast<int>(g() % 9);
+    auto& pilha = pilhas[static_cast<std::size_t>(l * 9 + c)];
+    if (g() % 2 == 0) {
+      const int i = static_cast<int>(g() % 4);
+      o.acrescenta(l, c, i);
+      pilha.push_back(i);
+    } else {
+      o.retira(l, c, pilha.empty() ? 99 : pilha.back());  // an empty cell stays empty
+      if (!pilha.empty()) pilha.pop_back();
+    }
+    const bool ocupada = !pilha.empty();
+    const bool deOutro = pilha.size() >= 2 || (pilha.size() == 1 && pilha[0] != 2);
+    std::vector<int> junto;
+    o.junta(l, c, c, junto);
+    ASSERT_EQ(o.ocupadas(l, c, c), ocupada ? 1 : 0);
+    ASSERT_EQ(o.deOutros(l, c, c, 2), deOutro ? 1 : 0);
+    ASSERT_EQ(junto, pilha);
+  }
+}
+
+TEST(Ocupacao, RetirarOIndiceErradoOuForaDaGradeAborta) {
+  OCUPACAO o(2, 2);
+  o.acrescenta(1, 1, 5);
+  EXPECT_DEATH(o.retira(1, 1, 4), "Assertion `t.back\\(\\)==int\\(wi\\)' failed");
+  EXPECT_DEATH(o.retira(2, 0, 4), "Assertion `l<rows && c<cols' failed");
+}
+
+TEST(Silhueta, MarcaOsZerosDaMascara) {
+  std::mt19937 g(semente);
+  for (const MAXLOCAL& m : lista(g, 100, 50)) {
+    cv::Mat_<unsigned char> mascara;
+    mascaraMaxLocal(m, mascara);
+    if (!mascara.empty()) confere(mascara);
+  }
+  cv::Mat_<unsigned char> furada(5, 7);
+  for (unsigned char& p : furada) p = g() % 2 == 0 ? 0 : 255;
+  confere(furada);
+}
+
+TEST(Silhueta, FormasGuardadasNaoSeConfundem) {
+  SILHUETAS guardadas;
+  const std::vector<MAXLOCAL> formas = {{0, 'r', 0, 0, 12, 6, 0},
+                                        {0, 'r', 0, 0, 12, 6, 30},
+                                        {0, 'r', 0, 0, 6, 12, 0},
+                                        {0, 'e', 0, 0, 12, 6, 0},
+                                        {0, 'x', 0, 0, 12, 6, 0}};
+  for (int vez = 0; vez < 2; ++vez) {
+    for (const MAXLOCAL& m : formas) {
+      cv::Mat_<unsigned char> mascara;
+      mascaraMaxLocal(m, mascara);
+      const SILHUETA esperada = silhueta(mascara);
+      const SILHUETA& s = guardadas.de(m);
+      ASSERT_EQ(s.trechos.size(), esperada.trechos.size());
+      for (std::size_t i = 0; i < s.trechos.size(); ++i) {
+        EXPECT_EQ(s.trechos[i].de, esperada.trechos[i].de);
+        EXPECT_EQ(s.trechos[i].ate, esperada.trechos[i].ate);
+      }
+    }
+  }
+}
