@@ -1,20 +1,38 @@
 #include "detect/maximos.h"
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "pim/converte.h"
 #include "pim/erro.h"
 
 namespace {
 
-// Whether no neighbour of the interior pixel (r, c) exceeds it.
-bool ehMaximo(const cv::Mat_<float>& M, int r, int c) {
-  const float v = M(r, c);
-  for (int l = r - 1; l <= r + 1; ++l) {
-    const float* linha = M[l] + c;
-    if (v < linha[-1] || v < linha[0] || v < linha[1]) return false;
+// The least float that is not below `minCorr`; everything passes when that is not a number.
+float limiar(double minCorr) {
+  constexpr float infinito = std::numeric_limits<float>::infinity();
+  if (std::isnan(minCorr)) return -infinito;
+  const auto f = static_cast<float>(minCorr);
+  return static_cast<double>(f) < minCorr ? std::nextafter(f, infinito) : f;
+}
+
+// Marks with 1 the interior columns of row r whose value is not below `minimo` nor below any of its
+// eight neighbours. Without branches, so that the compiler takes many columns at a time.
+void marcaMaximos(const cv::Mat_<float>& M, int r, float minimo,
+                  std::vector<unsigned char>& marca) {
+  const float* acima = M[r - 1];
+  const float* linha = M[r];
+  const float* abaixo = M[r + 1];
+  unsigned char* saida = marca.data();
+  for (int c = 1; c < M.cols - 1; ++c) {
+    const float v = linha[c];
+    const bool alto = !(v < minimo);
+    const bool dosLados = !(v < linha[c - 1]) & !(v < linha[c + 1]);
+    const bool deCima = !(v < acima[c - 1]) & !(v < acima[c]) & !(v < acima[c + 1]);
+    const bool deBaixo = !(v < abaixo[c - 1]) & !(v < abaixo[c]) & !(v < abaixo[c + 1]);
+    saida[c] = static_cast<unsigned char>(alto & dosLados & deCima & deBaixo);
   }
-  return true;
 }
 
 bool dentro(const cv::Mat& img, int l, int c) {
@@ -41,11 +59,15 @@ MAXLOCAL registro(const MASCARA& m, float v, std::size_t L, int r, int c) {
 void findMaxLocal(const MELHORCORREL& melhorCorrel, const MELHORKERNEL& melhorKernel,
                   const std::vector<MASCARA>& kernels, std::vector<MAXLOCAL>& maximos,
                   double minCorr) {
+  const float minimo = limiar(minCorr);
+  std::vector<unsigned char> marca;
   for (std::size_t L = 0; L < melhorCorrel.size(); ++L) {
     const cv::Mat_<float>& M = melhorCorrel[L];
+    marca.assign(static_cast<std::size_t>(M.cols), 0);
     for (int r = 1; r < M.rows - 1; ++r) {
-      for (int c = 1; c < M.cols - 1; ++c) {
-        if (static_cast<double>(M(r, c)) < minCorr || !ehMaximo(M, r, c)) continue;
+      marcaMaximos(M, r, minimo, marca);
+      for (auto p = marca.begin(); (p = std::find(p, marca.end(), 1)) != marca.end(); ++p) {
+        const auto c = static_cast<int>(p - marca.begin());
         if (L >= melhorKernel.size() || !dentro(melhorKernel[L], r, c)) {
           pim::erro("Erro findMaxLocal: Nao dentro");
         }

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 #include <random>
 
@@ -41,8 +42,9 @@ MAXLOCAL deteccao(std::mt19937& sorteio, const CASO& caso, int maiorLado) {
   m.li = centro(sorteio, caso.tamanho.height);
   m.ci = centro(sorteio, caso.tamanho.width);
   if (!caso.entrada.empty() && sorteia(sorteio, 0, 2) == 0) {  // close to the one before
-    m.li = caso.entrada.back().li / 2 * 2 + sorteia(sorteio, -4, 4);
-    m.ci = caso.entrada.back().ci / 2 * 2 + sorteia(sorteio, -4, 4);
+    constexpr int longe = 1000;
+    m.li = std::min(caso.entrada.back().li, longe) + sorteia(sorteio, -4, 4);
+    m.ci = std::min(caso.entrada.back().ci, longe) + sorteia(sorteio, -4, 4);
   }
   m.d1 = sorteia(sorteio, -2, 2 * maiorLado) * 0.5;
   m.d2 = sorteia(sorteio, -2, 2 * maiorLado) * 0.5;

@@ -1,0 +1,28 @@
+// Times the fast operations against their plain forms, all in one run, and prints a table.
+#include <cstdio>
+#include <vector>
+
+#include "bench/corridas.h"
+#include "bench/partes.h"
+#include "detect/avaliacao.h"
+#include "opencv2/core.hpp"
+
+int main() {
+  cv::setNumThreads(1);
+  std::fprintf(stderr, "Instruction set: %s\n", conjuntoDeInstrucoes());
+  corre({"cena", "c12.pgm", "c12.csv", "3000", "4000"});
+  std::vector<LINHA> linhas = medePartes("c12.pgm");
+  for (const LINHA& l : medeCorridas()) linhas.push_back(l);
+
+  std::printf("Instruction set: %s\n\n", conjuntoDeInstrucoes());
+  std::printf("| Work | plain | fast | ratio | |\n|---|---|---|---|---|\n");
+  for (const LINHA& l : linhas) {
+    if (l.simples > 0) {
+      std::printf("| %s | %.2f s | %.2f s | %.1f | %s |\n", l.trabalho.c_str(), l.simples, l.rapida,
+                  l.simples / l.rapida, l.nota.c_str());
+    } else {
+      std::printf("| %s | | %.4f s | | %s |\n", l.trabalho.c_str(), l.rapida, l.nota.c_str());
+    }
+  }
+  return 0;
+}

@@ -1,0 +1,143 @@
+#include "bench/partes.h"
+
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <fstream>
+#include <map>
+#include <random>
+
+#include "detect/correla.h"
+#include "detect/ordenacao.h"
+#include "kernels/lekernels.h"
+#include "pim/imagem.h"
+#include "referencia/correlacao.h"
+#include "referencia/proximos.h"
+
+namespace {
+
+struct BANCO {
+  const char* nome;
+  const char* texto;  // of its kernel.cfg
+  int passo;          // every how many groups one is timed
+};
+
+constexpr BANCO bancos[] = {
+    {"circulo 21 quadrado 20 retangulo 30 12 elipse 30 18",
+     "circulo 21 quadrado 20 retangulo 30 12 elipse 30 18", 7},
+    {"kernels de 120 px", "circulo 120 quadrado 120 retangulo 120 48 elipse 120 72", 9},
+    {"kernels de 240 px", "circulo 240 quadrado 240 retangulo 240 96 elipse 240 144", 15},
+    {"kernels de 5 a 10 px", "circulo 10 quadrado 10 retangulo 10 5 elipse 10 6", 7}};
+
+std::vector<MASCARA> leBanco(const BANCO& banco) {
+  std::ofstream("banco.cfg") << banco.texto << '\n';
+  std::vector<MASCARA> kernels;
+  leKernels("banco.cfg", kernels);
+  return kernels;
+}
+
+// Calls `acao(first, last)` for every n-th group of kernels.
+template <class ACAO>
+void paraGrupos(const std::vector<MASCARA>& kernels, int passo, ACAO acao) {
+  int primeiro = 0;
+  int grupo = 0;
+  for (int i = 0; i < static_cast<int>(kernels.size()); ++i) {
+    if (kernels[static_cast<std::size_t>(i)].inic != 2) continue;
+    if (grupo++ % passo == 0) acao(primeiro, i);
+    primeiro = i + 1;
+  }
+}
+
+void correlaRapida(benchmark::State& estado, const PIRAMIDE& piramide, const BANCO& banco) {
+  const std::vector<MASCARA> kernels = leBanco(banco);
+  MELHORCORREL melhor;
+  MELHORKERNEL qual;
+  for (auto vez : estado) {
+    const NIVEIS niveis = preparaNiveis(piramide);
+    paraGrupos(kernels, banco.passo,
+               [&](int de, int ate) { correlaGrupo(niveis, kernels, de, ate, melhor, qual); });
+  }
+}
+
+void correlaSimples(benchmark::State& estado, const PIRAMIDE& piramide, const BANCO& banco) {
+  const std::vector<MASCARA> kernels = leBanco(banco);
+  MELHORCORREL melhor;
+  MELHORKERNEL qual;
+  for (auto vez : estado) {
+    paraGrupos(kernels, banco.passo, [&](int de, int ate) {
+      referencia::correlaGrupo(piramide, kernels, de, ate, melhor, qual);
+    });
+  }
+}
+
+std::vector<MAXLOCAL> registros(int n) {
+  std::mt19937 g(1);
+  std::vector<MAXLOCAL> v;
+  v.reserve(static_cast<std::size_t>(n));
+  for (int i = 0; i < n; ++i) {
+    v.push_back({static_cast<float>(g() % 1000000) / 1e6F, "cqre"[g() % 4],
+                 static_cast<int>(g() % 3000), static_cast<int>(g() % 4000), 20, 20, 0});
+  }
+  ordena(v, 0, n - 1);
+  return v;
+}
+
+using ELIMINA = void (*)(const std::vector<MAXLOCAL>&, std::vector<MAXLOCAL>&, int);
+
+void elimina(benchmark::State& estado, int n, ELIMINA operacao) {
+  const std::vector<MAXLOCAL> v = registros(n);
+  std::vector<MAXLOCAL> saida;
+  for (auto vez : estado) operacao(v, saida, 2);
+}
+
+// Keeps the time of every benchmark by its name.
+class COLETOR : public benchmark::BenchmarkReporter {
+ public:
+  std::map<std::string, double> segundos;
+
+  bool ReportContext(const Context& /*contexto*/) override { return true; }
+  void ReportRuns(const std::vector<Run>& corridas) override {
+    for (const Run& r : corridas) {
+      segundos[r.run_name.function_name] = r.GetAdjustedRealTime();
+      std::fprintf(stderr, "  %s: %.3f s\n", r.run_name.function_name.c_str(),
+                   r.GetAdjustedRealTime());
+    }
+  }
+};
+
+template <class ACAO>
+void registra(const std::string& nome, ACAO acao) {
+  benchmark::RegisterBenchmark(nome.c_str(), acao)->Iterations(1)->Unit(benchmark::kSecond);
+}
+
+}  // namespace
+
+std::vector<LINHA> medePartes(const std::string& cena) {
+  PIRAMIDE piramide;
+  lePiramide(cena, piramide, 4);
+  for (const BANCO& banco : bancos) {
+    const std::string nome = banco.nome;
+    registra("rapida " + nome, [&](auto& e) { correlaRapida(e, piramide, banco); });
+    registra("simples " + nome, [&](auto& e) { correlaSimples(e, piramide, banco); });
+  }
+  registra("rapida 10^6", [](auto& e) { elimina(e, 1000000, eliminaProximo); });
+  registra("simples 10^6", [](auto& e) { elimina(e, 1000000, referencia::eliminaProximo); });
+  registra("rapida 10^7", [](auto& e) { elimina(e, 10000000, eliminaProximo); });
+
+  COLETOR coletor;
+  benchmark::RunSpecifiedBenchmarks(&coletor);
+  std::vector<LINHA> linhas;
+  for (const BANCO& banco : bancos) {
+    const std::string nome = banco.nome;
+    linhas.push_back({"correlation, 12 MP: " + nome, coletor.segundos["simples " + nome],
+                      coletor.segundos["rapida " + nome], ""});
+  }
+  const double milhao = coletor.segundos["rapida 10^6"];
+  const double dezMilhoes = coletor.segundos["rapida 10^7"];
+  linhas.push_back(
+      {"near duplicates, 10^6 records on 12 MP", coletor.segundos["simples 10^6"], milhao, ""});
+  char nota[64];
+  std::snprintf(nota, sizeof nota, "%.1f times that of 10^6", dezMilhoes / milhao);
+  linhas.push_back({"near duplicates, 10^7 records on 12 MP", 0, dezMilhoes, nota});
+  return linhas;
+}

@@ -1,0 +1,67 @@
+// `correla` and `filtra` in their plain form, for comparison: the same steps and the same results.
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "detect/correla.h"
+#include "detect/maximos.h"
+#include "detect/ordenacao.h"
+#include "kernels/lekernels.h"
+#include "pim/imagem.h"
+#include "pim/texto.h"
+#include "referencia/correlacao.h"
+#include "referencia/filtro.h"
+#include "referencia/proximos.h"
+
+namespace {
+
+// correla imagem kernel.cfg saida.ho1 minCorr
+void correla(char** argv) {
+  double minCorr = 0;
+  pim::convArg(minCorr, argv[4]);
+  PIRAMIDE piramide;
+  lePiramide(argv[1], piramide, 4);
+  std::vector<MASCARA> kernels;
+  leKernels(argv[2], kernels);
+  std::vector<MAXLOCAL> todos;
+  MELHORCORREL melhorCorrel;
+  MELHORKERNEL melhorKernel;
+  int primeiro = 0;
+  for (int i = 0; i < static_cast<int>(kernels.size()); ++i) {
+    if (kernels[static_cast<std::size_t>(i)].inic != 2) continue;
+    referencia::correlaGrupo(piramide, kernels, primeiro, i, melhorCorrel, melhorKernel);
+    findMaxLocal(melhorCorrel, melhorKernel, kernels, todos, minCorr);
+    primeiro = i + 1;
+  }
+  referencia::ordena(todos, 0, static_cast<int>(todos.size()) - 1);
+  std::vector<MAXLOCAL> mantidos;
+  referencia::eliminaProximo(todos, mantidos, 2);
+  impMaxLocais(mantidos, argv[3]);
+}
+
+// filtra imagem entrada.ho1 saida.ho2
+void filtra(char** argv) {
+  cv::Mat_<unsigned char> imagem;
+  pim::le(imagem, argv[1]);
+  std::vector<MAXLOCAL> v;
+  leMaxLocais(v, argv[2]);
+  std::vector<MAXLOCAL> mantidos;
+  referencia::filtInter(v, mantidos, imagem.size(), 0.1, 0.3, 0.1, 0.3, 0.1, 0.3, 0.1, 0.3);
+  impMaxLocais(mantidos, argv[3]);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  cv::setNumThreads(1);
+  if (argc == 6 && std::string(argv[1]) == "correla") {
+    correla(argv + 1);
+  } else if (argc == 5 && std::string(argv[1]) == "filtra") {
+    filtra(argv + 1);
+  } else {
+    std::puts("simples correla imagem kernel.cfg saida.ho1 minCorr");
+    std::puts("simples filtra imagem entrada.ho1 saida.ho2");
+    return 1;
+  }
+  return 0;
+}
