@@ -6,7 +6,6 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <regex>
 #include <stdexcept>
 
 #include "apoio/pasta.h"
@@ -76,6 +75,8 @@ EXECUCAO executa(const std::vector<std::string>& args, const std::vector<std::st
 std::string miolo(const EXECUCAO& e) {
   std::string texto = e.saida;
   if (texto.starts_with(titulo)) texto.erase(0, titulo.size());
-  static const std::regex tempo("Tempo gasto: [0-9]+\\.[0-9][0-9] segundos\\.\n$");
-  return std::regex_replace(texto, tempo, "");
+  const std::size_t tempo = texto.rfind("Tempo gasto: ");
+  const std::size_t fim = tempo == std::string::npos ? tempo : texto.find('\n', tempo);
+  if (fim != std::string::npos && fim + 1 == texto.size()) texto.erase(tempo);
+  return texto;
 }

@@ -71,8 +71,8 @@ struct ComandoExtrai : testing::Test {
   }
 
   static std::string mensagens(const std::string& imagem, const std::string& base, int quantos) {
-    return "Lendo " + imagem + "\nLendo " + base +
-           ".ho2\nNumero de maximos locais originais=" + std::to_string(quantos) + "\n";
+    return cv::format("Lendo %s\nLendo %s.ho2\nNumero de maximos locais originais=%d\n",
+                      imagem.c_str(), base.c_str(), quantos);
   }
 
   // The pixels of the first detection, 5 by 5 in a mask of 7 by 7.

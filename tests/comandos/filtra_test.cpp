@@ -21,11 +21,11 @@ const std::string uso =
 const std::string cabecalho = "//correl f    l    c       d1       d2 deg\n";
 
 std::string mensagens(int originais, int mantidos) {
-  return "Lendo a.pgm...\nLendo a.ho1...\nNumero de maximos locais originais=" +
-         std::to_string(originais) +
-         "\nFiltrando os maximos locais com interseccao>maxInter...\n"
-         "Numero de maximos locais apos filtro interseccao=" +
-         std::to_string(mantidos) + "\n";
+  return cv::format(
+      "Lendo a.pgm...\nLendo a.ho1...\nNumero de maximos locais originais=%d\n"
+      "Filtrando os maximos locais com interseccao>maxInter...\n"
+      "Numero de maximos locais apos filtro interseccao=%d\n",
+      originais, mantidos);
 }
 
 // A folder with a grey image and four detections: two circles that overlap by more than half, a

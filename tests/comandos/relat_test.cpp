@@ -12,8 +12,7 @@ const std::string uso = "Relat ent.ho2 sai.rel\n";
 const std::string vazio = "Circulos:\n  area  quant\nRetangulos e quadrados:\n  area  quant\n";
 
 std::string lendo(const std::string& nome, int quantos) {
-  return "Lendo " + nome + "...\nNumero de maximos locais originais=" + std::to_string(quantos) +
-         "\n";
+  return cv::format("Lendo %s...\nNumero de maximos locais originais=%d\n", nome.c_str(), quantos);
 }
 
 MAXLOCAL forma(char letra, double d1, double d2) {
