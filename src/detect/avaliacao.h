@@ -14,7 +14,8 @@
 //   (ring * nucleo - core * anel) * escala,  ring = whole - core,
 //
 // with `anel` and `nucleo` the pixels of ring and core and escala = 1 / (anel nucleo unit), `unit`
-// being the plane's value of an image value 1. A constant image gives exactly 0.
+// being the plane's value of an image value 1. A constant image gives exactly 0 as long as float
+// holds its sums (2^24).
 struct KERNELPRONTO {
   std::vector<std::int32_t> maisTudo, menosTudo;
   std::vector<std::int32_t> maisNucleo, menosNucleo;

@@ -7,13 +7,13 @@
 
 namespace {
 
-// Nearest whole multiple of 1/unidade.
-inline std::int32_t inteiro(float v, float unidade) {
+// Nearest whole multiple of 1/unidade, less the discount.
+inline std::int32_t inteiro(float v, float unidade, std::int32_t desconto) {
   const float x = v * unidade;
-  return static_cast<std::int32_t>(x + (x < 0 ? -0.5F : 0.5F));
+  return static_cast<std::int32_t>(x + (x < 0 ? -0.5F : 0.5F)) - desconto;
 }
 
-inline double inteiro(float v, double unidade) {
+inline double inteiro(float v, double unidade, double /*desconto*/) {
   constexpr double meio = 6755399441055744.0;  // 1.5 * 2^52: adding it rounds to whole numbers
   return (static_cast<double>(v) * unidade + meio) - meio;
 }
@@ -23,15 +23,16 @@ template <class T>
 void leLinha(const NIVEL& nivel, int y, int x0, std::vector<T>& saida) {
   using UNIDADE = std::conditional_t<std::is_integral_v<T>, float, double>;
   const auto unidade = static_cast<UNIDADE>(nivel.unidade);
+  const auto desconto = static_cast<T>(nivel.desconto);
   const int cols = nivel.imagem.cols;
   const float* linha = nivel.imagem[std::clamp(y, 0, nivel.imagem.rows - 1)];
   const int n = static_cast<int>(saida.size());
   const int de = std::clamp(-x0, 0, n);
   const int ate = std::clamp(cols - x0, de, n);
   T* q = saida.data();
-  std::fill(q, q + de, inteiro(linha[0], unidade));
-  for (int j = de; j < ate; ++j) q[j] = inteiro(linha[x0 + j], unidade);
-  std::fill(q + ate, q + n, inteiro(linha[cols - 1], unidade));
+  std::fill(q, q + de, inteiro(linha[0], unidade, desconto));
+  for (int j = de; j < ate; ++j) q[j] = inteiro(linha[x0 + j], unidade, desconto);
+  std::fill(q + ate, q + n, inteiro(linha[cols - 1], unidade, desconto));
 }
 
 // Sums that wrap around are made in unsigned arithmetic.

@@ -36,16 +36,20 @@ double maiorValor(const cv::Mat_<float>& imagem) {
 
 NIVEL preparaNivel(const cv::Mat_<float>& imagem) {
   const double maior = maiorValor(imagem);
-  if (!std::isfinite(maior)) return {imagem, REPRESENTACAO::nenhuma, 1, maior};
+  if (!std::isfinite(maior)) return {imagem, REPRESENTACAO::nenhuma, 1, 0, maior};
   for (const double unidade : unidadesInteiras) {
     if (maior <= 1 + erroMaximo && ehInteira(imagem, unidade)) {
-      return {imagem, REPRESENTACAO::inteira, unidade, maior};
+      return {imagem, REPRESENTACAO::inteira, unidade, std::floor(unidade / 2), maior};
     }
   }
-  return {imagem, REPRESENTACAO::real, unidadeReal, maior};
+  return comoReal({imagem, REPRESENTACAO::real, 1, 0, maior});
 }
 
 }  // namespace
+
+NIVEL comoReal(const NIVEL& nivel) {
+  return {nivel.imagem, REPRESENTACAO::real, unidadeReal, 0, nivel.maior};
+}
 
 NIVEIS preparaNiveis(const PIRAMIDE& piramide) {
   NIVEIS niveis;

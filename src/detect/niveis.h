@@ -10,8 +10,9 @@
 //
 // A level of an 8-bit photograph is k/255, k whole. Its first reduction is k/65280, because the
 // binomial filter has weights of 1/256; float rounding moves the values by less than 1.8e-7. Both
-// are taken as those whole numbers, in 32 bits. Anything else is rounded to multiples of 2^-24 in
-// double, which moves a value by at most 2^-25 = 3e-8.
+// are taken as those whole numbers, in 32 bits, less half of their range: a correlation does not
+// change when the whole image does, and sums of both signs reach twice as far. Anything else is
+// rounded to multiples of 2^-24 in double, which moves a value by at most 2^-25 = 3e-8.
 //
 // The mean over a region moves no more than the largest pixel error, so a correlation, the
 // difference of two means, moves by at most 3.6e-7. Bringing the sums to float adds 4.2e-7 at most
@@ -26,11 +27,15 @@ enum class REPRESENTACAO {
 struct NIVEL {
   cv::Mat_<float> imagem;  // shares the level's pixels
   REPRESENTACAO tipo;
-  double unidade;  // what an image value of 1 becomes
-  double maior;    // largest absolute value of the image
+  double unidade;   // what an image value of 1 becomes
+  double desconto;  // what is taken off the whole numbers
+  double maior;     // largest absolute value of the image
 };
 
 using NIVEIS = std::vector<NIVEL>;
+
+// The same level as double multiples of 2^-24.
+NIVEL comoReal(const NIVEL& nivel);
 
 // Looks at every level once; the result serves all groups of kernels of a run.
 NIVEIS preparaNiveis(const PIRAMIDE& piramide);

@@ -69,13 +69,14 @@ void percorre(const NIVEL& nivel, const std::vector<const ESQUEMA*>& kernels, co
   }
 }
 
-// Whether the sums over the largest region fit the planes' type.
+// Whether the sums over ring and core fit the planes' type.
 bool cabe(const NIVEL& nivel, const std::vector<const ESQUEMA*>& kernels, const GRUPO& grupo,
           int colunas) {
   if (nivel.tipo == REPRESENTACAO::inteira) {
-    const auto area = [](const ESQUEMA* e) { return double{1} * e->nAnel + e->nNucleo; };
-    return std::all_of(kernels.begin(), kernels.end(),
-                       [&](const ESQUEMA* e) { return area(e) * nivel.unidade < 2147483648.0; });
+    return std::all_of(kernels.begin(), kernels.end(), [&](const ESQUEMA* e) {
+      const double pixels = std::max(e->nAnel, e->nNucleo);
+      return pixels * (nivel.unidade - nivel.desconto) < 2147483648.0;
+    });
   }
   // Doubles are exact up to 2^53, which the running sums of a whole strip must not pass.
   const double pixels =
@@ -129,8 +130,7 @@ bool correlaNivel(const NIVEL& nivel, int L, const GRUPO& grupo, cv::Mat_<float>
   const bool inteira = nivel.tipo == REPRESENTACAO::inteira;
   if (!cabe(nivel, kernels, grupo, colunas)) {
     if (!inteira) return false;
-    const NIVEL real{nivel.imagem, REPRESENTACAO::real, 16777216.0, nivel.maior};
-    return correlaNivel(real, L, grupo, melhor, qual);
+    return correlaNivel(comoReal(nivel), L, grupo, melhor, qual);
   }
   if (inteira) {
     percorre<std::int32_t>(nivel, kernels, grupo, colunas, melhor, qual);

@@ -231,13 +231,13 @@ TEST(Rapida, KernelDeOutrosValoresVaiPeloFiltroGeralComOMesmoContrato) {
 }
 
 TEST(Rapida, AreaGrandeDemaisPara32BitsPassaADouble) {
-  // Level 1 holds multiples of 1/65280: a region of 34000 pixels would overflow.
+  // Level 1 holds multiples of 1/65280: a region of 66000 pixels would overflow.
   std::mt19937 g(semente);
   PIRAMIDE piramide;
-  constroiPiramide(piramide, cv::Mat_<float>(40, 30, 1.0F), 2);
+  constroiPiramide(piramide, cv::Mat_<float>(24, 20, 1.0F), 2);
   piramide[1](3, 3) = 0.25F;
   MASCARA m;
-  kernelCirculo(m.kernel, 150);
+  kernelCirculo(m.kernel, 300);
   m.sPir = 1;
   confere(piramide, {m});
 }
