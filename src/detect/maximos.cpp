@@ -17,21 +17,21 @@ float limiar(double minCorr) {
   return static_cast<double>(f) < minCorr ? std::nextafter(f, infinito) : f;
 }
 
-// Marks with 1 the interior columns of row r whose value is not below `minimo` nor below any of its
-// eight neighbours. Without branches, so that the compiler takes many columns at a time.
-void marcaMaximos(const cv::Mat_<float>& M, int r, float minimo,
-                  std::vector<unsigned char>& marca) {
+// Sets marca[c] to whether interior pixel (r, c) is not below `minimo` nor below any of its eight
+// neighbours. Without branches and in words of the size of a float, so that the compiler takes many
+// columns at a time.
+void marcaMaximos(const cv::Mat_<float>& M, int r, float minimo, std::vector<int>& marca) {
   const float* acima = M[r - 1];
   const float* linha = M[r];
   const float* abaixo = M[r + 1];
-  unsigned char* saida = marca.data();
-  for (int c = 1; c < M.cols - 1; ++c) {
-    const float v = linha[c];
-    const bool alto = !(v < minimo);
-    const bool dosLados = !(v < linha[c - 1]) & !(v < linha[c + 1]);
-    const bool deCima = !(v < acima[c - 1]) & !(v < acima[c]) & !(v < acima[c + 1]);
-    const bool deBaixo = !(v < abaixo[c - 1]) & !(v < abaixo[c]) & !(v < abaixo[c + 1]);
-    saida[c] = static_cast<unsigned char>(alto & dosLados & deCima & deBaixo);
+  int* saida = marca.data();
+  const int n = M.cols - 1;
+  for (int c = 1; c < n; ++c) {
+    const float cima = std::max(std::max(acima[c - 1], acima[c]), acima[c + 1]);
+    const float baixo = std::max(std::max(abaixo[c - 1], abaixo[c]), abaixo[c + 1]);
+    const float lados = std::max(linha[c - 1], linha[c + 1]);
+    const float exigido = std::max(std::max(cima, baixo), std::max(lados, minimo));
+    saida[c] = linha[c] >= exigido ? 1 : 0;
   }
 }
 
@@ -60,7 +60,7 @@ void findMaxLocal(const MELHORCORREL& melhorCorrel, const MELHORKERNEL& melhorKe
                   const std::vector<MASCARA>& kernels, std::vector<MAXLOCAL>& maximos,
                   double minCorr) {
   const float minimo = limiar(minCorr);
-  std::vector<unsigned char> marca;
+  std::vector<int> marca;
   for (std::size_t L = 0; L < melhorCorrel.size(); ++L) {
     const cv::Mat_<float>& M = melhorCorrel[L];
     marca.assign(static_cast<std::size_t>(M.cols), 0);

@@ -139,7 +139,8 @@ struct FILTRO {
   void considera(const MAXLOCAL& m) {
     const LIMIAR& limiar = limiares.de(m.forma);
     if (static_cast<double>(m.correl) < limiar.minCorr) return;
-    const SILHUETA s = silhuetas.de(m);
+    silhuetas.arruma();
+    const SILHUETA& s = silhuetas.de(m);
     if (interseccao(m, s, grade) > limiar.maxInter) return;
     saida.push_back(m);
     const int wi = static_cast<int>(saida.size()) - 1;

@@ -40,10 +40,13 @@ void OCUPACAO::retira(int l, int c, int wi) {
 int OCUPACAO::ocupadas(int l, int de, int ate) const {
   const int* celula = linha(l);
   int n = 0;
+  int comLista = 0;
   for (int c = de; c <= ate; ++c) {
-    const bool semNada =
-        celula[c] == vazia || (celula[c] < vazia && listas[lista(celula[c])].empty());
-    n += semNada ? 0 : 1;
+    n += celula[c] != vazia ? 1 : 0;
+    comLista += celula[c] < vazia ? 1 : 0;
+  }
+  for (int c = de; comLista > 0 && c <= ate; ++c) {
+    if (celula[c] < vazia && listas[lista(celula[c])].empty()) --n;
   }
   return n;
 }

@@ -4,7 +4,7 @@
 
 namespace {
 
-// Stretches kept at most, 12 bytes each; a list of ever new shapes starts over.
+// Stretches kept at most, 12 bytes each.
 constexpr std::size_t maximoDeTrechos = 4 << 20;
 
 }  // namespace
@@ -39,9 +39,11 @@ const SILHUETA& SILHUETAS::de(const MAXLOCAL& m) {
   mascaraMaxLocal(m, mascara);
   SILHUETA nova = silhueta(mascara);
   trechosGuardados += nova.trechos.size() + 1;
-  if (trechosGuardados > maximoDeTrechos) {
-    feitas.clear();
-    trechosGuardados = nova.trechos.size() + 1;
-  }
   return feitas.emplace(chave, std::move(nova)).first->second;
+}
+
+void SILHUETAS::arruma() {
+  if (trechosGuardados <= maximoDeTrechos) return;
+  feitas.clear();
+  trechosGuardados = 0;
 }

@@ -26,8 +26,11 @@ SILHUETA silhueta(const cv::Mat_<unsigned char>& mascara);
 
 // Silhouettes of detections, each made once: a list holds many detections of few kernels.
 struct SILHUETAS {
-  // The silhouette of the shape of `m`, empty for an unknown letter; valid until the next call.
+  // The silhouette of the shape of `m`, empty for an unknown letter; valid until `arruma`.
   const SILHUETA& de(const MAXLOCAL& m);
+
+  // Forgets all silhouettes when they have become too many: a list of ever new shapes.
+  void arruma();
 
  private:
   using CHAVE = std::array<std::uint64_t, 4>;  // letter, and the bits of d1, d2 and ang
