@@ -5,9 +5,14 @@ target_include_directories(opcoes INTERFACE ${CMAKE_SOURCE_DIR}/src)
 target_compile_options(opcoes INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow
                                         -ffp-contract=off)
 if(VORPLEX_SANITIZE)
-  target_compile_options(opcoes INTERFACE -fsanitize=address,undefined
+  set(sanitizadores address,undefined)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL Clang)
+    string(APPEND sanitizadores ,float-cast-overflow,implicit-integer-truncation,fuzzer-no-link)
+  endif()
+  target_compile_options(opcoes INTERFACE -fsanitize=${sanitizadores}
                                           -fno-sanitize-recover=all -fno-omit-frame-pointer)
-  target_link_options(opcoes INTERFACE -fsanitize=address,undefined)
+  target_link_options(opcoes INTERFACE -fsanitize=${sanitizadores})
+  target_compile_definitions(opcoes INTERFACE VORPLEX_SANITIZE)
 endif()
 if(VORPLEX_COVERAGE)
   target_compile_options(opcoes INTERFACE --coverage -fprofile-update=atomic)

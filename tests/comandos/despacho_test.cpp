@@ -127,7 +127,7 @@ TEST(Despacho, SaidaEhLiberadaLinhaPorLinha) {
   EXPECT_EQ(leTudo("dito"), titulo + "Relat ent.ho2 sai.rel\n" + erroDeArgumentos);
 }
 
-#ifndef __SANITIZE_ADDRESS__  // which reserves more than any limit set here
+#ifndef VORPLEX_SANITIZE  // which reserves more than any limit set here
 TEST(Despacho, FaltaDeMemoriaEhUmaLinhaDeErro) {
   const PASTA pasta;
   grava("a.ho1", "0\n//correl f    l    c       d1       d2 deg\n");
