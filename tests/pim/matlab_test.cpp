@@ -207,6 +207,41 @@ TEST(LeArquivoMat, MatrizEnormeDeclaradaEhRecusadaSemMemoria) {
   EXPECT_NE(leArquivoMat("a.mat").erro, "");
 }
 
+// matio itself goes on with what follows the numbers, or with what its memory held.
+TEST(LeArquivoMat, MenosNumerosQueAsDimensoesPedemEhErro) {
+  const PASTA pasta;
+  for (const bool seguida : {false, true}) {
+    mat_t* mat = criaMat("a.mat");
+    anexaVariavel(mat, matriz<std::uint8_t>({1, 2, 3, 4, 5, 6}, 2, 3), v5);
+    std::size_t um[2] = {1, 1};
+    double outra = 8;
+    if (seguida) {
+      anexaVariavel(mat, Mat_VarCreate("o", MAT_C_DOUBLE, MAT_T_DOUBLE, 2, um, &outra, 0), v5);
+    }
+    Mat_Close(mat);
+    std::string bytes = leTudo("a.mat");
+    const std::size_t lados = bytes.find(std::string("\2\0\0\0\3\0\0\0", 8));
+    ASSERT_NE(lados, std::string::npos);
+    bytes[lados + 4] = 9;
+    grava("a.mat", bytes);
+    EXPECT_EQ(leArquivoMat("a.mat").erro, "MAT-file incompleto") << seguida;
+  }
+}
+
+TEST(LeArquivoMat, ComprimidoComQualquerByteTrocadoEhErro) {
+  const PASTA pasta;
+  constexpr std::size_t comprimidos = 128 + 8;  // behind the header and one tag
+  gravaMat<std::uint8_t>("a.mat", std::vector<std::uint8_t>(120, 7), 8, 15, v5comprimido);
+  const std::string inteiro = leTudo("a.mat");
+  ASSERT_EQ(leArquivoMat("a.mat").erro, "");
+  for (std::size_t i = comprimidos; i < inteiro.size(); ++i) {
+    std::string trocado = inteiro;
+    trocado[i] = static_cast<char>(trocado[i] ^ 4);
+    grava("b.mat", trocado);
+    EXPECT_EQ(leArquivoMat("b.mat").erro, "MAT-file incompleto") << i;
+  }
+}
+
 TEST(LeImagemMat, MatEhReconhecidoPeloConteudoENaoPeloNome) {
   const PASTA pasta;
   gravaMat<double>("classes.png", {1, 2}, 1, 2);

@@ -7,7 +7,8 @@
 
 namespace pim {
 
-// The three operations of `CODECS`; see there.
+// The operations of `CODECS`; see there.
+bool reconheceImagem(const std::string& nome);
 RESULTADO decodificaImagem(const std::vector<unsigned char>& bytes);
 bool codificaImagem(const std::string& tipo, const cv::Mat& img, std::vector<unsigned char>& bytes);
 RESULTADO leArquivoMat(const std::string& nome);

@@ -1,5 +1,8 @@
+#include <algorithm>
+#include <array>
 #include <opencv2/imgcodecs.hpp>
 #include <opencv2/imgproc.hpp>
+#include <string_view>
 
 #include "pim/modulo/formatos.h"
 #include "pim/modulo/silencio.h"
@@ -41,6 +44,17 @@ cv::Mat sobreBranco(const cv::Mat& img) {
   return cor;
 }
 
+// Whether the JPEG library complained of coded data that it could not follow: it goes on with grey.
+// Its other warnings are about harmless things, such as stray bytes between segments.
+bool jpegCorrompido(const std::string& dito) {
+  constexpr std::array<std::string_view, 5> queixas = {
+      "premature end of data segment", "bad Huffman code", "bad arithmetic code", "instead of RST",
+      "Premature end of JPEG file"};
+  return std::any_of(queixas.begin(), queixas.end(), [&dito](std::string_view queixa) {
+    return dito.find(queixa) != std::string::npos;
+  });
+}
+
 }  // namespace
 
 bool jpegInteiro(const std::vector<unsigned char>& bytes) {
@@ -67,6 +81,11 @@ cv::Mat para8BitsSemAlfa(const cv::Mat& img) {
   return oito.channels() == 4 ? sobreBranco(oito) : oito;
 }
 
+bool reconheceImagem(const std::string& nome) {
+  const SILENCIO silencio;
+  return cv::haveImageReader(nome);
+}
+
 RESULTADO decodificaImagem(const std::vector<unsigned char>& bytes) {
   const SILENCIO silencio;
   if (bytes.empty()) return {{}, "arquivo vazio"};
@@ -78,6 +97,7 @@ RESULTADO decodificaImagem(const std::vector<unsigned char>& bytes) {
     const cv::Mat img = cv::imdecode(bytes, modo);
     const bool serve = !img.empty() && img.channels() != 2 && img.channels() <= 4;
     if (!serve) return {{}, "nao e' uma imagem legivel"};
+    if (jpeg && jpegCorrompido(silencio.dito())) return {{}, "dados corrompidos"};
     return {para8BitsSemAlfa(img), ""};
   } catch (const cv::Exception& e) {
     return {{}, e.err};

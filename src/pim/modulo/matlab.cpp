@@ -1,14 +1,11 @@
 #include <matio.h>
 
-#include <algorithm>
-#include <array>
 #include <cmath>
-#include <fstream>
 #include <memory>
 #include <span>
-#include <string_view>
 
 #include "pim/modulo/formatos.h"
+#include "pim/modulo/mat5.h"
 #include "pim/modulo/silencio.h"
 
 namespace pim {
@@ -70,42 +67,13 @@ bool copiaSegundoTipo(const matvar_t& var, cv::Mat_<unsigned char>& img) {
   }
 }
 
-// Whether every element of a MAT-file of version 5 ends inside the file; other versions are passed.
-// The library itself takes what is missing from a cut file for data.
-bool elementosInteiros(const std::string& nome) {
-  constexpr std::size_t cabecalho = 128;  // bytes; version and byte order are the last four
-  constexpr std::size_t etiqueta = 8;     // type and size of an element, 32 bits each
-  std::ifstream arquivo(nome, std::ios::binary | std::ios::ate);
-  const auto total = static_cast<std::size_t>(std::max<std::streamoff>(arquivo.tellg(), 0));
-  std::array<char, etiqueta> lida{};
-  const auto le = [&](std::size_t posicao, std::size_t n) {
-    arquivo.seekg(static_cast<std::streamoff>(posicao));
-    return !!arquivo.read(lida.data(), static_cast<std::streamsize>(n));
-  };
-  if (total < cabecalho || !le(cabecalho - 4, 4)) return true;
-  const std::string_view marca(lida.data(), 4);
-  const bool little = marca == std::string_view("\0\1IM", 4);
-  if (!little && marca != std::string_view("\1\0MI", 4)) return true;
-
-  std::size_t posicao = cabecalho;
-  while (posicao < total) {
-    if (!le(posicao, etiqueta)) return false;
-    std::size_t tamanho = 0;
-    for (std::size_t k = 0; k < 4; ++k) {
-      tamanho = tamanho << 8U | static_cast<unsigned char>(lida[little ? 7 - k : 4 + k]);
-    }
-    posicao += etiqueta + tamanho;
-  }
-  return posicao == total;
-}
-
 }  // namespace
 
 RESULTADO leArquivoMat(const std::string& nome) {
   const SILENCIO silencio;
   const std::unique_ptr<mat_t, FECHAMAT> mat(Mat_Open(nome.c_str(), MAT_ACC_RDONLY));
   if (!mat) return {{}, "nao e' uma imagem nem um MAT-file"};
-  if (!elementosInteiros(nome)) return {{}, "MAT-file incompleto"};
+  if (!mat5Inteiro(nome)) return {{}, "MAT-file incompleto"};
   VARIAVEL var;
   do {
     var.reset(Mat_VarReadNextInfo(mat.get()));
