@@ -1,0 +1,63 @@
+#include "export/geojson.h"
+
+#include <utility>
+#include <vector>
+
+#include "export/colunas.h"
+#include "export/parcial.h"
+#include "measure/contorno.h"
+
+namespace {
+
+constexpr double desvio = 0.02;  // px
+constexpr int digitos = 10;
+
+void poePonto(std::string& s, const PONTO& p, const ESCALA& e) {
+  s += '[';
+  poeArredondado(s, comprimento(p.x, e), digitos);
+  s += ',';
+  poeArredondado(s, comprimento(p.y, e), digitos);
+  s += ']';
+}
+
+void poeAnel(std::string& s, const GRAO& g, const ESCALA& e) {
+  const std::vector<PONTO> v = contorno(g.maximo, desvio);
+  s += '[';
+  for (const PONTO& p : v) {
+    poePonto(s, p, e);
+    s += ',';
+  }
+  poePonto(s, v.front(), e);
+  s += ']';
+}
+
+}  // namespace
+
+void impGeojson(const FOTOGRAFIA& foto, const std::string& nome, IDIOMA idioma) {
+  PARCIAL p = abreParcial(nome);
+  const std::vector<std::string> nomes = nomesDoGrao(foto.escala.unidade, idioma);
+  std::vector<VALOR> valores;
+  std::string& s = p.pendente;
+  s += "{\"type\":\"FeatureCollection\",\"features\":[";
+  const char* separador = "\n";
+  for (const GRAO& g : foto.graos) {
+    s += separador;
+    separador = ",\n";
+    s += "{\"type\":\"Feature\",\"id\":";
+    poeNumero(s, g.indice);
+    s += ",\"properties\":{";
+    valoresDoGrao(g, foto.escala, idioma, valores);
+    for (std::size_t k = 0; k < nomes.size(); ++k) {
+      if (k > 0) s += ',';
+      poeJson(s, nomes[k]);
+      s += ':';
+      poeJson(s, valores[k]);
+    }
+    s += "},\"geometry\":{\"type\":\"Polygon\",\"coordinates\":[";
+    poeAnel(s, g, foto.escala);
+    s += "]}}";
+    adianta(p);
+  }
+  s += "\n]}\n";
+  conclui(std::move(p));
+}

@@ -1,0 +1,66 @@
+#include "export/graoscsv.h"
+
+#include <utility>
+
+#include "export/colunas.h"
+#include "pim/erro.h"
+
+namespace {
+
+void poeCabecalho(std::string& s, UNIDADE unidade, IDIOMA idioma, bool comFoto) {
+  const char* separador = "";
+  if (comFoto) {
+    s += diz(frases::foto, idioma);
+    separador = ",";
+  }
+  for (const std::string& nome : nomesDoGrao(unidade, idioma)) {
+    s += separador;
+    s += nome;
+    separador = ",";
+  }
+  s += '\n';
+}
+
+// One row for each grain; `prefixo` stands before each.
+void poeLinhas(PARCIAL& p, const FOTOGRAFIA& foto, IDIOMA idioma, const std::string& prefixo) {
+  std::vector<VALOR> valores;
+  for (const GRAO& g : foto.graos) {
+    valoresDoGrao(g, foto.escala, idioma, valores);
+    p.pendente += prefixo;
+    for (const VALOR& v : valores) {
+      poeCsv(p.pendente, v);
+      p.pendente += ',';
+    }
+    p.pendente.back() = '\n';
+    adianta(p);
+  }
+}
+
+}  // namespace
+
+void impGraosCsv(const FOTOGRAFIA& foto, const std::string& nome, IDIOMA idioma) {
+  PARCIAL p = abreParcial(nome);
+  poeCabecalho(p.pendente, foto.escala.unidade, idioma, false);
+  poeLinhas(p, foto, idioma, "");
+  conclui(std::move(p));
+}
+
+TABELA_GRAOS abreGraosCsv(const std::string& nome, UNIDADE unidade, IDIOMA idioma) {
+  TABELA_GRAOS t{abreParcial(nome), unidade, idioma};
+  poeCabecalho(t.saida.pendente, unidade, idioma, true);
+  return t;
+}
+
+void acrescenta(TABELA_GRAOS& t, const FOTOGRAFIA& foto) {
+  if (foto.escala.unidade != t.unidade) {
+    pim::erro("Erro: Fotografias com unidades diferentes: ", foto.nome);
+  }
+  std::string prefixo;
+  poeCsv(prefixo, foto.nome);
+  prefixo += ',';
+  poeLinhas(t.saida, foto, t.idioma, prefixo);
+}
+
+void conclui(TABELA_GRAOS t) {
+  conclui(std::move(t.saida));
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+#include "pim/arquivo.h"
+
+// A result that is written aside, as NAME.parcial, and takes its name when it is complete: whoever
+// sees NAME sees all of it, and what stood there before stays until then. After an error the
+// .parcial remains; the next run overwrites it.
+struct PARCIAL {
+  std::string nome;      // the final name
+  pim::ARQUIVO arquivo;  // NAME.parcial
+  std::string pendente;  // text not yet handed over
+};
+
+// pim::erro when NAME.parcial can't be created.
+PARCIAL abreParcial(const std::string& nome);
+
+// Hands over what is pending when it is worth a write. Call it after each row.
+void adianta(PARCIAL& p);
+
+// Writes the rest, closes and renames; pim::erro when any write, the close or the rename failed.
+void conclui(PARCIAL p);

@@ -1,0 +1,111 @@
+#include "export/resumocsv.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "export/parcial.h"
+#include "export/valor.h"
+#include "pim/erro.h"
+
+namespace {
+
+struct CELULA {
+  std::string nome;
+  VALOR valor;
+};
+
+std::string medido(const FRASE& f, const RESUMO& r, IDIOMA idioma, const char* sufixo = "") {
+  return std::string(diz(f, idioma)) + '_' + nomeDaUnidade(r.unidade) + sufixo;
+}
+
+std::string emPhi(const FRASE& f, const RESUMO& r, IDIOMA idioma) {
+  return std::string(diz(f, idioma)) + (r.unidade == UNIDADE::px ? "_phi_px" : "_phi");
+}
+
+void poeContagens(std::vector<CELULA>& c, const RESUMO& r, IDIOMA idioma) {
+  constexpr FRASE formas[] = {frases::circulos, frases::quadrados, frases::retangulos,
+                              frases::elipses};
+  c.push_back({diz(frases::fotos, idioma), r.fotos});
+  c.push_back({diz(frases::graos, idioma), r.graos});
+  for (std::size_t k = 0; k < letras.size(); ++k) {
+    c.push_back({diz(formas[k], idioma), r.porForma[k]});
+  }
+  c.push_back({diz(frases::naBorda, idioma), r.naBorda});
+  c.push_back({medido(frases::areaDaFoto, r, idioma, "2"), r.area});
+  c.push_back({medido(frases::densidade, r, idioma, "2"), valor(r.densidade)});
+  c.push_back({diz(frases::grandeza, idioma), std::string(nomeDaGrandeza(r.grandeza, idioma))});
+  c.push_back({diz(frases::peso, idioma), std::string(nomeDoPeso(r.peso, idioma))});
+}
+
+void poeDistribuicao(std::vector<CELULA>& c, const RESUMO& r, IDIOMA idioma) {
+  const DISTRIBUICAO& d = r.distribuicao;
+  for (std::size_t i = 0; i < percentis.size(); ++i) {
+    const std::string nome = 'd' + std::to_string(percentis[i]) + '_' + nomeDaUnidade(r.unidade);
+    c.push_back({nome, valor(d.d[i])});
+  }
+  c.push_back({medido(frases::media, r, idioma), valor(d.media)});
+  c.push_back({medido(frases::desvio, r, idioma), valor(d.desvio)});
+  c.push_back({emPhi(frases::mediaPhi, r, idioma), valor(d.mediaPhi)});
+  c.push_back({emPhi(frases::selecao, r, idioma), valor(d.selecao)});
+  c.push_back({diz(frases::assimetria, idioma), valor(d.assimetria)});
+  c.push_back({diz(frases::curtose, idioma), valor(d.curtose)});
+  c.push_back({diz(frases::uniformidade, idioma), valor(d.uniformidade)});
+  c.push_back({diz(frases::curvatura, idioma), valor(d.curvatura)});
+}
+
+void poePeneiras(std::vector<CELULA>& c, const RESUMO& r, IDIOMA idioma) {
+  for (const PENEIRA& p : r.peneiras) {
+    if (p.de == 0) {
+      c.push_back({std::string(diz(frases::retida, idioma)) + '_' + diz(frases::fundo, idioma),
+                   valor(p.retida)});
+      continue;
+    }
+    std::string malha = "_";
+    poeNumero(malha, p.de);
+    malha += std::string("_") + nomeDaUnidade(r.unidade);
+    c.push_back({diz(frases::retida, idioma) + malha, valor(p.retida)});
+    c.push_back({diz(frases::passante, idioma) + malha, valor(p.passante)});
+  }
+}
+
+std::vector<CELULA> celulas(const std::string& foto, const RESUMO& r, IDIOMA idioma) {
+  std::vector<CELULA> c = {{diz(frases::foto, idioma), foto}};
+  poeContagens(c, r, idioma);
+  poeDistribuicao(c, r, idioma);
+  poePeneiras(c, r, idioma);
+  return c;
+}
+
+void poeLinha(PARCIAL& p, const std::vector<CELULA>& c) {
+  for (const CELULA& celula : c) {
+    poeCsv(p.pendente, celula.valor);
+    p.pendente += ',';
+  }
+  p.pendente.back() = '\n';
+  adianta(p);
+}
+
+bool mesmasColunas(const std::vector<CELULA>& a, const std::vector<CELULA>& b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](const CELULA& x, const CELULA& y) { return x.nome == y.nome; });
+}
+
+}  // namespace
+
+void impResumoCsv(const std::vector<LINHA_RESUMO>& linhas, const RESUMO& total,
+                  const std::string& nome, IDIOMA idioma) {
+  PARCIAL p = abreParcial(nome);
+  const std::vector<CELULA> ultima = celulas(diz(frases::total, idioma), total, idioma);
+  for (const CELULA& celula : ultima) {
+    poeCsv(p.pendente, celula.nome);
+    p.pendente += ',';
+  }
+  p.pendente.back() = '\n';
+  for (const LINHA_RESUMO& linha : linhas) {
+    const std::vector<CELULA> c = celulas(linha.foto, linha.resumo, idioma);
+    if (!mesmasColunas(c, ultima)) pim::erro("Erro: Resumo com outras colunas: ", linha.foto);
+    poeLinha(p, c);
+  }
+  poeLinha(p, ultima);
+  conclui(std::move(p));
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "export/idioma.h"
+#include "measure/resumo.h"
+
+// One row of the summary table.
+struct LINHA_RESUMO {
+  std::string foto;
+  RESUMO resumo;
+};
+
+// The summary of many photographs: a row for each and a last row, named "total", for `total`. CSV
+// as in export/graoscsv.h. Columns: name; photographs, grains, each shape, grains touching the
+// border; area of the picture and grains per unit of it; which size and which weight the rest is
+// about; D5 to D95, mean, standard deviation; mean and sorting of Folk and Ward in phi (of sizes in
+// px, phi relative to 1 px, the name ends in phi_px), skewness and kurtosis; Cu, Cc; for each sieve
+// the share retained and passing, named by its aperture, and the share in the pan. What can't be
+// said is an empty cell. pim::erro when a row has other units or sieves than the total, or when the
+// file can't be written whole.
+void impResumoCsv(const std::vector<LINHA_RESUMO>& linhas, const RESUMO& total,
+                  const std::string& nome, IDIOMA idioma = IDIOMA::pt);

@@ -1,0 +1,70 @@
+#include "export/zip.h"
+
+#include <zip.h>
+
+#include <utility>
+
+#include "export/parcial.h"
+#include "pim/erro.h"
+
+namespace {
+
+// The archive is made in memory and written by our own means, which see a full disk.
+
+[[noreturn]] void falha(const std::string& nome, const char* motivo) {
+  pim::erro("Erro gravacao arquivo ", nome, std::string(": ") + motivo);
+}
+
+constexpr zip_uint16_t primeiroDeJaneiroDe1980 = (1U << 5U) | 1U;
+
+void poeEntrada(zip_t* z, const ENTRADA& e, const std::string& nome) {
+  zip_source_t* fonte = zip_source_buffer(z, e.bytes.data(), e.bytes.size(), 0);
+  if (fonte == nullptr) falha(nome, zip_strerror(z));
+  const zip_int64_t i = zip_file_add(z, e.nome.c_str(), fonte, ZIP_FL_ENC_UTF_8);
+  if (i < 0) falha(nome, zip_strerror(z));
+  const auto indice = static_cast<zip_uint64_t>(i);
+  if (zip_set_file_compression(z, indice, ZIP_CM_STORE, 0) != 0 ||
+      zip_file_set_dostime(z, indice, 0, primeiroDeJaneiroDe1980, 0) != 0) {
+    falha(nome, zip_strerror(z));
+  }
+}
+
+// What the closed archive left in its source.
+std::string conteudo(zip_source_t* destino, const std::string& nome) {
+  zip_stat_t dados;
+  if (zip_source_open(destino) != 0 || zip_source_stat(destino, &dados) != 0) {
+    falha(nome, zip_error_strerror(zip_source_error(destino)));
+  }
+  std::string bytes(dados.size, '\0');
+  if (zip_source_read(destino, bytes.data(), dados.size) != static_cast<zip_int64_t>(dados.size)) {
+    falha(nome, zip_error_strerror(zip_source_error(destino)));
+  }
+  zip_source_close(destino);
+  return bytes;
+}
+
+std::string arquivoZip(const std::vector<ENTRADA>& entradas, const std::string& nome) {
+  // libzip leaves no file at all when there is no entry. This is the end record alone.
+  if (entradas.empty()) return "PK\x05\x06" + std::string(18, '\0');
+  zip_error_t motivo;
+  zip_error_init(&motivo);
+  zip_source_t* destino = zip_source_buffer_create(nullptr, 0, 0, &motivo);
+  if (destino == nullptr) falha(nome, zip_error_strerror(&motivo));
+  zip_t* z = zip_open_from_source(destino, ZIP_TRUNCATE, &motivo);
+  if (z == nullptr) falha(nome, zip_error_strerror(&motivo));
+  zip_source_keep(destino);
+  for (const ENTRADA& e : entradas) poeEntrada(z, e, nome);
+  if (zip_close(z) != 0) falha(nome, zip_strerror(z));
+  std::string bytes = conteudo(destino, nome);
+  zip_source_free(destino);
+  zip_error_fini(&motivo);
+  return bytes;
+}
+
+}  // namespace
+
+void impZip(const std::vector<ENTRADA>& entradas, const std::string& nome) {
+  PARCIAL p = abreParcial(nome);
+  p.pendente = arquivoZip(entradas, nome);
+  conclui(std::move(p));
+}

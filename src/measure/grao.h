@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "detect/maxlocal.h"
+
+// One measured grain. Lengths are in pixels, areas in square pixels, all from the nominal sizes of
+// the detection and not from the pixels that a drawing of it covers.
+struct GRAO {
+  std::size_t indice = 0;  // its place in the list, from 0, as traca writes it on the picture
+  MAXLOCAL maximo;         // shape, centre, sizes, angle and correlation
+  double area = 0;         // circle pi d1^2 / 4, square d1^2, rectangle d1 d2, ellipse pi d1 d2 / 4
+  double equivalente = 0;  // diameter of the circle of equal area, sqrt(4 area / pi)
+  double perimetro = 0;    // exact (measure/perimetro.h for the ellipse)
+  double menor = 0;        // lesser side or axis; the size that a sieve sees
+  double maior = 0;        // greater side or axis
+  double alongamento = 1;  // maior / menor, at least 1
+  bool tocaBorda = false;  // its outline reaches beyond the outermost pixels of the picture
+};
+
+// Sizes that can be measured, in pixels: what a list can hold, and no shape is larger than a
+// picture.
+inline constexpr double menorTamanho = 1e-5;
+inline constexpr double maiorTamanho = 1e6;
+
+// Whether the record is a shape with an extent: one of the four letters, every number finite, and
+// the sizes that its letter uses from `menorTamanho` to `maiorTamanho`.
+bool mensuravel(const MAXLOCAL& m);
+
+// Measures one detection of a picture of rows by cols pixels. pim::erro "Erro: Forma sem medida"
+// with index, letter and sizes when it is not `mensuravel`.
+GRAO mede(const MAXLOCAL& m, std::size_t indice, int rows, int cols);
+
+// Measures a whole list, in its order.
+std::vector<GRAO> medeTodos(const std::vector<MAXLOCAL>& v, int rows, int cols);

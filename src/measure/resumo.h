@@ -1,0 +1,62 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "measure/distribuicao.h"
+#include "measure/escala.h"
+#include "measure/grao.h"
+#include "measure/peneira.h"
+
+// A photograph and what was found in it.
+struct FOTOGRAFIA {
+  std::string nome;
+  int rows = 0;
+  int cols = 0;
+  ESCALA escala;
+  std::vector<GRAO> graos;
+};
+
+// The four shapes, in the order of all counts.
+inline constexpr std::array<char, 4> letras = {'c', 'q', 'r', 'e'};
+
+// The grains of one or several photographs put together, each measured by its own scale.
+struct ACUMULADO {
+  GRANDEZA grandeza = GRANDEZA::equivalente;
+  PESO peso = PESO::numero;
+  UNIDADE unidade = UNIDADE::px;  // that of all photographs
+  std::size_t fotos = 0;
+  std::array<std::size_t, letras.size()> porForma{};
+  std::size_t naBorda = 0;  // grains that reach beyond their picture
+  double area = 0;          // of all photographs, in square units
+  std::vector<MEDIDA> medidas;
+};
+
+// Adds a photograph. pim::erro naming it when its unit is not that of the photographs before it.
+void acumula(ACUMULADO& a, const FOTOGRAFIA& foto);
+
+// What is said of one photograph, or of several together. Lengths are in `unidade`, areas in its
+// square, densities in grains per square unit.
+struct RESUMO {
+  GRANDEZA grandeza = GRANDEZA::equivalente;
+  PESO peso = PESO::numero;
+  UNIDADE unidade = UNIDADE::px;
+  std::size_t fotos = 0;
+  std::size_t graos = 0;
+  std::array<std::size_t, letras.size()> porForma{};
+  std::size_t naBorda = 0;
+  double area = 0;
+  std::optional<double> densidade;  // graos / area; empty when there is no area
+  DISTRIBUICAO distribuicao;
+  std::vector<PENEIRA> peneiras;
+};
+
+// `aberturas` as in measure/peneira.h, in the unit of the photographs.
+RESUMO resume(const ACUMULADO& a, const std::vector<double>& aberturas = {});
+
+// One photograph alone.
+RESUMO resume(const FOTOGRAFIA& foto, GRANDEZA grandeza, PESO peso,
+              const std::vector<double>& aberturas = {});

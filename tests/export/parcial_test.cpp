@@ -1,0 +1,60 @@
+#include "export/parcial.h"
+
+#include <gtest/gtest.h>
+
+#include "apoio/pasta.h"
+
+namespace {
+
+TEST(Parcial, ONomeSoApareceQuandoEstaCompleto) {
+  const PASTA pasta;
+  grava("a.csv", "antes");
+  PARCIAL p = abreParcial("a.csv");
+  p.pendente = std::string(200000, 'x');
+  adianta(p);
+  EXPECT_TRUE(p.pendente.empty());
+  p.pendente = "fim";
+  adianta(p);
+  EXPECT_EQ(p.pendente, "fim");
+  EXPECT_EQ(leTudo("a.csv"), "antes");
+  EXPECT_TRUE(existe("a.csv.parcial"));
+  conclui(std::move(p));
+  EXPECT_EQ(leTudo("a.csv"), std::string(200000, 'x') + "fim");
+  EXPECT_FALSE(existe("a.csv.parcial"));
+}
+
+TEST(Parcial, RestoDeUmaCorridaInterrompidaNaoAtrapalha) {
+  const PASTA pasta;
+  grava("a.csv.parcial", std::string(5000, 'z'));
+  PARCIAL p = abreParcial("a.csv");
+  p.pendente = "novo";
+  conclui(std::move(p));
+  EXPECT_EQ(leTudo("a.csv"), "novo");
+}
+
+TEST(Parcial, DiscoCheioEhErroEOAnteriorFica) {
+  const PASTA pasta;
+  grava("a.csv", "antes");
+  std::filesystem::create_symlink("/dev/full", "a.csv.parcial");
+  const auto escreve = [](std::size_t n) {
+    PARCIAL p = abreParcial("a.csv");
+    p.pendente = std::string(n, 'x');
+    adianta(p);
+    conclui(std::move(p));
+  };
+  for (const std::size_t n : {std::size_t{1}, std::size_t{200000}}) {
+    EXPECT_EXIT(escreve(n), testing::ExitedWithCode(1), "^Erro gravacao arquivo a.csv.parcial\n$");
+  }
+  EXPECT_EQ(leTudo("a.csv"), "antes");
+}
+
+TEST(Parcial, PastaQueNaoExisteOuEstaNoLugarEhErro) {
+  const PASTA pasta;
+  EXPECT_EXIT(abreParcial("sem/a.csv"), testing::ExitedWithCode(1),
+              "^Erro abertura arquivo sem/a.csv.parcial\n$");
+  std::filesystem::create_directory("d.csv");
+  EXPECT_EXIT(conclui(abreParcial("d.csv")), testing::ExitedWithCode(1),
+              "^Erro gravacao arquivo d.csv\n$");
+}
+
+}  // namespace
