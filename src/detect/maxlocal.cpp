@@ -6,6 +6,7 @@
 
 #include "kernels/formas.h"
 #include "pim/arquivo.h"
+#include "pim/converte.h"
 #include "pim/erro.h"
 #include "pim/token.h"
 
@@ -19,7 +20,7 @@ constexpr int reservaInicial = 1 << 20;
 MAXLOCAL leRegistro(std::FILE* f, const std::string& nome) {
   MAXLOCAL m;
   pim::leNum(f, m.correl, nome);
-  const std::string forma = pim::leStr(f);
+  const std::string forma = pim::leStr(f, nome);
   if (forma.empty()) pim::erro("Erro leitura forma");
   m.forma = forma[0];
   pim::leNum(f, m.li, nome);
@@ -28,6 +29,14 @@ MAXLOCAL leRegistro(std::FILE* f, const std::string& nome) {
   pim::leNum(f, m.d2, nome);
   pim::leNum(f, m.ang, nome);
   return m;
+}
+
+// The exception ends the process with a line that names no file, so one that does goes before it.
+[[noreturn]] void recusaContagem(std::FILE* f, int n, const std::string& nome) {
+  std::fflush(stdout);
+  std::fprintf(stderr, "Erro: Numero de registros impossivel %d%s\n", n,
+               pim::lugar(f, nome).c_str());
+  throw std::length_error("vector::reserve");
 }
 
 }  // namespace
@@ -48,7 +57,7 @@ void leMaxLocais(std::vector<MAXLOCAL>& v, const std::string& nome) {
   const pim::ARQUIVO arquivo = pim::abre(nome, "rt");
   int n = 0;
   pim::leNum(arquivo.get(), n, nome);
-  if (n < 0 || n > maximoDeRegistros) throw std::length_error("vector::reserve");
+  if (n < 0 || n > maximoDeRegistros) recusaContagem(arquivo.get(), n, nome);
   v.reserve(v.size() + static_cast<std::size_t>(std::min(n, reservaInicial)));
   for (int i = 0; i < n; ++i) v.push_back(leRegistro(arquivo.get(), nome));
 }
@@ -71,4 +80,14 @@ void mascaraMaxLocal(MAXLOCAL m, cv::Mat_<unsigned char>& out) {
     default:
       return;
   }
+}
+
+int exigeDesenhavel(const MAXLOCAL& m, const std::string& nome, std::size_t k) {
+  const double lado = ladoDaMascara(m.forma, m.d1, m.d2);
+  if (lado <= maiorLado) return std::max(pim::trunca(lado), 0);
+  return exigeLado(lado, m.forma, m.d1, m.d2, maiorLado, lugarDoRegistro(nome, k));
+}
+
+std::string lugarDoRegistro(const std::string& nome, std::size_t k) {
+  return nome.empty() ? "" : " (" + nome + ", registro " + std::to_string(k) + ")";
 }

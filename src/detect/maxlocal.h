@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <opencv2/core.hpp>
 #include <string>
 #include <vector>
@@ -23,7 +24,7 @@ void impMaxLocais(const std::vector<MAXLOCAL>& v, const std::string& nome);
 
 // Appends the records of a .ho1 or .ho2 file to `v`: as many as its first number says, whatever
 // follows them. pim::erro when the file can't be opened, or at a missing or bad number. A count
-// below 0 or above 107374182 throws std::length_error.
+// below 0 or above 107374182 is told on standard error and throws std::length_error.
 void leMaxLocais(std::vector<MAXLOCAL>& v, const std::string& nome);
 
 // Prints one record on standard output, for diagnosis.
@@ -32,3 +33,11 @@ void mostraMaxLocal(MAXLOCAL m);
 // The filled mask of the detected shape (kernels/formas.h), by its letter. Any other letter leaves
 // `out` as it was.
 void mascaraMaxLocal(MAXLOCAL m, cv::Mat_<unsigned char>& out);
+
+// The side of that mask in pixels, 0 when there is none. pim::erro with the shape, `nome` and the
+// index `k` of the record in that file when it is too large to draw.
+int exigeDesenhavel(const MAXLOCAL& m, const std::string& nome, std::size_t k);
+
+// " (NAME, registro K)", for messages about record `k`, counted from 0, of a list; nothing when
+// there is no name.
+std::string lugarDoRegistro(const std::string& nome, std::size_t k);

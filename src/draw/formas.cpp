@@ -3,48 +3,72 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 #include "kernels/formas.h"
-#include "pim/img.h"
+#include "pim/erro.h"
 #include "pim/letreiro.h"
 
 namespace {
 
+using pim::TRECHO;
 using pim::VEC3B;
 
 const VEC3B vermelho(0, 0, 255);
 const VEC3B branco(255, 255, 255);
 const VEC3B verde(0, 255, 0);
 
-// The outline image of a record; empty for an unknown letter.
-cv::Mat_<unsigned char> contorno(const MAXLOCAL& m) {
-  cv::Mat_<unsigned char> g;
-  if (m.forma == 'c') contornoCirculo(g, m.d1);
-  if (m.forma == 'q') contornoQuadrado(g, m.d1, m.ang);
-  if (m.forma == 'r') contornoRetangulo(g, m.d1, m.d2, m.ang);
-  if (m.forma == 'e') contornoElipse(g, m.d1, m.d2, m.ang);
-  return g;
+// Row y of a shape without its inner pixels, as up to two stretches: the shape is convex, so that
+// the inner ones are a stretch too.
+struct CONTORNO {
+  TRECHO esquerdo;
+  TRECHO direito;
+};
+
+CONTORNO contorno(const PERFIL& p, int y) {
+  const TRECHO t = p.linha(y);
+  const TRECHO acima = p.linha(y - 1);
+  const TRECHO abaixo = p.linha(y + 1);
+  const bool cercada = acima.de <= acima.ate && abaixo.de <= abaixo.ate;
+  const int de = std::max({t.de + 1, acima.de, abaixo.de});
+  const int ate = std::min({t.ate - 1, acima.ate, abaixo.ate});
+  if (!cercada || de > ate) return {t, {}};
+  return {{t.de, de - 1}, {ate + 1, t.ate}};
 }
 
-void pinta(cv::Mat_<VEC3B>& img, std::int64_t l, std::int64_t c, const VEC3B& cor) {
-  if (l < 0 || l >= img.rows || c < 0 || c >= img.cols) return;
-  img(static_cast<int>(l), static_cast<int>(c)) = cor;
-}
+// Where the rows of a shape stand in an image: row y at `topo` + y, its column 0 at `centro`.
+// Columns before `primeira` and after `ultima` are not painted.
+struct PINCEL {
+  cv::Mat_<VEC3B>& img;
+  std::int64_t topo;
+  std::int64_t centro;
+  int primeira;
+  int ultima;
+  VEC3B cor;
 
-bool tocaContorno(const IMG_<unsigned char>& g, int y, int x) {
-  return g.atb(y, x) == 0 || g.atb(y - 1, x) == 0 || g.atb(y + 1, x) == 0 || g.atb(y, x - 1) == 0 ||
-         g.atb(y, x + 1) == 0;
-}
+  // Paints a stretch, widened by `mais` at both ends.
+  void pinta(int y, const TRECHO& t, int mais) const {
+    const std::int64_t l = topo + y;
+    if (t.de > t.ate || l < 0 || l >= img.rows) return;
+    const std::int64_t de = std::max<std::int64_t>(std::max(t.de - mais, primeira) + centro, 0);
+    const std::int64_t ate = std::min(std::min(t.ate + mais, ultima) + centro, img.cols - 1L);
+    for (std::int64_t c = de; c <= ate; ++c) img(static_cast<int>(l), static_cast<int>(c)) = cor;
+  }
+  void pinta(int y, const CONTORNO& c, int mais) const {
+    pinta(y, c.esquerdo, mais);
+    pinta(y, c.direito, mais);
+  }
+};
 
 // The pixels of one axis that a centre mark covers: `de` up to but excluding `ate`. `antes` and
 // `largura` are 0 and 1 for a thin mark, 1 and 3 for a bold one. The end stops short of the last
 // pixel of the axis.
-struct TRECHO {
+struct INTERVALO {
   int de;
   int ate;
 };
 
-TRECHO trecho(int centro, int n, int antes, int largura) {
+INTERVALO intervalo(int centro, int n, int antes, int largura) {
   const std::int64_t de = std::max<std::int64_t>(std::int64_t{centro} - antes, 0);
   const std::int64_t ate = std::min<std::int64_t>(de + largura, n - 1);
   return {static_cast<int>(std::min<std::int64_t>(de, n)), static_cast<int>(ate)};
@@ -56,8 +80,8 @@ void marcaCentro(cv::Mat_<VEC3B>& img, const MAXLOCAL& m, bool bold) {
     img(m.li, m.ci) = verde;
     return;
   }
-  const TRECHO linhas = trecho(m.li, img.rows, bold ? 1 : 0, bold ? 3 : 1);
-  const TRECHO colunas = trecho(m.ci, img.cols, bold ? 1 : 0, bold ? 3 : 1);
+  const INTERVALO linhas = intervalo(m.li, img.rows, bold ? 1 : 0, bold ? 3 : 1);
+  const INTERVALO colunas = intervalo(m.ci, img.cols, bold ? 1 : 0, bold ? 3 : 1);
   for (int l = linhas.de; l < linhas.ate; ++l) {
     for (int c = colunas.de; c < colunas.ate; ++c) img(l, c) = verde;
   }
@@ -66,22 +90,19 @@ void marcaCentro(cv::Mat_<VEC3B>& img, const MAXLOCAL& m, bool bold) {
 }  // namespace
 
 void tracaForma(cv::Mat_<VEC3B>& img, MAXLOCAL m, bool bold, VEC3B cor) {
-  const cv::Mat_<unsigned char> g = contorno(m);
-  const std::int64_t topo = std::int64_t{m.li} - (g.rows - 1) / 2;
-  const std::int64_t esquerda = std::int64_t{m.ci} - (g.cols - 1) / 2;
-  if (!bold) {
-    for (int y = 0; y < g.rows; ++y) {
-      for (int x = 0; x < g.cols; ++x) {
-        if (g(y, x) == 0) pinta(img, topo + y, esquerda + x, cor);
-      }
-    }
-    return;
-  }
-  const IMG_<unsigned char> vista(g, 255);
-  for (int y = 0; y < g.rows; ++y) {
-    for (int x = 0; x < g.cols - 1; ++x) {  // the last column is left out
-      if (tocaContorno(vista, y, x)) pinta(img, topo + y, esquerda + x, cor);
-    }
+  const PERFIL p = perfil(m.forma, m.d1, m.d2, m.ang);
+  const bool conhecida = std::string_view("cqre").find(m.forma) != std::string_view::npos;
+  if (p.lado < 1 && (conhecida || bold)) pim::erro("Erro: IMG_::constructor _mat nulo");
+  const int meio = p.lado / 2;
+  // A bold outline leaves out the last column of its image, and so do the pixels it adds.
+  const PINCEL pincel{img, std::int64_t{m.li} - meio, m.ci, -meio, bold ? meio - 1 : meio, cor};
+  const auto primeira = std::clamp<std::int64_t>(-pincel.topo - 1, 0, p.lado);
+  const auto ultima = std::clamp<std::int64_t>(img.rows - pincel.topo + 1, 0, p.lado);
+  for (auto y = static_cast<int>(primeira); y < ultima; ++y) {
+    const CONTORNO c = contorno(p, y);
+    pincel.pinta(y, c, bold ? 1 : 0);
+    if (bold && y > 0) pincel.pinta(y - 1, c, 0);
+    if (bold && y + 1 < p.lado) pincel.pinta(y + 1, c, 0);
   }
 }
 

@@ -1,5 +1,6 @@
 #include "draw/traca.h"
 
+#include <cstddef>
 #include <cstdio>
 #include <vector>
 
@@ -50,6 +51,7 @@ void Traca(int argc, char** argv) {
   pim::le(imagem, argv[1]);
   std::vector<MAXLOCAL> v;
   leMaxLocais(v, argv[2]);
+  for (std::size_t k = 0; k < v.size(); ++k) exigeDesenhavel(v[k], argv[2], k);
   imagem = tracaFormas(imagem, v, opcoes.contornoBold, pim::VEC3B(0, 0, 255));
   if (opcoes.indices) imagem = tracaIndices(imagem, v);
   if (opcoes.centros) imagem = tracaCentros(imagem, v, opcoes.centroBold);

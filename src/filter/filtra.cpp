@@ -1,6 +1,11 @@
 #include "filter/filtra.h"
 
+#include <array>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
 #include <cstdio>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -42,6 +47,44 @@ void completa(PARAMFILTRA& p) {
   }
   for (double* maximo : {&p.maxInterCir, &p.maxInterRet, &p.maxInterQua, &p.maxInterEli}) {
     if (*maximo < 0) *maximo = p.maxInterDef;
+  }
+}
+
+// Pixels of the masks of all distinct shapes of a list, each drawn at least once: half a minute's
+// work. A search finds at most as many shapes as it has kernels and levels, so that a list of its
+// own stays below a tenth of this.
+constexpr double maximoDePixels = 34359738368.0;
+
+double minimoDe(const PARAMFILTRA& p, char forma) {
+  switch (forma) {
+    case 'c':
+      return p.minCorrCir;
+    case 'r':
+      return p.minCorrRet;
+    case 'q':
+      return p.minCorrQua;
+    default:
+      return p.minCorrEli;
+  }
+}
+
+// Ends with an error when a shape that the filter will draw is too large, or all are too much.
+void exigeDesenhaveis(const std::vector<MAXLOCAL>& v, const PARAMFILTRA& p,
+                      const std::string& nome) {
+  std::set<std::array<std::uint64_t, 4>> vistas;  // bits, so that NaN is a value too
+  double pixels = 0;
+  for (std::size_t k = 0; k < v.size(); ++k) {
+    const MAXLOCAL& m = v[k];
+    if (static_cast<double>(m.correl) < minimoDe(p, m.forma)) continue;
+    const double lado = exigeDesenhavel(m, nome, k);
+    const bool nova =
+        lado > 0 &&
+        vistas
+            .insert({static_cast<unsigned char>(m.forma), std::bit_cast<std::uint64_t>(m.d1),
+                     std::bit_cast<std::uint64_t>(m.d2), std::bit_cast<std::uint64_t>(m.ang)})
+            .second;
+    if (nova) pixels += lado * lado;
+    if (pixels > maximoDePixels) pim::erro("Erro: Formas grandes demais em ", nome);
   }
 }
 
@@ -91,6 +134,7 @@ void Filtra(int argc, char** argv) {
   leMaxLocais(originais, argv[2]);
   std::printf("Numero de maximos locais originais=%u\n", static_cast<unsigned>(originais.size()));
 
+  exigeDesenhaveis(originais, p, argv[2]);
   std::puts("Filtrando os maximos locais com interseccao>maxInter...");
   std::vector<MAXLOCAL> mantidos;
   filtInter(originais, mantidos, imagem.size(), p.minCorrCir, p.maxInterCir, p.minCorrRet,

@@ -1,6 +1,9 @@
 #include "kernels/comando.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <cstdio>
+#include <string>
 #include <vector>
 
 #include "kernels/lekernels.h"
@@ -18,21 +21,72 @@ void lista(const std::vector<MASCARA>& kernels) {
   }
 }
 
-// Kernels stack up in a column that joins the mosaic at the last scale of a run. Kernels after the
-// last such one are left out, as a run of a single scale never closes its column.
-cv::Mat_<unsigned char> mosaico(const std::vector<MASCARA>& kernels) {
-  cv::Mat_<unsigned char> tudo;
-  cv::Mat_<unsigned char> coluna;
-  for (const MASCARA& m : kernels) {
-    cv::Mat_<unsigned char> cinza;
-    kernelParaCinza(m.kernel, cinza);
-    coluna = pim::grudaV(coluna, cinza, 1, 0);
-    if (m.inic == 2) {
-      tudo = pim::grudaH(tudo, coluna, 1, 0);
-      coluna.release();
-    }
+// The mosaic is no larger than the images that the program reads.
+constexpr std::int64_t maiorLadoDoMosaico = 1 << 20;
+constexpr std::int64_t maximoDePixels = 1 << 30;
+
+// A column of the mosaic: kernels `de` to `ate`, the last excluded.
+struct COLUNA {
+  std::size_t de;
+  std::size_t ate;
+};
+
+// Kernels stack up in a column that is closed by the last scale of a run. Kernels after the last
+// such one are left out, as a run of a single scale never closes its column.
+std::vector<COLUNA> colunas(const std::vector<MASCARA>& kernels) {
+  std::vector<COLUNA> lista;
+  std::size_t primeiro = 0;
+  for (std::size_t i = 0; i < kernels.size(); ++i) {
+    if (kernels[i].inic != 2) continue;
+    lista.push_back({primeiro, i + 1});
+    primeiro = i + 1;
   }
-  return tudo;
+  return lista;
+}
+
+void exigeQueCaiba(const std::vector<MASCARA>& kernels, const std::vector<COLUNA>& lista,
+                   const std::string& nome) {
+  std::int64_t rows = 0;
+  std::int64_t cols = -1;
+  for (const COLUNA& coluna : lista) {
+    std::int64_t altura = -1;
+    std::int64_t largura = 0;
+    for (std::size_t i = coluna.de; i < coluna.ate; ++i) {
+      altura += kernels[i].kernel.rows + 1;
+      largura = std::max<std::int64_t>(largura, kernels[i].kernel.cols);
+    }
+    rows = std::max(rows, altura);
+    cols += largura + 1;
+  }
+  const bool cabe = rows <= maiorLadoDoMosaico && cols <= maiorLadoDoMosaico;
+  if (!cabe || rows * cols > maximoDePixels) {
+    pim::erro("Erro: Mosaico grande demais ", nome,
+              " (" + std::to_string(cols) + " x " + std::to_string(rows) + " pixels)");
+  }
+}
+
+// Joins items `de` to `ate` by halves: adding them one by one would copy the first ones over and
+// over. The result is the same, since every side met on the way is odd and is centred exactly.
+template <class ITEM, class JUNTA>
+cv::Mat_<unsigned char> juntaMetades(std::size_t de, std::size_t ate, ITEM item, JUNTA junta) {
+  if (ate - de == 1) return item(de);
+  const std::size_t meio = de + (ate - de) / 2;
+  return junta(juntaMetades(de, meio, item, junta), juntaMetades(meio, ate, item, junta), 1, 0);
+}
+
+cv::Mat_<unsigned char> mosaico(const std::vector<MASCARA>& kernels, const std::string& nome) {
+  const std::vector<COLUNA> lista = colunas(kernels);
+  if (lista.empty()) return {};
+  exigeQueCaiba(kernels, lista, nome);
+  const auto cinza = [&](std::size_t i) {
+    cv::Mat_<unsigned char> G;
+    kernelParaCinza(kernels[i].kernel, G);
+    return G;
+  };
+  const auto coluna = [&](std::size_t k) {
+    return juntaMetades(lista[k].de, lista[k].ate, cinza, pim::grudaV);
+  };
+  return juntaMetades(0, lista.size(), coluna, pim::grudaH);
 }
 
 }  // namespace
@@ -40,8 +94,10 @@ cv::Mat_<unsigned char> mosaico(const std::vector<MASCARA>& kernels) {
 void kernelParaCinza(const cv::Mat_<float>& K, cv::Mat_<unsigned char>& G) {
   G.create(K.size());
   for (int l = 0; l < K.rows; ++l) {
+    const float* origem = K[l];
+    unsigned char* destino = G[l];
     for (int c = 0; c < K.cols; ++c) {
-      G(l, c) = K(l, c) < 0 ? 0 : K(l, c) > 0 ? 255 : 128;
+      destino[c] = origem[c] < 0 ? 0 : origem[c] > 0 ? 255 : 128;
     }
   }
 }
@@ -54,5 +110,5 @@ void Kernel(int argc, char** argv) {
   std::vector<MASCARA> kernels;
   leKernels(argv[1], kernels);
   lista(kernels);
-  pim::imp(mosaico(kernels), argv[2]);
+  pim::imp(mosaico(kernels, argv[2]), argv[2]);
 }

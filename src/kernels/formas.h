@@ -1,6 +1,10 @@
 #pragma once
 
 #include <opencv2/core.hpp>
+#include <string>
+#include <vector>
+
+#include "pim/desenho.h"
 
 // Shapes as eight-bit images. A shape has a letter ('c' circle, 'q' square, 'r' rectangle, 'e'
 // ellipse), full sizes d1 and d2 in pixels (diameter, side, axis; never radii) and an angle in
@@ -34,10 +38,32 @@ void contornoElipse(cv::Mat_<unsigned char>& out, double d1, double d2, double a
 // `imagem` is empty. `out` must not share pixels with `imagem`.
 void contornoInterno(cv::Mat_<unsigned char> imagem, cv::Mat_<unsigned char>& out);
 
+// A filled shape row by row, without its image, which grows with the square of the size.
+struct PERFIL {
+  int lado = 0;                     // of the image; 0 when it would be empty or left untouched
+  std::vector<pim::TRECHO> linhas;  // of value 0, one for each row; columns from n/2
+
+  // The stretch of row y; an empty one outside the image.
+  pim::TRECHO linha(int y) const {
+    return y < 0 || y >= lado ? pim::TRECHO{} : linhas[static_cast<std::size_t>(y)];
+  }
+};
+
+// What the mask function of the letter would draw; nothing for an unknown letter. pim::erro as
+// there.
+PERFIL perfil(char forma, double d1, double d2, double ang);
+
 // The odd side 2 ceil((extensao - 1) / 2) + 1 that holds `extensao` pixels, plus `margem` (even).
-// pim::erro with `forma`, d1 and d2 when one of the sizes is not finite or the side exceeds
-// `maior`.
-int ladoImpar(double extensao, int margem, char forma, double d1, double d2, int maior);
+double ladoImpar(double extensao, int margem);
+
+// The side of the mask of a shape (of a circle below 4.5, it may be more than that of the table);
+// infinite when a size that counts is not finite, and 0 for an unknown letter. May be below 1, or
+// larger than can be drawn.
+double ladoDaMascara(char forma, double d1, double d2);
+
+// `lado` as an integer; pim::erro with `forma`, d1, d2 and `onde` when it exceeds `maior`.
+int exigeLado(double lado, char forma, double d1, double d2, int maior,
+              const std::string& onde = "");
 
 // Makes `img` n by n, all `fundo`; its buffer is kept when it has that size. n < 1: empty.
 template <class T>

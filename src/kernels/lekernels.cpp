@@ -14,8 +14,12 @@
 
 namespace {
 
-constexpr double maximoDeKernels = 1 << 20;
-constexpr std::size_t maximoDeBytes = std::size_t{2} << 30U;
+// What a set may cost; statements that go beyond are refused before their kernels are drawn. A
+// search with a set at these limits takes hours. A bank of 1000 kernels of 240 pixels has a
+// hundredth of these kernels and pixels and half of the bytes.
+constexpr double maximoDeKernels = 1 << 17;
+constexpr double maximoDePixels = 8589934592.0;  // drawn, half a minute's work; shared ones too
+constexpr double maximoDeBytes = 2147483648.0;   // of the distinct images
 
 struct AJUSTES {
   double passoAng = 10.0;  // degrees
@@ -43,6 +47,11 @@ struct LEITOR {
     double x = 0;
     pim::leNum(f, x, nome);
     return x;
+  }
+
+  // Ends with an error about the statement just read.
+  [[noreturn]] void recusa(const char* mensagem, const BASE& base) const {
+    pim::erro(mensagem, base.texto(), pim::lugar(f, nome));
   }
 };
 
@@ -88,35 +97,59 @@ double numeroDeEscalas(const AJUSTES& a) {
   return std::nearbyint(1 + a.escOitava * std::log2(a.escMax / a.escMin));
 }
 
-std::vector<double> angulos(const BASE& base, const AJUSTES& a) {
+std::vector<double> angulos(const LEITOR& leitor, const BASE& base, const AJUSTES& a) {
   std::vector<double> lista = {0.0};
   if (base.forma == 'c') return lista;
   const double limite = base.forma == 'q' ? 90.0 : 180.0;
   for (double ang = a.passoAng; ang < limite; ang += a.passoAng) {
-    if (!(ang > lista.back())) pim::erro("Erro: passoAng nao avanca em ", base.texto());
+    if (!(ang > lista.back())) leitor.recusa("Erro: passoAng nao avanca em ", base);
     if (static_cast<double>(lista.size()) >= maximoDeKernels) {
-      pim::erro("Erro: Kernels demais em ", base.texto());
+      leitor.recusa("Erro: Kernels demais em ", base);
     }
     lista.push_back(ang);
   }
   return lista;
 }
 
-// Ends with an error when the statement would take the set past its limit. A range of scales that
-// goes down to nothing ends by itself, with an error of the shape that gets too small to draw,
-// before half a pixel is reached.
-void exigeQueCaibam(const BASE& base, const AJUSTES& a, double nEsc, std::size_t nAng,
-                    std::size_t jaFeitos) {
-  const double maior = a.escMax * std::max(base.d1, base.d2);
-  const double ateMeioPixel = 2 + std::max(0.0, a.escOitava * std::log2(maior / 0.5));
-  const double feitos = ateMeioPixel < nEsc ? ateMeioPixel : nEsc * static_cast<double>(nAng);
-  if (static_cast<double>(jaFeitos) + feitos > maximoDeKernels) {
-    pim::erro("Erro: Kernels demais em ", base.texto());
+double escala(const AJUSTES& a, int s) {
+  return std::pow(2.0, static_cast<double>(-s) / a.escOitava) * a.escMax;
+}
+
+struct CUSTO {
+  double kernels = 0;
+  double pixels = 0;  // of the kernel images drawn
+  double bytes = 0;   // of the distinct images: one is drawn over as long as its size stays
+
+  bool cabe() const {
+    return kernels <= maximoDeKernels && pixels <= maximoDePixels && bytes <= maximoDeBytes;
   }
+  void soma(const CUSTO& outro, double vezes) {
+    kernels += outro.kernels * vezes;
+    pixels += outro.pixels * vezes;
+    bytes += outro.bytes * vezes;
+  }
+};
+
+// One run of scales. `anterior` is the side of the kernel drawn last, before and after. A range
+// that goes down to nothing counts up to half a pixel, where the run ends by itself, with the error
+// of a shape too small to draw.
+CUSTO custoDaCorrida(const BASE& base, const AJUSTES& a, int nEsc, double& anterior) {
+  CUSTO custo;
+  for (int s = 0; s < nEsc && custo.cabe(); ++s) {
+    const double esc = escala(a, s);
+    const double lado = std::max(ladoDoKernel(base.forma, esc * base.d1, esc * base.d2), 1.0);
+    const double mascara = std::max(ladoDaMascara(base.forma, esc * base.d1, esc * base.d2), 0.0);
+    custo.kernels += 1;
+    custo.pixels += lado * lado;
+    if (lado != anterior) custo.bytes += sizeof(float) * lado * lado + 2 * mascara * mascara;
+    anterior = lado;
+    if (!(esc * std::max(base.d1, base.d2) > 0.5)) break;
+  }
+  return custo;
 }
 
 void escolheEscala(MASCARA& m, const BASE& base, const AJUSTES& a, int s, int nEsc) {
-  m.esc = std::pow(2.0, static_cast<double>(-s) / a.escOitava) * a.escMax;
+  m.esc = escala(a, s);
   m.d1 = m.esc * base.d1;
   m.d2 = m.esc * base.d2;
   if (s < a.escOitava) {
@@ -159,32 +192,32 @@ void desenhaImagens(MASCARA& m) {
 struct CONJUNTO {
   std::vector<MASCARA>& kernels;
   MASCARA trabalho;
-  std::size_t bytes = 0;  // of the distinct images
+  CUSTO custo;
+  double ladoAnterior = -1;
 
-  void acrescenta(const BASE& base) {
-    const uchar* antes = trabalho.kernel.data;
+  void acrescenta() {
     desenhaImagens(trabalho);
-    if (trabalho.kernel.data != antes) {
-      bytes += trabalho.kernel.total() * sizeof(float) + 2 * trabalho.mascara.total();
-    }
-    if (bytes > maximoDeBytes) pim::erro("Erro: Kernels demais em ", base.texto());
     kernels.emplace_back();
     kernels.back() = trabalho;
   }
 };
 
-void expande(CONJUNTO& conjunto, const BASE& base, const AJUSTES& a) {
-  const double escalas = numeroDeEscalas(a);
-  const int nEsc = pim::trunca(escalas);
+void expande(CONJUNTO& conjunto, const LEITOR& leitor, const BASE& base, const AJUSTES& a) {
+  const int nEsc = pim::trunca(numeroDeEscalas(a));
   if (nEsc < 1) return;
-  const std::vector<double> angs = angulos(base, a);
-  exigeQueCaibam(base, a, escalas, angs.size(), conjunto.kernels.size());
+  const double maior = ladoDoKernel(base.forma, a.escMax * base.d1, a.escMax * base.d2);
+  if (maior > maiorLadoKernel) leitor.recusa("Erro: Forma grande demais ", base);
+  const std::vector<double> angs = angulos(leitor, base, a);
+  double& lado = conjunto.ladoAnterior;
+  conjunto.custo.soma(custoDaCorrida(base, a, nEsc, lado), 1);
+  conjunto.custo.soma(custoDaCorrida(base, a, nEsc, lado), static_cast<double>(angs.size() - 1));
+  if (!conjunto.custo.cabe()) leitor.recusa("Erro: Kernels demais em ", base);
   conjunto.trabalho.forma = base.forma;
   for (const double ang : angs) {
     conjunto.trabalho.ang = ang;
     for (int s = 0; s < nEsc; ++s) {
       escolheEscala(conjunto.trabalho, base, a, s, nEsc);
-      conjunto.acrescenta(base);
+      conjunto.acrescenta();
     }
   }
 }
@@ -196,12 +229,12 @@ void leKernels(const std::string& nome, std::vector<MASCARA>& kernels) {
   const LEITOR leitor{arquivo.get(), nome};
   AJUSTES ajustes;
   BASE base{};
-  CONJUNTO conjunto{kernels, {}, 0};
+  CONJUNTO conjunto{kernels, {}, {}, -1};
   while (true) {
-    const std::string palavra = pim::minuscula(pim::leStr(leitor.f));
+    const std::string palavra = pim::minuscula(pim::leStr(leitor.f, nome));
     if (palavra == "eof") return;
     if (leAjuste(leitor, palavra, ajustes)) continue;
     if (!leForma(leitor, palavra, base)) pim::erro("Erro: Palavra desconhecida ", palavra);
-    expande(conjunto, base, ajustes);
+    expande(conjunto, leitor, base, ajustes);
   }
 }

@@ -15,5 +15,5 @@
 //
 // pim::erro when the file can't be opened; at an unknown word, a bad number or a setting out of
 // range; at a shape too small or too large to draw; when the angle step does not advance; and when
-// the set would pass 2^20 kernels or 2 GiB of images.
+// the set would pass 2^17 kernels, 2^33 pixels of kernels drawn or 2 GiB of distinct images.
 void leKernels(const std::string& nome, std::vector<MASCARA>& kernels);

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <limits>
 #include <string_view>
 
 #include "kernels/formas.h"
@@ -66,18 +67,45 @@ int meioAnel(double d) {
   return pim::trunca(d * raiz2 * 0.5);
 }
 
+int ladoExigido(char forma, double d1, double d2) {
+  return exigeLado(ladoDoKernel(forma, d1, d2), forma, d1, d2, maiorLadoKernel);
+}
+
 }  // namespace
+
+double ladoDoKernel(char forma, double d1, double d2) {
+  if (forma == 'c' || forma == 'q') d2 = d1;
+  if (!std::isfinite(d1) || !std::isfinite(d2)) return std::numeric_limits<double>::infinity();
+  const double maior = std::max(d1, d2);
+  switch (forma) {
+    case 'c':
+    case 'e':
+      return ladoImpar(maior * raiz2, 2);
+    default:
+      return ladoImpar(2 * maior, 0);
+  }
+}
 
 void NegPosUm(cv::Mat_<float>& K) {
   double positivos = 0;
   double negativos = 0;
-  for (const float x : K) (x > 0 ? positivos : negativos) += std::abs(static_cast<double>(x));
+  for (int l = 0; l < K.rows; ++l) {
+    const float* linha = K[l];
+    for (int c = 0; c < K.cols; ++c) {
+      (linha[c] > 0 ? positivos : negativos) += std::abs(static_cast<double>(linha[c]));
+    }
+  }
   if (!(positivos > 0) || !(negativos > 0)) pim::erro("Erro: NegPosUm divisao zero");
-  for (float& x : K) x = static_cast<float>(x / (x > 0 ? positivos : negativos));
+  for (int l = 0; l < K.rows; ++l) {
+    float* linha = K[l];
+    for (int c = 0; c < K.cols; ++c) {
+      linha[c] = static_cast<float>(linha[c] / (linha[c] > 0 ? positivos : negativos));
+    }
+  }
 }
 
 void kernelCirculo(cv::Mat_<float>& K, double d) {
-  const int n = ladoImpar(d * raiz2, 2, 'c', d, d, maiorLadoKernel);
+  const int n = ladoExigido('c', d, d);
   const int classe = pim::arredonda(d);
   if (classe > 4) {
     prepara(K, n, 0.0F);
@@ -90,7 +118,7 @@ void kernelCirculo(cv::Mat_<float>& K, double d) {
 }
 
 void kernelQuadrado(cv::Mat_<float>& K, double d, double ang) {
-  const int n = ladoImpar(2 * d, 0, 'q', d, d, maiorLadoKernel);
+  const int n = ladoExigido('q', d, d);
   prepara(K, n, 0.0F);
   pim::rotRetang(K, n / 2, n / 2, meioAnel(d), meioAnel(d), anel, -1, ang);
   pim::rotRetang(K, n / 2, n / 2, meioNucleo(d), meioNucleo(d), nucleo, -1, ang);
@@ -98,7 +126,7 @@ void kernelQuadrado(cv::Mat_<float>& K, double d, double ang) {
 }
 
 void kernelRetangulo(cv::Mat_<float>& K, double d1, double d2, double ang) {
-  const int n = ladoImpar(2 * std::max(d1, d2), 0, 'r', d1, d2, maiorLadoKernel);
+  const int n = ladoExigido('r', d1, d2);
   prepara(K, n, 0.0F);
   pim::rotRetang(K, n / 2, n / 2, meioAnel(d1), meioAnel(d2), anel, -1, ang);
   pim::rotRetang(K, n / 2, n / 2, meioNucleo(d1), meioNucleo(d2), nucleo, -1, ang);
@@ -106,7 +134,7 @@ void kernelRetangulo(cv::Mat_<float>& K, double d1, double d2, double ang) {
 }
 
 void kernelElipse(cv::Mat_<float>& K, double d1, double d2, double ang) {
-  const int n = ladoImpar(std::max(d1, d2) * raiz2, 2, 'e', d1, d2, maiorLadoKernel);
+  const int n = ladoExigido('e', d1, d2);
   prepara(K, n, 0.0F);
   pim::elipse(K, n / 2, n / 2, meioAnel(d1), meioAnel(d2), anel, -1, ang);
   pim::elipse(K, n / 2, n / 2, meioNucleo(d1), meioNucleo(d2), nucleo, -1, ang);

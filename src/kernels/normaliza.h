@@ -13,6 +13,10 @@
 
 inline constexpr int maiorLadoKernel = 8191;  // pixels; a float image of this side takes 256 MiB
 
+// The side of the kernel of a shape of one of the four letters; infinite when a size that counts is
+// not finite. May be below 1, or larger than can be drawn.
+double ladoDoKernel(char forma, double d1, double d2);
+
 // Diameters that round (ties to even) to 1..4 are fixed tables in a fresh buffer. A diameter that
 // rounds to 0 or less leaves K as it is before it is normalised.
 void kernelCirculo(cv::Mat_<float>& K, double d);

@@ -16,6 +16,9 @@ struct RESULTADO {
 // The image formats that other people's libraries read and write. Those libraries take a tenth of
 // a second to load, so they live in a module of their own, which is opened at the first use.
 struct CODECS {
+  // Whether the file begins as some image format does; reads only its first bytes.
+  bool (*reconhece)(const std::string& nome);
+
   // Decodes a whole image file held in memory.
   RESULTADO (*decodifica)(const std::vector<unsigned char>& bytes);
 

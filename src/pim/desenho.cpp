@@ -34,6 +34,9 @@ struct FAIXA {
   double ate;
 };
 
+// Empty even when widened by a pixel or two.
+constexpr FAIXA nenhuma = {8, -8};
+
 // A disc. `linha` gives, for a row offset, a range of columns that holds all of the shape's pixels
 // in that row to within one; `contem` decides each pixel.
 struct DISCO {
@@ -62,7 +65,10 @@ struct RETANGULO {
 
   // Columns where |a * dc + b| <= meio.
   static FAIXA entre(double a, double b, double meio, double alcance) {
-    if (std::abs(a) < folga) return {-alcance, alcance};
+    if (std::abs(a) < folga) {
+      // The side runs along the row, which lies inside it or outside as a whole.
+      return std::abs(b) > meio + folga * alcance + 1 ? nenhuma : FAIXA{-alcance, alcance};
+    }
     const double p = (-meio - b) / a;
     const double q = (meio - b) / a;
     return {std::min(p, q), std::max(p, q)};
@@ -101,30 +107,55 @@ struct ELIPSE {
     const double a = e2 * dir.cos * dir.cos + e1 * dir.sen * dir.sen;
     const double b = dl * dir.cos * dir.sen * (e2 - e1);
     const double c = dl * dl * (e2 * dir.sen * dir.sen + e1 * dir.cos * dir.cos) - e1 * e2;
+    // The shape reaches sqrt(a) rows from its centre.
+    if (std::abs(dl) > std::sqrt(a) + 2) return nenhuma;
     if (a <= folga * (e1 + e2)) return {-alcance(), alcance()};
     const double raiz = std::sqrt(std::max(0.0, b * b - a * c));
     return {(-b - raiz) / a, (-b + raiz) / a};
   }
 };
 
-// Fills one row of a convex shape: the analytic range finds the ends to within a pixel, the
-// membership test of the pixels there decides. Every pixel between two members is a member.
+// A range of columns from the centre; empty when `de` > `ate`.
+struct COLUNAS {
+  std::int64_t de = 0;
+  std::int64_t ate = -1;
+};
+
+// One row of a convex shape, cut to the columns in `limite`: the analytic range finds the ends to
+// within a pixel, the membership test of the pixels there decides. Every pixel between two members
+// is a member.
+template <class FORMA>
+COLUNAS linhaDa(const FORMA& forma, double dl, const COLUNAS& limite) {
+  const FAIXA faixa = forma.linha(dl);
+  if (!(faixa.de <= faixa.ate + 2)) return {};
+  const double borda = forma.alcance() + 1;
+  auto de = static_cast<std::int64_t>(std::ceil(std::max(faixa.de, -borda))) - 1;
+  auto ate = static_cast<std::int64_t>(std::floor(std::min(faixa.ate, borda))) + 1;
+  // Cut first: the search below never leaves the image, however large the shape.
+  de = std::max(de, limite.de);
+  ate = std::min(ate, limite.ate);
+  while (de <= ate && !forma.contem(dl, static_cast<double>(de))) ++de;
+  while (ate > de && !forma.contem(dl, static_cast<double>(ate))) --ate;
+  return {de, ate};
+}
+
 template <class T, class FORMA>
 void pintaLinha(cv::Mat_<T>& img, int y, std::int64_t l, std::int64_t c, const FORMA& forma,
                 T cor) {
   const auto dl = static_cast<double>(y - l);
-  const FAIXA faixa = forma.linha(dl);
-  if (!(faixa.de <= faixa.ate + 2)) return;
-  const double borda = forma.alcance() + 1;
-  auto de = static_cast<std::int64_t>(std::ceil(std::max(faixa.de, -borda))) - 1;
-  auto ate = static_cast<std::int64_t>(std::floor(std::min(faixa.ate, borda))) + 1;
-  // Clipped first: the search below never leaves the image, however large the shape.
-  de = std::max(de, -c);
-  ate = std::min(ate, img.cols - 1 - c);
-  while (de <= ate && !forma.contem(dl, static_cast<double>(de))) ++de;
-  while (ate > de && !forma.contem(dl, static_cast<double>(ate))) --ate;
+  const COLUNAS colunas = linhaDa(forma, dl, {-c, img.cols - 1 - c});
   T* linha = img[y];
-  for (std::int64_t x = c + de; x <= c + ate; ++x) linha[x] = cor;
+  for (std::int64_t x = c + colunas.de; x <= c + colunas.ate; ++x) linha[x] = cor;
+}
+
+template <class FORMA>
+std::vector<TRECHO> trechos(int meio, const FORMA& forma) {
+  std::vector<TRECHO> linhas;
+  for (int dl = -meio; dl <= meio; ++dl) {
+    const COLUNAS colunas = linhaDa(forma, static_cast<double>(dl), {-meio, meio});
+    linhas.push_back({static_cast<int>(colunas.de), static_cast<int>(colunas.ate)});
+  }
+  return linhas;
 }
 
 template <class T, class FORMA>
@@ -190,6 +221,10 @@ void desenhaElipse(cv::Mat_<T>& img, int l, int c, int tam1, int tam2, T cor, in
   });
 }
 
+std::vector<TRECHO> semTrechos(int meio) {
+  return std::vector<TRECHO>(2 * static_cast<std::size_t>(meio) + 1);
+}
+
 }  // namespace
 
 void circulo(cv::Mat_<unsigned char>& img, int l, int c, int raio, unsigned char cor,
@@ -219,6 +254,21 @@ void elipse(cv::Mat_<unsigned char>& img, int l, int c, int tam1, int tam2, unsi
 void elipse(cv::Mat_<float>& img, int l, int c, int tam1, int tam2, float cor, int espessura,
             double ang) {
   desenhaElipse(img, l, c, tam1, tam2, cor, espessura, ang);
+}
+
+std::vector<TRECHO> trechosCirculo(int meio, int raio) {
+  if (raio < 0) return semTrechos(meio);
+  return trechos(meio, DISCO{static_cast<double>(raio)});
+}
+
+std::vector<TRECHO> trechosRotRetang(int meio, int tam1, int tam2, double ang) {
+  if (std::min(tam1, tam2) < 0) return semTrechos(meio);
+  return trechos(meio, RETANGULO{tam1 + 0.5, tam2 + 0.5, direcao(ang)});
+}
+
+std::vector<TRECHO> trechosElipse(int meio, int tam1, int tam2, double ang) {
+  if (std::min(tam1, tam2) < 0) return semTrechos(meio);
+  return trechos(meio, ELIPSE{static_cast<double>(tam1), static_cast<double>(tam2), direcao(ang)});
 }
 
 }  // namespace pim

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <opencv2/core.hpp>
+#include <vector>
 
 namespace pim {
 
@@ -33,5 +34,18 @@ void elipse(cv::Mat_<unsigned char>& img, int l, int c, int tam1, int tam2, unsi
             int espessura, double ang);
 void elipse(cv::Mat_<float>& img, int l, int c, int tam1, int tam2, float cor, int espessura,
             double ang);
+
+// A stretch of pixels of one row, its columns counted from the centre; empty when `de` > `ate`.
+struct TRECHO {
+  int de = 0;
+  int ate = -1;
+};
+
+// The filled shape as one stretch for each of the 2 `meio` + 1 rows around its centre, cut to
+// `meio` columns on each side: what the operation above draws into an image of that side, without
+// one.
+std::vector<TRECHO> trechosCirculo(int meio, int raio);
+std::vector<TRECHO> trechosRotRetang(int meio, int tam1, int tam2, double ang);
+std::vector<TRECHO> trechosElipse(int meio, int tam1, int tam2, double ang);
 
 }  // namespace pim

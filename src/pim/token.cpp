@@ -1,5 +1,6 @@
 #include "pim/token.h"
 
+#include <cctype>
 #include <string_view>
 
 #include "pim/erro.h"
@@ -29,20 +30,31 @@ void devolveCar(ISTR& s, int c) {
   if (c != EOF) --s.pos;
 }
 
-void verificaLeitura(std::FILE* f) {
-  if (std::ferror(f) != 0) erro("Erro leitura arquivo");
+void verificaLeitura(std::FILE* f, const std::string& nome) {
+  if (std::ferror(f) != 0) erro("Erro leitura arquivo", nome.empty() ? "" : " " + nome);
 }
 
-void verificaLeitura(ISTR& /*s*/) {}
+void verificaLeitura(ISTR& /*s*/, const std::string& /*nome*/) {}
+
+constexpr std::size_t maiorPalavra = std::size_t{1} << 20U;  // bytes
+
+void verificaTamanho(std::FILE* f, std::size_t bytes, const std::string& nome) {
+  if (bytes > maiorPalavra) erro("Erro: Palavra grande demais", lugar(f, nome));
+}
+
+void verificaTamanho(ISTR& /*s*/, std::size_t /*bytes*/, const std::string& /*nome*/) {}
 
 // The next run of non-blank characters; empty at the end of the input. The character after it is
 // left unread, so that the place of the token can still be told.
 template <class FONTE>
-std::string palavra(FONTE&& fonte) {
+std::string palavra(FONTE&& fonte, const std::string& nome) {
   int c = leCar(fonte);
   while (espaco(c)) c = leCar(fonte);
   std::string texto;
-  for (; c != EOF && !espaco(c); c = leCar(fonte)) texto.push_back(static_cast<char>(c));
+  for (; c != EOF && !espaco(c); c = leCar(fonte)) {
+    texto.push_back(static_cast<char>(c));
+    verificaTamanho(fonte, texto.size(), nome);
+  }
   devolveCar(fonte, c);
   return texto;
 }
@@ -55,13 +67,13 @@ void pulaLinha(FONTE&& fonte) {
 
 // The next token; empty once none remains.
 template <class FONTE>
-std::string token(FONTE&& fonte) {
+std::string token(FONTE&& fonte, const std::string& nome) {
   constexpr std::string_view marcaUtf8 = "\xEF\xBB\xBF";
   while (true) {
-    std::string texto = palavra(fonte);
+    std::string texto = palavra(fonte, nome);
     const bool fim = texto.empty();
     if (texto.starts_with(marcaUtf8)) texto.erase(0, marcaUtf8.size());
-    if (fim) verificaLeitura(fonte);
+    if (fim) verificaLeitura(fonte, nome);
     if (texto.starts_with("//")) {
       pulaLinha(fonte);
     } else if (fim || !texto.empty()) {
@@ -71,16 +83,27 @@ std::string token(FONTE&& fonte) {
 }
 
 template <class FONTE>
-std::string leStrDe(FONTE&& fonte) {
-  std::string texto = token(fonte);
+std::string leStrDe(FONTE&& fonte, const std::string& nome) {
+  std::string texto = token(fonte, nome);
   return texto.empty() ? "eof" : texto;
+}
+
+// A token as a message shows it: a file that is no text must not flood the terminal.
+std::string mostravel(std::string texto) {
+  constexpr std::size_t maximo = 80;
+  const bool cortado = texto.size() > maximo;
+  if (cortado) texto.resize(maximo);
+  for (char& c : texto) {
+    if (std::iscntrl(static_cast<unsigned char>(c)) != 0) c = '?';
+  }
+  return cortado ? texto + "..." : texto;
 }
 
 template <class T>
 void leNumDe(std::FILE* f, T& x, const std::string& nome) {
-  const std::string texto = token(f);
+  const std::string texto = token(f, nome);
   if (texto.empty()) erro("Erro: Falta numero no fim do texto", lugar(f, nome));
-  if (!paraNumero(texto, x)) erro("Erro: Numero invalido ", texto, lugar(f, nome));
+  if (!paraNumero(texto, x)) erro("Erro: Numero invalido ", mostravel(texto), lugar(f, nome));
 }
 
 }  // namespace
@@ -94,12 +117,12 @@ void ISTR::arg2str(int n, char** v) {
   pos = 0;
 }
 
-std::string leStr(std::FILE* f) {
-  return leStrDe(f);
+std::string leStr(std::FILE* f, const std::string& nome) {
+  return leStrDe(f, nome);
 }
 
 std::string leStr(ISTR& s) {
-  return leStrDe(s);
+  return leStrDe(s, "");
 }
 
 void leNum(std::FILE* f, int& x, const std::string& nome) {
@@ -115,14 +138,14 @@ void leNum(std::FILE* f, double& x, const std::string& nome) {
 }
 
 void leNum(ISTR& s, double& x) {
-  const std::string texto = token(s);
+  const std::string texto = token(s, "");
   if (texto.empty()) erro("Erro: Falta numero no fim dos parametros");
   if (!paraNumero(texto, x)) erro("Erro: Numero invalido ", texto);
 }
 
-std::string lePalavra(std::FILE* f) {
-  std::string texto = palavra(f);
-  verificaLeitura(f);
+std::string lePalavra(std::FILE* f, const std::string& nome) {
+  std::string texto = palavra(f, nome);
+  verificaLeitura(f, nome);
   return texto;
 }
 

@@ -19,22 +19,24 @@ struct ISTR {
   void arg2str(int n, char** v);
 };
 
-// The next token of an open text file or of a stream; "eof" once none remains. pim::erro when the
-// file can't be read.
-std::string leStr(std::FILE* f);
+// The next token of an open text file or of a stream; "eof" once none remains. pim::erro, with the
+// name of the file when `nome` gives it, when the file can't be read or holds a word of more than
+// 1 MiB (a device or a sparse file may be one word without end).
+std::string leStr(std::FILE* f, const std::string& nome = "");
 std::string leStr(ISTR& s);
 
 // Reads the next token and converts it to the type of `x`. A token that is not wholly a number
-// that fits the type, and the end of the input, end in pim::erro; its text gives the token, the
-// line and, when it is not empty, `nome` (the name of the file).
+// that fits the type, and the end of the input, end in pim::erro; its text gives the token (its
+// beginning, and "?" for what can't be printed), the line and, when it is not empty, `nome` (the
+// name of the file).
 void leNum(std::FILE* f, int& x, const std::string& nome = "");
 void leNum(std::FILE* f, float& x, const std::string& nome = "");
 void leNum(std::FILE* f, double& x, const std::string& nome = "");
 void leNum(ISTR& s, double& x);
 
 // The first white-space-delimited word of an open text file as it stands, comments included; empty
-// when there is none.
-std::string lePalavra(std::FILE* f);
+// when there is none. pim::erro as for `leStr`.
+std::string lePalavra(std::FILE* f, const std::string& nome = "");
 
 // " (NAME, linha N)" for the place where the reading of `f` stands; without the name when it is
 // empty, without the line when the file can't be rewound.

@@ -19,7 +19,7 @@ void ContaForm(int /*argc*/, char** /*argv*/) {
       if (primeiroFechado.empty()) primeiroFechado = nome;
       continue;
     }
-    std::printf("%s %s\n", nome.c_str(), pim::lePalavra(arquivo.get()).c_str());
+    std::printf("%s %s\n", nome.c_str(), pim::lePalavra(arquivo.get(), nome).c_str());
     std::fflush(stdout);
   }
   if (!primeiroFechado.empty()) pim::erro("Erro abertura arquivo ", primeiroFechado);

@@ -9,12 +9,13 @@
 
 namespace {
 
-double areaInteira(const MAXLOCAL& m, double area) {
+double areaInteira(double area, const MAXLOCAL& m, const std::string& nome, std::size_t k) {
   const double inteira = std::nearbyint(area);
   constexpr double menor = std::numeric_limits<int>::min();
   constexpr double maior = std::numeric_limits<int>::max();
   if (!(inteira >= menor && inteira <= maior)) {
-    pim::erro("Erro: Area fora do intervalo ", cv::format("%c %g %g", m.forma, m.d1, m.d2));
+    pim::erro("Erro: Area fora do intervalo ", cv::format("%c %g %g", m.forma, m.d1, m.d2),
+              lugarDoRegistro(nome, k));
   }
   return inteira + 0.0;  // no negative zero
 }
@@ -27,15 +28,16 @@ void impTabela(std::FILE* f, const char* titulo, const std::map<double, int>& ta
 
 }  // namespace
 
-TABELAS contaAreas(const std::vector<MAXLOCAL>& v) {
+TABELAS contaAreas(const std::vector<MAXLOCAL>& v, const std::string& nome) {
   constexpr double pi = 3.141592653589793;
   TABELAS tabelas;
-  for (const MAXLOCAL& m : v) {
+  for (std::size_t k = 0; k < v.size(); ++k) {
+    const MAXLOCAL& m = v[k];
     if (m.forma == 'c') {
       const double raio = m.d1 * 0.5;
-      ++tabelas.circulos[areaInteira(m, pi * (raio * raio))];
+      ++tabelas.circulos[areaInteira(pi * (raio * raio), m, nome, k)];
     } else if (m.forma == 'q' || m.forma == 'r') {
-      ++tabelas.retangulos[areaInteira(m, m.d1 * m.d2)];
+      ++tabelas.retangulos[areaInteira(m.d1 * m.d2, m, nome, k)];
     }
   }
   return tabelas;
@@ -57,5 +59,5 @@ void Relat(int argc, char** argv) {
   std::vector<MAXLOCAL> v;
   leMaxLocais(v, argv[1]);
   std::printf("Numero de maximos locais originais=%u\n", static_cast<unsigned>(v.size()));
-  impTabelas(contaAreas(v), argv[2]);
+  impTabelas(contaAreas(v, argv[1]), argv[2]);
 }

@@ -16,8 +16,9 @@ struct TABELAS {
   std::map<double, int> retangulos;  // squares too: d1 d2
 };
 
-// pim::erro naming the record when an area does not fit a 32-bit integer.
-TABELAS contaAreas(const std::vector<MAXLOCAL>& v);
+// pim::erro with the record, its index and `nome`, the name of the list, when an area does not fit
+// a 32-bit integer.
+TABELAS contaAreas(const std::vector<MAXLOCAL>& v, const std::string& nome = "");
 
 // Writes both tables (docs/rel.md). pim::erro when the file can't be created or written whole.
 void impTabelas(const TABELAS& tabelas, const std::string& nome);

@@ -225,9 +225,9 @@ TEST_F(ComandoExtrai, CirculoQueOZoomFazSumirAborta) {
 
 TEST_F(ComandoExtrai, ZoomSemImagemPossivelEhErroQueDizAForma) {
   confereErro(executa({"extraiam", "foto.ppm", "1e8", "0"}), mensagens("foto.ppm", "foto", 3),
-              "Erro: Forma grande demais q 4e+08 4e+08");
+              "Erro: Forma grande demais q 4e+08 4e+08 (foto.ho2, registro 0)");
   confereErro(executa({"extraiam", "foto.ppm", "inf", "0"}), mensagens("foto.ppm", "foto", 3),
-              "Erro: Forma grande demais q inf inf");
+              "Erro: Forma grande demais q inf inf (foto.ho2, registro 0)");
 }
 
 TEST_F(ComandoExtrai, AmostraQueNaoSePodeGravarEhErro) {

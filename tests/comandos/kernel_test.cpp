@@ -8,6 +8,7 @@
 #include "apoio/pasta.h"
 #include "kernels/comando.h"
 #include "kernels/lekernels.h"
+#include "pim/gruda.h"
 #include "pim/imagem.h"
 
 namespace {
@@ -106,6 +107,25 @@ TEST(ComandoKernel, QuadradoDePasso45TemDuasColunas) {
   EXPECT_TRUE(iguais(img.colRange(esquerda.cols + 1, img.cols), direita));
 }
 
+TEST(ComandoKernel, MosaicoEhOMesmoQueGrudarUmAUm) {
+  const PASTA pasta;
+  EXPECT_EQ(kernel("escoitava 3 escala 0.4 a 1 circulo 21 passoang 25 quadrado 30 escala 1 a 1 "
+                   "elipse 40 17 escala 0.2 a 1 retangulo 25 9 circulo 31 escala 1 a 1 circulo 5")
+                .estado,
+            0);
+  CINZA tudo;
+  CINZA daVez;
+  for (const MASCARA& m : conjunto()) {
+    CINZA cinza;
+    kernelParaCinza(m.kernel, cinza);
+    daVez = pim::grudaV(daVez, cinza, 1, 0);
+    if (m.inic != 2) continue;
+    tudo = pim::grudaH(tudo, daVez, 1, 0);
+    daVez.release();
+  }
+  EXPECT_TRUE(iguais(imagem("k.pgm"), tudo));
+}
+
 TEST(ComandoKernel, SeparadorEhMaisEscuroQueOFundoDoKernel) {
   const PASTA pasta;
   kernel("escoitava 1 circulo 21");
@@ -179,10 +199,10 @@ TEST(ComandoKernel, SaidaQueNaoSePodeGravarEhErro) {
 }
 
 TEST(ComandoKernel, PassoDeAnguloHostilTerminaLogo) {
-  recusa("passoang 0 quadrado 21", "Erro: passoAng nao avanca em q 21 21");
-  recusa("passoang -10 elipse 30 12", "Erro: passoAng nao avanca em e 30 12");
-  recusa("passoang -inf retangulo 30 12", "Erro: passoAng nao avanca em r 30 12");
-  recusa("passoang 1e-20 retangulo 30 12", "Erro: Kernels demais em r 30 12");
+  recusa("passoang 0 quadrado 21", "Erro: passoAng nao avanca em q 21 21 (k.cfg, linha 1)");
+  recusa("passoang -10 elipse 30 12", "Erro: passoAng nao avanca em e 30 12 (k.cfg, linha 1)");
+  recusa("passoang -inf retangulo 30 12", "Erro: passoAng nao avanca em r 30 12 (k.cfg, linha 1)");
+  recusa("passoang 1e-20 retangulo 30 12", "Erro: Kernels demais em r 30 12 (k.cfg, linha 1)");
   recusa("passoang x quadrado 21", "Erro: Numero invalido x (k.cfg, linha 1)");
 }
 
@@ -196,10 +216,11 @@ TEST(ComandoKernel, PassoNaoNumericoDaSoOAnguloZero) {
 TEST(ComandoKernel, EscalaHostilTerminaLogo) {
   recusa("escmin 0 circulo 21", "Erro: IMG_::constructor _mat nulo");
   recusa("escmin 0 quadrado 21", "Erro: NegPosUm divisao zero");
-  recusa("escoitava 1000000000 circulo 21", "Erro: Kernels demais em c 21 21");
-  recusa("escoitava 1000000000 escmin 0 circulo 21", "Erro: Kernels demais em c 21 21");
+  recusa("escoitava 1000000000 circulo 21", "Erro: Kernels demais em c 21 21 (k.cfg, linha 1)");
+  recusa("escoitava 1000000000 escmin 0 circulo 21",
+         "Erro: Kernels demais em c 21 21 (k.cfg, linha 1)");
   recusa("escoitava 2147483648", "Erro: Numero invalido 2147483648 (k.cfg, linha 1)");
-  recusa("escmax inf escpir inf circulo 21", "Erro: Kernels demais em c 21 21");
+  recusa("escmax inf escpir inf circulo 21", "Erro: Forma grande demais c 21 21 (k.cfg, linha 1)");
 }
 
 TEST(ComandoKernel, TamanhoHostilTerminaLogo) {
@@ -209,9 +230,9 @@ TEST(ComandoKernel, TamanhoHostilTerminaLogo) {
     recusa(forma, zero);
   }
   const std::string grande = "Erro: Forma grande demais ";
-  recusa("circulo 1e300", grande + "c 1e+300 1e+300");
-  recusa("quadrado nan", grande + "q nan nan");
-  recusa("retangulo 12 inf", grande + "r 12 inf");
-  recusa("elipse -inf 12", grande + "e -inf 12");
+  recusa("circulo 1e300", grande + "c 1e+300 1e+300 (k.cfg, linha 1)");
+  recusa("quadrado nan", grande + "q nan nan (k.cfg, linha 1)");
+  recusa("retangulo 12 inf", grande + "r 12 inf (k.cfg, linha 1)");
+  recusa("elipse -inf 12", grande + "e -inf 12 (k.cfg, linha 1)");
   recusa("circulo 1e400", "Erro: Numero invalido 1e400 (k.cfg, linha 1)");
 }

@@ -109,7 +109,7 @@ TEST(ComandoRelat, AreaQueNaoCabeEhErro) {
   const PASTA pasta;
   grava("a.ho2", listaHo({forma('q', 1e6, 1e6)}));
   confereErro(executa({"relat", "a.ho2", "b.rel"}), lendo("a.ho2", 1),
-              "Erro: Area fora do intervalo q 1e+06 1e+06");
+              "Erro: Area fora do intervalo q 1e+06 1e+06 (a.ho2, registro 0)");
   EXPECT_FALSE(existe("b.rel"));
 }
 

@@ -159,7 +159,7 @@ TEST_F(ComandoTraca, CirculoSemContornoEhErroSemImagem) {
 TEST_F(ComandoTraca, FormaSemImagemPossivelEhErroQueADiz) {
   grava("a.ho1", listaHo({{0.9F, 'q', 3, 4, 1e9, 1e9, 0}}));
   confereErro(executa({"traca", "a.ppm", "a.ho1", "b.ppm"}), "",
-              "Erro: Forma grande demais q 1e+09 1e+09");
+              "Erro: Forma grande demais q 1e+09 1e+09 (a.ho1, registro 0)");
 }
 
 TEST_F(ComandoTraca, EntradaQueFaltaOuNaoEhImagemEhErro) {

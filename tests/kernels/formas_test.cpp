@@ -226,3 +226,54 @@ TEST(ContornoInternoDeathTest, CirculoQueArredondaParaZeroFalhaOndeAMascaraCala)
   EXPECT_EXIT(contornoDe('c', 0.5, 0, 0), testing::ExitedWithCode(1),
               "^Erro: IMG_::constructor _mat nulo\n$");
 }
+
+namespace {
+
+// The image that the rows describe.
+CINZA pintado(const PERFIL& p) {
+  CINZA img(p.lado, p.lado, static_cast<unsigned char>(255));
+  for (int y = 0; y < p.lado; ++y) {
+    for (int x = p.linha(y).de; x <= p.linha(y).ate; ++x) img(y, x + p.lado / 2) = 0;
+  }
+  return img;
+}
+
+}  // namespace
+
+TEST(Perfil, EhAMascaraLinhaALinha) {
+  SCOPED_TRACE("seed 17");
+  std::mt19937 sorteio(17);
+  const auto tamanho = [&] { return 0.25 * static_cast<double>(sorteio() % 200) - 3; };
+  for (int vez = 0; vez < 2000 && !testing::Test::HasFailure(); ++vez) {
+    const char forma = "cqre"[vez % 4];
+    const double d1 = tamanho();
+    const double d2 = tamanho();
+    const double ang = static_cast<double>(sorteio() % 180);
+    const CINZA mascara = mascaraDe(forma, d1, d2, ang);
+    const PERFIL p = perfil(forma, d1, d2, ang);
+    ASSERT_EQ(p.lado, mascara.rows) << forma << " " << d1 << " " << d2 << " " << ang;
+    if (p.lado == 0) continue;
+    EXPECT_TRUE(iguais(pintado(p), mascara)) << forma << " " << d1 << " " << d2 << " " << ang;
+    const double lado = ladoDaMascara(forma, d1, d2);
+    EXPECT_TRUE(lado == p.lado || (forma == 'c' && d1 < 4.5 && lado > p.lado)) << forma << d1;
+  }
+}
+
+TEST(Perfil, ForaDaImagemEDeLetraDesconhecidaNaoHaLinhas) {
+  const PERFIL p = perfil('c', 9, 0, 0);
+  EXPECT_GT(p.linha(-1).de, p.linha(-1).ate);
+  EXPECT_GT(p.linha(p.lado).de, p.linha(p.lado).ate);
+  EXPECT_EQ(perfil('x', 9, 9, 0).lado, 0);
+  EXPECT_EQ(perfil('x', infinito, 9, 0).lado, 0);
+}
+
+TEST(LadoDaMascara, DizOQueNaoCabeSemDesenhar) {
+  EXPECT_EQ(ladoDaMascara('q', infinito, 9), infinito);
+  EXPECT_EQ(ladoDaMascara('c', 9, infinito), 11);
+  EXPECT_EQ(ladoDaMascara('r', 9, std::nan("")), infinito);
+  EXPECT_EQ(ladoDaMascara('x', infinito, 9), 0);
+  EXPECT_GT(ladoDaMascara('e', 1e300, 9), 1e299);
+  EXPECT_EXIT(exigeLado(16385, 'e', 16384, 2, maiorLado, " (a.ho1)"), testing::ExitedWithCode(1),
+              "^Erro: Forma grande demais e 16384 2 \\(a.ho1\\)\n$");
+  EXPECT_EQ(exigeLado(16383, 'e', 16383, 2, maiorLado), 16383);
+}

@@ -207,6 +207,14 @@ TEST(LeKernels, EscMinEEscMaxZeroNaoDaoKernels) {
   EXPECT_TRUE(le("escala 0 a 0 circulo 21").empty());
 }
 
+TEST(LeKernels, KernelsGrandesDoMesmoTamanhoContamUmaSoImagem) {
+  // Each alone takes 13 MB; the 180 are drawn into the same image.
+  const std::vector<MASCARA> v = le("escala 1 a 1 passoang 0.5 quadrado 800");
+  ASSERT_EQ(v.size(), 180U);
+  EXPECT_EQ(v.front().kernel.data, v.back().kernel.data);
+  EXPECT_EQ(v.front().kernel.rows, 1601);
+}
+
 TEST(LeKernelsDeathTest, ArquivoQueNaoAbreEhErro) {
   std::vector<MASCARA> v;
   EXPECT_EXIT(leKernels("nao-existe.cfg", v), testing::ExitedWithCode(1),
@@ -257,13 +265,23 @@ TEST(LeKernelsDeathTest, EscMinZeroTerminaComOErroDaFormaPequenaDemais) {
 }
 
 TEST(LeKernelsDeathTest, AnguloQueNaoAvancaEhErroComAForma) {
-  recusa("passoang 0 quadrado 21", "Erro: passoAng nao avanca em q 21 21");
-  recusa("passoang -10 retangulo 30 12", "Erro: passoAng nao avanca em r 30 12");
+  recusa("passoang 0 quadrado 21",
+         "Erro: passoAng nao avanca em q 21 21 \\(kernel.cfg, linha 1\\)");
+  recusa("passoang -10 retangulo 30 12",
+         "Erro: passoAng nao avanca em r 30 12 \\(kernel.cfg, linha 1\\)");
 }
 
 TEST(LeKernelsDeathTest, KernelsDemaisEhErroComAForma) {
-  recusa("passoang 1e-20 elipse 30 12", "Erro: Kernels demais em e 30 12");
-  recusa("passoang 0.0001 elipse 30 12", "Erro: Kernels demais em e 30 12");
-  recusa("escoitava 1000000000 circulo 21", "Erro: Kernels demais em c 21 21");
-  recusa("escoitava 1000000000 escmin 0 circulo 21", "Erro: Kernels demais em c 21 21");
+  recusa("passoang 1e-20 elipse 30 12",
+         "Erro: Kernels demais em e 30 12 \\(kernel.cfg, linha 1\\)");
+  recusa("passoang 1.5 quadrado 800",
+         "Erro: Kernels demais em q 800 800 \\(kernel.cfg, linha 1\\)");
+  recusa("escala 1 a 1 circulo 9\npassoang 0.5 quadrado 4000",
+         "Erro: Kernels demais em q 4000 4000 \\(kernel.cfg, linha 2\\)");
+  recusa("passoang 0.0001 elipse 30 12",
+         "Erro: Kernels demais em e 30 12 \\(kernel.cfg, linha 1\\)");
+  recusa("escoitava 1000000000 circulo 21",
+         "Erro: Kernels demais em c 21 21 \\(kernel.cfg, linha 1\\)");
+  recusa("escoitava 1000000000 escmin 0 circulo 21",
+         "Erro: Kernels demais em c 21 21 \\(kernel.cfg, linha 1\\)");
 }

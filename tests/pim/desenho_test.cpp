@@ -1,5 +1,7 @@
 #include "pim/desenho.h"
 
+#include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <ostream>
 #include <random>
@@ -280,4 +282,63 @@ TEST(Elipse, EixosIguaisDaoOCirculoEmQualquerAngulo) {
       EXPECT_EQ(maiorDiferenca(desenhada({'e', 20, 20, r, r, -1, ang}, 41), circulo), 0) << r;
     }
   }
+}
+
+namespace {
+
+std::vector<pim::TRECHO> trechosDe(const DESENHO& d, int meio) {
+  if (d.familia == 'c') return pim::trechosCirculo(meio, d.tam1);
+  if (d.familia == 'r') return pim::trechosRotRetang(meio, d.tam1, d.tam2, d.ang);
+  return pim::trechosElipse(meio, d.tam1, d.tam2, d.ang);
+}
+
+// The image that the stretches describe.
+CINZA pintados(const std::vector<pim::TRECHO>& linhas) {
+  const int lado = static_cast<int>(linhas.size());
+  CINZA img(lado, lado, static_cast<unsigned char>(0));
+  for (int y = 0; y < lado; ++y) {
+    const pim::TRECHO& t = linhas[static_cast<std::size_t>(y)];
+    for (int x = t.de; x <= t.ate; ++x) img(y, x + lado / 2) = 255;
+  }
+  return img;
+}
+
+}  // namespace
+
+TEST(Trechos, SaoOsPixelsDaFormaCheia) {
+  SCOPED_TRACE("seed 41");
+  std::mt19937 sorteio(41);
+  for (int vez = 0; vez < 2000 && !testing::Test::HasFailure(); ++vez) {
+    DESENHO d = sorteiaDesenho(sorteio, vez % 4 == 0 ? 90 : 30);
+    const int meio = static_cast<int>(sorteio() % 40);
+    d.l = d.c = meio;
+    d.espessura = -1;
+    const CINZA cheia = desenhada(d, 2 * meio + 1);
+    EXPECT_EQ(cv::norm(pintados(trechosDe(d, meio)), cheia, cv::NORM_INF), 0) << d;
+  }
+}
+
+TEST(Trechos, DeFormasFinasOuNegativasTambem) {
+  for (const char familia : {'c', 'r', 'e'}) {
+    for (const int fino : {-3, -1, 0, 1}) {
+      for (const double ang : {0.0, 90.0, 1e-9, 45.0, 179.999}) {
+        const DESENHO d = {familia, 30, 30, familia == 'c' ? fino : 25, fino, -1, ang};
+        EXPECT_EQ(cv::norm(pintados(trechosDe(d, 30)), desenhada(d, 61), cv::NORM_INF), 0) << d;
+      }
+    }
+  }
+}
+
+TEST(Trechos, FormaDeMilhoesDePixelsNaoEhPercorridaPixelAPixel) {
+  // Rows beside a flat shape cost no more than those inside it.
+  const auto inicio = std::chrono::steady_clock::now();
+  const auto deitado = pim::trechosRotRetang(200000, 200000, 3, 0);
+  const auto linha = pim::trechosElipse(200000, 200000, 0, 180);
+  const std::chrono::duration<double> gasto = std::chrono::steady_clock::now() - inicio;
+  EXPECT_LT(gasto.count(), 20);
+  const auto cheias = [](const std::vector<pim::TRECHO>& v) {
+    return std::count_if(v.begin(), v.end(), [](pim::TRECHO t) { return t.de <= t.ate; });
+  };
+  EXPECT_EQ(cheias(deitado), 7);
+  EXPECT_EQ(cheias(linha), 1);
 }

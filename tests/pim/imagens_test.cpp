@@ -1,7 +1,9 @@
+#include <algorithm>
 #include <opencv2/imgcodecs.hpp>
 #include <opencv2/imgproc.hpp>
 #include <random>
 
+#include "apoio/pasta.h"
 #include "fabrica.h"
 
 #include "pim/modulo/formatos.h"
@@ -57,6 +59,47 @@ TEST(DecodificaImagem, PngGrandeTruncadoEhErroSilencioso) {
 TEST(DecodificaImagem, JpegTruncadoEmQualquerByteEhErroSilencioso) {
   const BYTES jpeg = codificada("jpg", cenaColorida(40, 33));
   exigeErroEmTodoCorte(jpeg, jpeg.size(), 1);
+}
+
+TEST(DecodificaImagem, JpegCortadoComMarcaDeFimEhErroSilencioso) {
+  // The library fills what is missing with grey and goes on.
+  const BYTES jpeg = codificada("jpg", cenaColorida(80, 90));
+  for (const std::size_t decimos : {5U, 7U, 9U}) {
+    BYTES cortado = corta(jpeg, jpeg.size() * decimos / 10);
+    anexa(cortado, {0xFF, 0xD9});
+    const LEITURA l = decodificaOuvindo(cortado);
+    EXPECT_EQ(l.resultado.erro, "dados corrompidos") << decimos;
+    EXPECT_EQ(l.dito, "");
+  }
+}
+
+TEST(DecodificaImagem, JpegSemParteDosReiniciosEhErro) {
+  BYTES jpeg;
+  cv::imencode(".jpg", cenaCinza(96, 96), jpeg, {cv::IMWRITE_JPEG_RST_INTERVAL, 3});
+  ASSERT_EQ(decodificaImagem(jpeg).erro, "");
+  const auto marca = [&](unsigned char qual) {
+    const std::array<unsigned char, 2> bytes = {0xFF, qual};
+    return std::search(jpeg.begin(), jpeg.end(), bytes.begin(), bytes.end());
+  };
+  jpeg.erase(marca(0xD1), marca(0xD4));
+  EXPECT_EQ(decodificaImagem(jpeg).erro, "dados corrompidos");
+}
+
+TEST(DecodificaImagem, BytesSoltosAntesDoFimDoJpegNaoImportam) {
+  const BYTES jpeg = codificada("jpg", cenaCinza(40, 33));
+  BYTES solto = corta(jpeg, jpeg.size() - 2);
+  anexa(solto, {0, 0, 0, 0, 0xFF, 0xD9});
+  EXPECT_EQ(maiorDiferenca(decodificada(solto), decodificada(jpeg)), 0);
+}
+
+TEST(ReconheceImagem, OlhaSoOsPrimeirosBytes) {
+  const PASTA pasta;
+  const BYTES png = codificada("png", cenaCinza(9, 9));
+  gravaBytesEm("cortado", corta(png, 20));
+  EXPECT_TRUE(pim::reconheceImagem("cortado"));
+  grava("zeros", std::string(1000, '\0'));
+  EXPECT_FALSE(pim::reconheceImagem("zeros"));
+  EXPECT_FALSE(pim::reconheceImagem("nao existe"));
 }
 
 TEST(DecodificaImagem, TiffTruncadoEmQualquerByteEhErroSilencioso) {

@@ -194,4 +194,30 @@ TEST(LeStr, FalhaDeLeituraEhErroENaoFim) {
   const pim::ARQUIVO f(std::fopen("t.txt", "a"));
   ESPERA_ERRO(pim::leStr(f.get()), "Erro leitura arquivo");
   ESPERA_ERRO(pim::lePalavra(f.get()), "Erro leitura arquivo");
+  ESPERA_ERRO(pim::leStr(f.get(), "t.txt"), "Erro leitura arquivo t.txt");
+  ESPERA_ERRO(pim::lePalavra(f.get(), "t.txt"), "Erro leitura arquivo t.txt");
+  double d = 0;
+  ESPERA_ERRO(pim::leNum(f.get(), d, "t.txt"), "Erro leitura arquivo t.txt");
+}
+
+TEST(LeStr, PalavraDeMaisDeUmMebibyteEhErro) {
+  const PASTA pasta;
+  const std::string maior(std::size_t{1} << 20U, 'a');
+  EXPECT_EQ(pim::leStr(texto("\n" + maior + " b").get()), maior);
+  const auto f = texto("\n" + maior + "a b");
+  ESPERA_ERRO(pim::leStr(f.get(), "t.txt"), "Erro: Palavra grande demais (t.txt, linha 2)");
+  std::rewind(f.get());
+  ESPERA_ERRO(pim::lePalavra(f.get()), "Erro: Palavra grande demais (linha 2)");
+}
+
+TEST(LeNum, PalavraLongaOuComControlesEhMostradaEmParte) {
+  const PASTA pasta;
+  int i = 0;
+  const std::string longa(81, 'x');
+  ESPERA_ERRO(pim::leNum(texto(longa).get(), i),
+              "Erro: Numero invalido " + longa.substr(1) + "... (linha 1)");
+  ESPERA_ERRO(pim::leNum(texto(longa.substr(1)).get(), i),
+              "Erro: Numero invalido " + longa.substr(1) + " (linha 1)");
+  ESPERA_ERRO(pim::leNum(texto(std::string("1\0\x1B[m\xC3\xA1\x7F", 8)).get(), i),
+              "Erro: Numero invalido 1??[m\xC3\xA1? (linha 1)");
 }

@@ -64,6 +64,9 @@ TEST(ContaAreas, AreaQueNaoCabeEm32BitsEhErroQueDizARegistro) {
               "^Erro: Area fora do intervalo r 65536 32768\n$");
   EXPECT_EXIT(contaAreas({forma('c', std::numeric_limits<double>::quiet_NaN(), 3)}),
               testing::ExitedWithCode(1), "^Erro: Area fora do intervalo c nan 3\n$");
+  EXPECT_EXIT(contaAreas({forma('c', 3), forma('q', 1e9, 1e9)}, "a.ho2"),
+              testing::ExitedWithCode(1),
+              "^Erro: Area fora do intervalo q 1e\\+09 1e\\+09 \\(a.ho2, registro 1\\)\n$");
 }
 
 // Rounds by looking at what is left over.
