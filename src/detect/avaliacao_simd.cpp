@@ -10,9 +10,15 @@
 #include <hwy/foreach_target.h>  // must come before highway.h
 #include <hwy/highway.h>
 
+#include <algorithm>
+#include <array>
+
 HWY_BEFORE_NAMESPACE();
 namespace HWY_NAMESPACE {
 namespace hn = hwy::HWY_NAMESPACE;
+
+constexpr std::size_t termosDeKernelPequeno = 40;  // over its whole
+constexpr int larguraDoTijolo = folgaDeLeitura;    // columns of a tile; its rows are the block's
 
 // Four vectors of pixels side by side: enough independent additions to keep the processor busy,
 // few enough to stay in registers with the best values so far.
@@ -119,15 +125,15 @@ HWY_INLINE void avaliaQuatro(D d, DF df, DI di, DR dr, const T* HWY_RESTRICT pix
 // Columns of four vectors, row after row: the terms of the next row are still in the cache. The
 // last, partial column goes through a buffer.
 template <class T, class REAL>
-void avaliaBloco(const BLOCO<T>& b, const std::vector<KERNELPRONTO>& kernels) {
+void avaliaEmRegistros(const BLOCO<T>& b, const std::vector<KERNELPRONTO>& kernels) {
   const hn::ScalableTag<T> d;
   const hn::Rebind<float, decltype(d)> df;
   const hn::Rebind<std::int32_t, decltype(d)> di;
   const hn::Rebind<REAL, decltype(d)> dr;
   static_assert(4 * hn::MaxLanes(hn::ScalableTag<T>()) <= folgaDeLeitura);
   const auto largura = static_cast<int>(4 * hn::Lanes(d));
-  float correl[folgaDeLeitura];
-  std::int32_t indice[folgaDeLeitura];
+  std::array<float, folgaDeLeitura> correl;
+  std::array<std::int32_t, folgaDeLeitura> indice;
   for (int c = 0; c < b.colunas; c += largura) {
     const int cabem = b.colunas - c;
     for (int l = 0; l < b.linhas; ++l) {
@@ -138,13 +144,107 @@ void avaliaBloco(const BLOCO<T>& b, const std::vector<KERNELPRONTO>& kernels) {
       if (cabem >= largura) {
         avaliaQuatro(d, df, di, dr, pixel, kernels, destino, destinoIndice);
       } else {
-        avaliaQuatro(d, df, di, dr, pixel, kernels, correl, indice);
-        for (int i = 0; i < cabem; ++i) {
-          destino[i] = correl[i];
-          destinoIndice[i] = indice[i];
-        }
+        avaliaQuatro(d, df, di, dr, pixel, kernels, correl.data(), indice.data());
+        std::copy_n(correl.data(), cabem, destino);
+        std::copy_n(indice.data(), cabem, destinoIndice);
       }
     }
+  }
+}
+
+// Adds to the sums of a tile's pixels the elements at MAIS offsets, and takes off those at MENOS.
+template <int MAIS, int MENOS, class D, class T>
+HWY_INLINE void soma(D d, const BLOCO<T>& b, const T* HWY_RESTRICT pixel, int largura,
+                     const std::int32_t* mais, const std::int32_t* menos, T* HWY_RESTRICT somas) {
+  const int n = static_cast<int>(hn::Lanes(d));
+  std::array<const T*, MAIS> p;
+  std::array<const T*, MENOS> q;
+  for (int l = 0; l < b.linhas; ++l) {
+    const T* linha = pixel + static_cast<std::size_t>(l) * b.passoPlano;
+    for (int i = 0; i < MAIS; ++i) p[i] = linha + mais[i];
+    for (int i = 0; i < MENOS; ++i) q[i] = linha + menos[i];
+    T* s = somas + l * larguraDoTijolo;
+    for (int c = 0; c < largura; c += n) {
+      auto v = hn::LoadU(d, s + c);
+      for (int i = 0; i < MAIS; ++i) v = hn::Add(v, hn::LoadU(d, p[i] + c));
+      for (int i = 0; i < MENOS; ++i) v = hn::Sub(v, hn::LoadU(d, q[i] + c));
+      hn::StoreU(v, d, s + c);
+    }
+  }
+}
+
+// The sums of a tile over one region, a few terms at a time: those are neighbours, so that most of
+// what they read is in the nearest cache.
+template <class D, class T>
+HWY_INLINE void somaTijolo(D d, const BLOCO<T>& b, const T* HWY_RESTRICT pixel, int largura,
+                           const std::vector<std::int32_t>& mais,
+                           const std::vector<std::int32_t>& menos, T* HWY_RESTRICT somas) {
+  std::fill_n(somas, b.linhas * larguraDoTijolo, T{});
+  const std::int32_t* p = mais.data();
+  const std::int32_t* q = menos.data();
+  const std::int32_t* const fimP = p + mais.size();
+  const std::int32_t* const fimQ = q + menos.size();
+  for (; fimP - p >= 4 && fimQ - q >= 4; p += 4, q += 4) {
+    soma<4, 4>(d, b, pixel, largura, p, q, somas);
+  }
+  for (; fimP - p >= 4; p += 4) soma<4, 0>(d, b, pixel, largura, p, q, somas);
+  for (; fimQ - q >= 4; q += 4) soma<0, 4>(d, b, pixel, largura, p, q, somas);
+  for (; p < fimP; ++p) soma<1, 0>(d, b, pixel, largura, p, q, somas);
+  for (; q < fimQ; ++q) soma<0, 1>(d, b, pixel, largura, p, q, somas);
+}
+
+// Tile after tile, kernel after kernel.
+template <class T, class REAL>
+void avaliaEmTijolos(const BLOCO<T>& b, const std::vector<KERNELPRONTO>& kernels) {
+  const hn::ScalableTag<T> d;
+  const hn::Rebind<float, decltype(d)> df;
+  const hn::Rebind<std::int32_t, decltype(d)> di;
+  const hn::Rebind<REAL, decltype(d)> dr;
+  const std::size_t n = hn::Lanes(d);
+  const auto pixels = static_cast<std::size_t>(b.linhas * larguraDoTijolo);
+  std::vector<T> tudo(pixels);
+  std::vector<T> nucleo(pixels);
+  std::vector<float> melhor(pixels);
+  std::vector<std::int32_t> qual(pixels);
+  for (int c = 0; c < b.colunas; c += larguraDoTijolo) {
+    const int cabem = std::min(b.colunas - c, larguraDoTijolo);
+    const T* pixel = b.pixel + c;
+    std::fill(melhor.begin(), melhor.end(), -1.0F);
+    std::fill(qual.begin(), qual.end(), -1);
+    for (const KERNELPRONTO& k : kernels) {
+      somaTijolo(d, b, pixel, cabem, k.maisTudo, k.menosTudo, tudo.data());
+      somaTijolo(d, b, pixel, cabem, k.maisNucleo, k.menosNucleo, nucleo.data());
+      const FATORES<decltype(dr)> f(dr, k);
+      const auto este = hn::Set(di, k.indice);
+      for (std::size_t i = 0; i < pixels; i += n) {
+        const auto t = hn::LoadU(d, &tudo[i]);
+        const auto x = correlacao(df, t, hn::LoadU(d, &nucleo[i]), d, f, T{});
+        auto m = hn::LoadU(df, &melhor[i]);
+        auto q = hn::LoadU(di, &qual[i]);
+        guarda(df, di, x, este, m, q);
+        hn::StoreU(m, df, &melhor[i]);
+        hn::StoreU(q, di, &qual[i]);
+      }
+    }
+    for (std::size_t l = 0; l < static_cast<std::size_t>(b.linhas); ++l) {
+      const auto coluna = static_cast<std::size_t>(c);
+      std::copy_n(&melhor[l * larguraDoTijolo], cabem, b.correl + l * b.passoCorrel + coluna);
+      std::copy_n(&qual[l * larguraDoTijolo], cabem, b.indice + l * b.passoIndice + coluna);
+    }
+  }
+}
+
+// Small kernels have few terms, which stay in the nearest cache from row to row while everything
+// else stays in registers. Those of large kernels lie too far apart for that.
+template <class T, class REAL>
+void avaliaBloco(const BLOCO<T>& b, const std::vector<KERNELPRONTO>& kernels) {
+  const bool muitos = std::any_of(kernels.begin(), kernels.end(), [](const KERNELPRONTO& k) {
+    return k.maisTudo.size() + k.menosTudo.size() > termosDeKernelPequeno;
+  });
+  if (muitos) {
+    avaliaEmTijolos<T, REAL>(b, kernels);
+  } else {
+    avaliaEmRegistros<T, REAL>(b, kernels);
   }
 }
 

@@ -1,6 +1,8 @@
 #include "detect/faixa.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <span>
 #include <type_traits>
 
 #include "detect/avaliacao.h"
@@ -20,7 +22,7 @@ inline double inteiro(float v, double unidade, double /*desconto*/) {
 
 // A row of the level from column `x0` on, its ends repeated.
 template <class T>
-void leLinha(const NIVEL& nivel, int y, int x0, std::vector<T>& saida) {
+void leLinha(const NIVEL& nivel, int y, int x0, std::span<T> saida) {
   using UNIDADE = std::conditional_t<std::is_integral_v<T>, float, double>;
   const auto unidade = static_cast<UNIDADE>(nivel.unidade);
   const auto desconto = static_cast<T>(nivel.desconto);
@@ -46,6 +48,15 @@ T soma(T a, T b) {
 }
 
 template <class T>
+T diferenca(T a, T b) {
+  if constexpr (std::is_integral_v<T>) {
+    return static_cast<T>(static_cast<std::uint32_t>(a) - static_cast<std::uint32_t>(b));
+  } else {
+    return a - b;
+  }
+}
+
+template <class T>
 void somaLinha(const std::vector<T>& linha, T* x) {
   T total{};
   for (std::size_t j = 0; j < linha.size(); ++j) {
@@ -54,61 +65,96 @@ void somaLinha(const std::vector<T>& linha, T* x) {
   }
 }
 
-// A row of a plane along a direction: the row of X plus the plane's own row `dl` above, read `dc`
-// columns to the left. Where that column is missing a sum starts.
+// How far aside the planes' sums reach.
+int ladoDosPlanos(const std::vector<PLANO>& planos) {
+  int maior = 0;
+  for (const PLANO& p : planos) {
+    maior = std::max(maior, std::abs(p.dc));
+    for (const TERMO& t : p.soma) maior = std::max(maior, std::abs(t.dc));
+  }
+  return maior;
+}
+
+// saida = a + b or a - b; `saida` may be `a`.
 template <class T>
-void acumula(const T* x, const T* acima, int dc, int n, T* saida) {
-  const int de = std::clamp(dc, 0, n);
-  const int ate = std::clamp(n + dc, de, n);
-  std::copy(x, x + de, saida);
-  for (int j = de; j < ate; ++j) saida[j] = soma(x[j], acima[j - dc]);
-  std::copy(x + ate, x + n, saida + ate);
+void junta(const T* a, const T* b, bool mais, std::size_t n, T* saida) {
+  if (mais) {
+    for (std::size_t j = 0; j < n; ++j) saida[j] = soma(a[j], b[j]);
+  } else {
+    for (std::size_t j = 0; j < n; ++j) saida[j] = diferenca(a[j], b[j]);
+  }
 }
 
 }  // namespace
 
 template <class T>
 FAIXA<T>::FAIXA(int margemPedida, int linhasPedidas, int colunasPedidas,
-                const std::vector<DIRECAO>& direcoesPedidas)
+                const std::vector<PLANO>& planosPedidos)
     : margem(margemPedida),
       linhas(linhasPedidas),
       colunas(colunasPedidas),
-      direcoes(direcoesPedidas),
-      passo(static_cast<std::size_t>(colunas + 2 * margem)),
+      planos(planosPedidos),
+      aba(ladoDosPlanos(planos)),
+      passo(static_cast<std::size_t>(colunas + 2 * margem + 2 * aba)),
       tamanho(passo * static_cast<std::size_t>(linhas + 2 * margem)),
-      elementos(tamanho * (1 + direcoes.size()) + folgaDeLeitura),
+      elementos(tamanho * (1 + planos.size()) + folgaDeLeitura),
       linhaInteira(passo) {}
 
 template <class T>
-double FAIXA<T>::bytes(int margem, int linhas, int colunas, std::size_t planos) {
-  return static_cast<double>(sizeof(T) * planos) * (linhas + 2.0 * margem) *
-         (colunas + 2.0 * margem);
+double FAIXA<T>::bytes(int margem, int linhas, int colunas, const std::vector<PLANO>& planos) {
+  return static_cast<double>(sizeof(T) * (1 + planos.size())) * (linhas + 2.0 * margem) *
+         (colunas + 2.0 * margem + 2.0 * ladoDosPlanos(planos));
 }
 
 template <class T>
 void FAIXA<T>::enche(const NIVEL& nivel, int x0, int y0, int de, int ate) {
-  const int n = static_cast<int>(passo);
+  const auto meio =
+      std::span(linhaInteira)
+          .subspan(static_cast<std::size_t>(aba), passo - 2 * static_cast<std::size_t>(aba));
+  if (de == 0) total = T{};
   for (int r = de; r < ate; ++r) {
-    leLinha(nivel, y0 - margem + r, x0 - margem, linhaInteira);
+    leLinha(nivel, y0 - margem + r, x0 - margem, meio);
     T* x = elementos.data() + static_cast<std::size_t>(r) * passo;
     somaLinha(linhaInteira, x);
-    T* saida = x;
-    for (const DIRECAO d : direcoes) {
-      saida += tamanho;
-      if (r < d.dl) {
-        std::copy(x, x + n, saida);
-      } else {
-        acumula(x, saida - static_cast<std::size_t>(d.dl) * passo, d.dc, n, saida);
-      }
-    }
+    total = soma(total, x[passo - 1]);
+    for (std::size_t p = 1; p <= planos.size(); ++p) encheLinha(p, r);
   }
 }
 
 template <class T>
-void FAIXA<T>::avanca() {
+void FAIXA<T>::encheLinha(std::size_t p, int r) {
+  const PLANO& plano = planos[p - 1];
+  const auto lado = static_cast<std::size_t>(aba);
+  const std::size_t n = passo - 2 * lado;
+  // The element `dl` rows below and `dc` columns right of the row's first, in plane q; none above
+  // the buffer, where all is 0.
+  const auto em = [&](std::size_t q, int dl, int dc) -> T* {
+    if (r + dl < 0) return nullptr;
+    return elementos.data() + q * tamanho + static_cast<std::size_t>(r + dl) * passo + lado + dc;
+  };
+  T* saida = em(p, 0, 0);
+  const T* antes = em(p, -plano.dl, -plano.dc);
+  if (antes == nullptr) {
+    std::fill(saida, saida + n, T{});
+    antes = saida;
+  }
+  if (plano.dosPixels) junta(antes, linhaInteira.data() + lado, true, n, saida);
+  for (const TERMO& t : plano.soma) {
+    const T* x = em(static_cast<std::size_t>(t.plano), t.dl, t.dc);
+    if (x == nullptr) continue;
+    junta(antes, x, t.sinal > 0, n, saida);
+    antes = saida;
+  }
+  if (antes != saida && !plano.dosPixels) std::copy(antes, antes + n, saida);
+  std::fill(saida - lado, saida, T{});
+  std::fill(saida + n, saida + n + lado, plano.dosPixels ? T{} : total);
+}
+
+template <class T>
+void FAIXA<T>::avanca(int feitas) {
   const std::size_t guardadas = 2 * static_cast<std::size_t>(margem) * passo;
-  const std::size_t saltadas = static_cast<std::size_t>(linhas) * passo;
-  for (std::size_t p = 0; p <= direcoes.size(); ++p) {
+  const std::size_t saltadas = static_cast<std::size_t>(feitas) * passo;
+  for (std::size_t p = 0; p <= planos.size(); ++p) {
     T* plano = elementos.data() + p * tamanho;
     std::copy(plano + saltadas, plano + saltadas + guardadas, plano);
   }

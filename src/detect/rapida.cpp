@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "detect/avaliacao.h"
+#include "detect/escolha.h"
 #include "detect/faixa.h"
 
 namespace {
@@ -48,23 +49,37 @@ std::vector<KERNELPRONTO> prontos(const std::vector<const ESQUEMA*>& kernels, do
   return lista;
 }
 
+// Rows of a strip's work area: half as many as the two margins, which are moved when it is full.
+// More would leave the caches, fewer be moved all the time.
+int linhasDaFaixa(int margem) {
+  const int blocos = (margem + linhasDeTrabalho - 1) / linhasDeTrabalho;
+  return std::max(1, blocos) * linhasDeTrabalho;
+}
+
 // Strip by strip from left to right, and in each block by block downward.
 template <class T>
 void percorre(const NIVEL& nivel, const std::vector<const ESQUEMA*>& kernels, const GRUPO& grupo,
               int colunas, cv::Mat_<float>& melhor, cv::Mat_<int>& qual) {
-  FAIXA<T> faixa(grupo.margem, linhasDeTrabalho, colunas, grupo.direcoes);
+  FAIXA<T> faixa(grupo.margem, linhasDaFaixa(grupo.margem), colunas, grupo.planos);
   const std::vector<KERNELPRONTO> lista = prontos(kernels, nivel.unidade, faixa);
   const int rows = nivel.imagem.rows;
   const int cols = nivel.imagem.cols;
   for (int x0 = 0; x0 < cols; x0 += colunas) {
     faixa.enche(nivel, x0, 0, 0, 2 * faixa.margem);
+    int feitas = 0;
     for (int y0 = 0; y0 < rows; y0 += linhasDeTrabalho) {
+      if (feitas == faixa.linhas) {
+        faixa.avanca(feitas);
+        feitas = 0;
+      }
       const int linhas = std::min(linhasDeTrabalho, rows - y0);
-      faixa.enche(nivel, x0, y0, 2 * faixa.margem, 2 * faixa.margem + linhas);
-      avalia({faixa.origem(), faixa.passo, linhas, std::min(colunas, cols - x0), melhor[y0] + x0,
-              melhor.step1(), qual[y0] + x0, qual.step1()},
+      const int de = 2 * faixa.margem + feitas;
+      faixa.enche(nivel, x0, y0 - feitas, de, de + linhas);
+      avalia({faixa.origem() + static_cast<std::size_t>(feitas) * faixa.passo, faixa.passo, linhas,
+              std::min(colunas, cols - x0), melhor[y0] + x0, melhor.step1(), qual[y0] + x0,
+              qual.step1()},
              lista);
-      faixa.avanca();
+      feitas += linhas;
     }
   }
 }
@@ -88,7 +103,8 @@ bool cabe(const NIVEL& nivel, const std::vector<const ESQUEMA*>& kernels, const 
 
 GRUPO preparaGrupo(const std::vector<MASCARA>& kernels, int primeiro, int ultimo) {
   GRUPO grupo;
-  std::vector<REGIAO> regioes;
+  std::vector<LADO> todos;
+  std::vector<std::vector<LADO>> lados;  // two regions a kernel
   for (int k = primeiro; k <= ultimo; ++k) {
     const MASCARA& m = kernels[static_cast<std::size_t>(k)];
     const std::optional<REGIOES> r = regioesDoKernel(m.kernel);
@@ -96,15 +112,18 @@ GRUPO preparaGrupo(const std::vector<MASCARA>& kernels, int primeiro, int ultimo
       grupo.serve = false;
       return grupo;
     }
-    regioes.push_back(r->tudo);
-    regioes.push_back(r->nucleo);
+    for (const REGIAO& regiao : {r->tudo, r->nucleo}) {
+      lados.push_back(ladosDaRegiao(regiao));
+      todos.insert(todos.end(), lados.back().begin(), lados.back().end());
+    }
     grupo.kernels.push_back({k, m.sPir, {}, {}, r->nAnel, r->nNucleo});
   }
-  grupo.direcoes = escolheDirecoes(regioes);
+  const std::vector<ESCADA> escadas = escolheEscadas(todos);
+  grupo.planos = planosDasEscadas(escadas);
   for (std::size_t i = 0; i < grupo.kernels.size(); ++i) {
     ESQUEMA& e = grupo.kernels[i];
-    e.tudo = termosDaRegiao(regioes[2 * i], grupo.direcoes);
-    e.nucleo = termosDaRegiao(regioes[2 * i + 1], grupo.direcoes);
+    e.tudo = termosDosLados(lados[2 * i], escadas);
+    e.nucleo = termosDosLados(lados[2 * i + 1], escadas);
     grupo.margem = std::max({grupo.margem, alcance(e.tudo), alcance(e.nucleo)});
   }
   return grupo;
@@ -122,10 +141,10 @@ bool correlaNivel(const NIVEL& nivel, int L, const GRUPO& grupo, cv::Mat_<float>
     qual.setTo(-1);
     return true;
   }
-  // Strips at least as wide as their margins, so that little is made twice.
-  const int colunas = std::min(std::max(colunasDeTrabalho, 2 * grupo.margem), nivel.imagem.cols);
-  const std::size_t planos = 1 + grupo.direcoes.size();
-  const double bytes = FAIXA<double>::bytes(grupo.margem, linhasDeTrabalho, colunas, planos);
+  // Strips at least as wide as a margin, so that not too much is made twice.
+  const int colunas = std::min(std::max(colunasDeTrabalho, grupo.margem), nivel.imagem.cols);
+  const double bytes =
+      FAIXA<double>::bytes(grupo.margem, linhasDaFaixa(grupo.margem), colunas, grupo.planos);
   if (bytes > maximoDeBytes) return false;
   const bool inteira = nivel.tipo == REPRESENTACAO::inteira;
   if (!cabe(nivel, kernels, grupo, colunas)) {

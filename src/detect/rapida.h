@@ -22,9 +22,9 @@ struct ESQUEMA {
 
 struct GRUPO {
   std::vector<ESQUEMA> kernels;
-  std::vector<DIRECAO> direcoes;  // of the planes that the terms use, after X
-  int margem = 0;                 // farthest row or column that a term reaches
-  bool serve = true;              // false when some kernel has other than three values
+  std::vector<PLANO> planos;  // that the terms use, after X
+  int margem = 0;             // farthest row or column that a term needs
+  bool serve = true;          // false when some kernel has other than three values
 };
 
 // The kernels with indices `primeiro` to `ultimo` inclusive.
