@@ -9,14 +9,14 @@
 
 int main() {
   cv::setNumThreads(1);
-  std::fprintf(stderr, "Instruction set: %s\n", conjuntoDeInstrucoes());
+  std::fprintf(stderr, "Instruction set: %s\n", avaliadores().front().nome);
   corre({"cena", "c12.pgm", "c12.csv", "3000", "4000"});
   // Whole runs first: a child's peak memory counts that of the process it comes from.
   const std::vector<LINHA> corridas = medeCorridas();
   std::vector<LINHA> linhas = medePartes("c12.pgm");
   linhas.insert(linhas.end(), corridas.begin(), corridas.end());
 
-  std::printf("Instruction set: %s\n\n", conjuntoDeInstrucoes());
+  std::printf("Instruction set: %s\n\n", avaliadores().front().nome);
   std::printf("| Work | plain | fast | ratio | |\n|---|---|---|---|---|\n");
   for (const LINHA& l : linhas) {
     if (l.simples > 0) {

@@ -1,4 +1,7 @@
 # The small development packages of OpenCV and matio bring no CMake configuration of their own.
+# Of imgproc a few functions are used; taken from its archive, they need not be looked up among
+# thousands at every start.
+find_library(OPENCV_imgproc_LIBRARY NAMES libopencv_imgproc.a opencv_imgproc REQUIRED)
 find_path(OPENCV_INCLUDE_DIR opencv2/core.hpp PATH_SUFFIXES opencv4 REQUIRED)
 foreach(parte core imgproc imgcodecs)
   find_library(OPENCV_${parte}_LIBRARY opencv_${parte} REQUIRED)

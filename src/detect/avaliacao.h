@@ -45,12 +45,19 @@ struct BLOCO {
 // Sets, for every pixel of the block, the highest correlation and the index of its kernel; -1 and
 // -1 where no kernel exceeds -1. The kernels are tried in order and the first wins a tie. Planes of
 // 32-bit integers wrap around; the sums themselves must fit.
-void avalia(const BLOCO<std::int32_t>& bloco, const std::vector<KERNELPRONTO>& kernels);
-void avalia(const BLOCO<double>& bloco, const std::vector<KERNELPRONTO>& kernels);
+template <class T>
+using AVALIA = void(const BLOCO<T>& bloco, const std::vector<KERNELPRONTO>& kernels);
 
-// The same one pixel at a time: what `avalia` must equal to the last bit on every processor.
-void avaliaSimples(const BLOCO<std::int32_t>& bloco, const std::vector<KERNELPRONTO>& kernels);
-void avaliaSimples(const BLOCO<double>& bloco, const std::vector<KERNELPRONTO>& kernels);
+// That operation for both kinds of planes, in the instructions named.
+struct AVALIADOR {
+  const char* nome;
+  AVALIA<std::int32_t>* inteiros;
+  AVALIA<double>* reais;
+};
 
-// The name of the instruction set that `avalia` uses on this processor.
-const char* conjuntoDeInstrucoes();
+// Those that this processor can run, the fastest first.
+std::vector<AVALIADOR> avaliadores();
+
+// The same one pixel at a time: what all of them must equal to the last bit.
+AVALIA<std::int32_t> avaliaSimples;
+AVALIA<double> avaliaSimples;

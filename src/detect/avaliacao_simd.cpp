@@ -1,9 +1,9 @@
-// Vector form of avaliacao_simples.cpp, compiled once for every instruction set and chosen at run
-// time. The same operations in the same order: results are equal to the last bit.
+// Vector form of avaliacao_simples.cpp, compiled once for every instruction set. The same
+// operations in the same order: results are equal to the last bit.
 #include "detect/avaliacao.h"
 
-// Vectors of unknown length can't be fields of a record.
-#define HWY_DISABLED_TARGETS (HWY_SVE | HWY_SVE2 | HWY_SVE_256 | HWY_RVV)
+// Vectors of unknown length can't be fields of a record; the other two gain nothing.
+#define HWY_DISABLED_TARGETS (HWY_SVE | HWY_SVE2 | HWY_SVE_256 | HWY_RVV | HWY_AVX3_DL | HWY_SSSE3)
 
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "detect/avaliacao_simd.cpp"
@@ -256,27 +256,47 @@ void avaliaReais(const BLOCO<double>& b, const std::vector<KERNELPRONTO>& kernel
   avaliaBloco<double, double>(b, kernels);
 }
 
-const char* nomeDoAlvo() {
-  return hwy::TargetName(HWY_TARGET);
-}
-
 }  // namespace HWY_NAMESPACE
 HWY_AFTER_NAMESPACE();
 
 #if HWY_ONCE
-HWY_EXPORT(avaliaInteiros);
-HWY_EXPORT(avaliaReais);
-HWY_EXPORT(nomeDoAlvo);
+namespace {
 
-void avalia(const BLOCO<std::int32_t>& bloco, const std::vector<KERNELPRONTO>& kernels) {
-  HWY_DYNAMIC_DISPATCH(avaliaInteiros)(bloco, kernels);
+#if HWY_ARCH_X86
+bool temSse4() {
+  return __builtin_cpu_supports("sse4.2") != 0 && __builtin_cpu_supports("pclmul") != 0 &&
+         __builtin_cpu_supports("aes") != 0;
 }
 
-void avalia(const BLOCO<double>& bloco, const std::vector<KERNELPRONTO>& kernels) {
-  HWY_DYNAMIC_DISPATCH(avaliaReais)(bloco, kernels);
+bool temAvx2() {
+  return temSse4() && __builtin_cpu_supports("avx2") != 0 && __builtin_cpu_supports("bmi") != 0 &&
+         __builtin_cpu_supports("bmi2") != 0 && __builtin_cpu_supports("fma") != 0;
 }
 
-const char* conjuntoDeInstrucoes() {
-  return HWY_DYNAMIC_DISPATCH(nomeDoAlvo)();
+bool temAvx512() {
+  return temAvx2() && __builtin_cpu_supports("avx512f") != 0 &&
+         __builtin_cpu_supports("avx512vl") != 0 && __builtin_cpu_supports("avx512dq") != 0 &&
+         __builtin_cpu_supports("avx512bw") != 0;
+}
+#endif
+
+}  // namespace
+
+// The vector library could choose by itself, but loading it takes as long as a whole run on a small
+// image: it times its clock first.
+std::vector<AVALIADOR> avaliadores() {
+  std::vector<AVALIADOR> lista;
+#if HWY_TARGETS & HWY_AVX3
+  if (temAvx512()) lista.push_back({"AVX-512", N_AVX3::avaliaInteiros, N_AVX3::avaliaReais});
+#endif
+#if HWY_TARGETS & HWY_AVX2
+  if (temAvx2()) lista.push_back({"AVX2", N_AVX2::avaliaInteiros, N_AVX2::avaliaReais});
+#endif
+#if HWY_TARGETS & HWY_SSE4
+  if (temSse4()) lista.push_back({"SSE4", N_SSE4::avaliaInteiros, N_SSE4::avaliaReais});
+#endif
+  lista.push_back({hwy::TargetName(HWY_STATIC_TARGET), HWY_STATIC_DISPATCH(avaliaInteiros),
+                   HWY_STATIC_DISPATCH(avaliaReais)});
+  return lista;
 }
 #endif

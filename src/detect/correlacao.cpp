@@ -56,10 +56,12 @@ void correlaGrupo(const NIVEIS& niveis, const std::vector<MASCARA>& kernels, int
   melhorCorrel.resize(niveis.size());
   melhorKernel.resize(niveis.size());
   const GRUPO grupo = preparaGrupo(kernels, primeiro, ultimo);
+  const AVALIADOR avaliador = avaliadores().front();
   for (std::size_t L = 0; L < niveis.size(); ++L) {
     melhorCorrel[L].create(niveis[L].imagem.size());
     melhorKernel[L].create(niveis[L].imagem.size());
-    if (correlaNivel(niveis[L], static_cast<int>(L), grupo, melhorCorrel[L], melhorKernel[L])) {
+    if (correlaNivel(niveis[L], static_cast<int>(L), grupo, avaliador, melhorCorrel[L],
+                     melhorKernel[L])) {
       continue;
     }
     std::vector<const MASCARA*> aplicados;

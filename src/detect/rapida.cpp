@@ -59,7 +59,7 @@ int linhasDaFaixa(int margem) {
 // Strip by strip from left to right, and in each block by block downward.
 template <class T>
 void percorre(const NIVEL& nivel, const std::vector<const ESQUEMA*>& kernels, const GRUPO& grupo,
-              int colunas, cv::Mat_<float>& melhor, cv::Mat_<int>& qual) {
+              int colunas, AVALIA<T>* avalia, cv::Mat_<float>& melhor, cv::Mat_<int>& qual) {
   FAIXA<T> faixa(grupo.margem, linhasDaFaixa(grupo.margem), colunas, grupo.planos);
   const std::vector<KERNELPRONTO> lista = prontos(kernels, nivel.unidade, faixa);
   const int rows = nivel.imagem.rows;
@@ -129,8 +129,8 @@ GRUPO preparaGrupo(const std::vector<MASCARA>& kernels, int primeiro, int ultimo
   return grupo;
 }
 
-bool correlaNivel(const NIVEL& nivel, int L, const GRUPO& grupo, cv::Mat_<float>& melhor,
-                  cv::Mat_<int>& qual) {
+bool correlaNivel(const NIVEL& nivel, int L, const GRUPO& grupo, const AVALIADOR& avaliador,
+                  cv::Mat_<float>& melhor, cv::Mat_<int>& qual) {
   if (!grupo.serve || nivel.tipo == REPRESENTACAO::nenhuma) return false;
   std::vector<const ESQUEMA*> kernels;
   for (const ESQUEMA& e : grupo.kernels) {
@@ -149,12 +149,12 @@ bool correlaNivel(const NIVEL& nivel, int L, const GRUPO& grupo, cv::Mat_<float>
   const bool inteira = nivel.tipo == REPRESENTACAO::inteira;
   if (!cabe(nivel, kernels, grupo, colunas)) {
     if (!inteira) return false;
-    return correlaNivel(comoReal(nivel), L, grupo, melhor, qual);
+    return correlaNivel(comoReal(nivel), L, grupo, avaliador, melhor, qual);
   }
   if (inteira) {
-    percorre<std::int32_t>(nivel, kernels, grupo, colunas, melhor, qual);
+    percorre(nivel, kernels, grupo, colunas, avaliador.inteiros, melhor, qual);
   } else {
-    percorre<double>(nivel, kernels, grupo, colunas, melhor, qual);
+    percorre(nivel, kernels, grupo, colunas, avaliador.reais, melhor, qual);
   }
   return true;
 }

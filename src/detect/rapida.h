@@ -3,6 +3,7 @@
 #include <opencv2/core.hpp>
 #include <vector>
 
+#include "detect/avaliacao.h"
 #include "detect/niveis.h"
 #include "detect/termos.h"
 #include "kernels/mascara.h"
@@ -32,5 +33,5 @@ GRUPO preparaGrupo(const std::vector<MASCARA>& kernels, int primeiro, int ultimo
 
 // Fills `melhor` and `qual`, which have the level's size, for level number L; false, and nothing
 // done, when the level or a kernel does not suit.
-bool correlaNivel(const NIVEL& nivel, int L, const GRUPO& grupo, cv::Mat_<float>& melhor,
-                  cv::Mat_<int>& qual);
+bool correlaNivel(const NIVEL& nivel, int L, const GRUPO& grupo, const AVALIADOR& avaliador,
+                  cv::Mat_<float>& melhor, cv::Mat_<int>& qual);

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <hwy/targets.h>
 #include <algorithm>
 #include <cmath>
 #include <random>
@@ -202,7 +201,7 @@ TEST(Rapida, FaixasEBlocosJuntamSeSemEmenda) {
 // Random planes and terms, evaluated pixel by pixel and by every instruction set of this machine.
 // Kernels of few and of many terms are evaluated in different ways.
 template <class T>
-void comparaAlvos(unsigned maximoDeTermos) {
+void compara(AVALIA<T>* avalia, const char* nome, unsigned maximoDeTermos) {
   std::mt19937 g(semente);
   constexpr int passo = 400;
   std::vector<T> plano(std::size_t{passo} * 60);
@@ -234,25 +233,18 @@ void comparaAlvos(unsigned maximoDeTermos) {
         BLOCO<T>{plano.data(), passo, 10, colunas, obtida.data(), passo, qualObtido.data(), passo},
         kernels);
     // Equal to the last bit, and nothing written beyond the block.
-    ASSERT_EQ(obtida, esperada) << conjuntoDeInstrucoes() << " colunas=" << colunas;
-    ASSERT_EQ(qualObtido, qualEsperado) << conjuntoDeInstrucoes() << " colunas=" << colunas;
+    ASSERT_EQ(obtida, esperada) << nome << " colunas=" << colunas;
+    ASSERT_EQ(qualObtido, qualEsperado) << nome << " colunas=" << colunas;
   }
 }
 
 TEST(Avaliacao, TodosOsConjuntosDeInstrucoesDaoOMesmoQuePixelAPixel) {
-  std::vector<std::int64_t> alvos;
-  for (std::int64_t resto = hwy::SupportedTargets(); resto != 0; resto &= resto - 1) {
-    alvos.push_back(resto & -resto);
-  }
-  ASSERT_FALSE(alvos.empty());
-  for (const std::int64_t alvo : alvos) {
-    hwy::SetSupportedTargetsForTest(alvo);
-    hwy::GetChosenTarget().Update(alvo);
+  const std::vector<AVALIADOR> todos = avaliadores();
+  ASSERT_FALSE(todos.empty());
+  for (const AVALIADOR& a : todos) {
     for (const unsigned maximoDeTermos : {6U, 20U, 80U}) {
-      comparaAlvos<std::int32_t>(maximoDeTermos);
-      comparaAlvos<double>(maximoDeTermos);
+      compara(a.inteiros, a.nome, maximoDeTermos);
+      compara(a.reais, a.nome, maximoDeTermos);
     }
   }
-  hwy::SetSupportedTargetsForTest(0);
-  hwy::GetChosenTarget().Update(hwy::SupportedTargets());
 }
