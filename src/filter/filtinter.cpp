@@ -10,6 +10,7 @@
 
 namespace {
 
+constexpr std::size_t aFrente = 4;  // candidates
 constexpr double semValor = std::numeric_limits<double>::quiet_NaN();
 
 struct LIMIAR {
@@ -40,10 +41,12 @@ struct LIMIARES {
 };
 
 // Calls `acao(l, de, ate)` for the stretches of the shape of `m` that lie inside a grid of `rows`
-// by `cols` cells, cut to it.
-template <class ACAO>
-void paraCadaTrecho(const MAXLOCAL& m, const SILHUETA& s, unsigned rows, unsigned cols, ACAO acao) {
+// by `cols` cells, cut to it, for as long as `segue()`.
+template <class ACAO, class SEGUE>
+void paraCadaTrecho(const MAXLOCAL& m, const SILHUETA& s, unsigned rows, unsigned cols, ACAO acao,
+                    SEGUE segue) {
   for (const SILHUETA::TRECHO& t : s.trechos) {
+    if (!segue()) return;
     const std::int64_t l = std::int64_t{m.li} + t.linha;
     if (l < 0 || l >= rows) continue;
     const std::int64_t de = std::max<std::int64_t>(std::int64_t{m.ci} + t.de, 0);
@@ -52,25 +55,40 @@ void paraCadaTrecho(const MAXLOCAL& m, const SILHUETA& s, unsigned rows, unsigne
   }
 }
 
-// The share of the shape's pixels that count: all those outside the grid, and of the stretches
-// inside it what `conta(l, de, ate)` says. NaN when the shape has no pixel.
-template <class CONTA>
-double fracao(const MAXLOCAL& m, const SILHUETA& s, unsigned rows, unsigned cols, CONTA conta) {
-  if (s.pixels == 0) return semValor;
-  std::int64_t contados = s.pixels;
-  paraCadaTrecho(m, s, rows, cols,
-                 [&](int l, int de, int ate) { contados += conta(l, de, ate) - (ate - de + 1); });
-  return static_cast<double>(contados) / static_cast<double>(s.pixels);
+template <class ACAO>
+void paraCadaTrecho(const MAXLOCAL& m, const SILHUETA& s, unsigned rows, unsigned cols, ACAO acao) {
+  paraCadaTrecho(m, s, rows, cols, acao, [] { return true; });
 }
 
-double interseccao(const MAXLOCAL& m, const SILHUETA& s, const OCUPACAO& grade) {
-  return fracao(m, s, grade.rows, grade.cols,
+// Whether the share of the shape's pixels that count exceeds `maximo`: all those outside the grid
+// count, and of the stretches inside it what `conta(l, de, ate)` says. Never for a shape without
+// pixels nor for a maximum that is no number. The rows are looked at only until that is certain.
+template <class CONTA>
+bool excede(const MAXLOCAL& m, const SILHUETA& s, const OCUPACAO& grade, double maximo,
+            CONTA conta) {
+  if (s.pixels == 0) return false;
+  std::int64_t dentro = 0;
+  std::int64_t contados = 0;
+  paraCadaTrecho(m, s, grade.rows, grade.cols,
+                 [&](int /*l*/, int de, int ate) { dentro += ate - de + 1; });
+  const std::int64_t fora = s.pixels - dentro;
+  const auto passou = [&] {
+    return static_cast<double>(fora + contados) / static_cast<double>(s.pixels) > maximo;
+  };
+  paraCadaTrecho(
+      m, s, grade.rows, grade.cols, [&](int l, int de, int ate) { contados += conta(l, de, ate); },
+      [&] { return !passou(); });
+  return passou();
+}
+
+bool cobreDemais(const MAXLOCAL& m, const SILHUETA& s, const OCUPACAO& grade, double maximo) {
+  return excede(m, s, grade, maximo,
                 [&](int l, int de, int ate) { return grade.ocupadas(l, de, ate); });
 }
 
-double interseccaoDoVizinho(const MAXLOCAL& m, int indice, const SILHUETA& s,
-                            const OCUPACAO& grade) {
-  return fracao(m, s, grade.rows, grade.cols,
+bool ehCobertoDemais(const MAXLOCAL& m, int indice, const SILHUETA& s, const OCUPACAO& grade,
+                     double maximo) {
+  return excede(m, s, grade, maximo,
                 [&](int l, int de, int ate) { return grade.deOutros(l, de, ate, indice); });
 }
 
@@ -130,18 +148,30 @@ struct FILTRO {
                    "void filtInter(std::vector<MAXLOCAL>&, std::vector<MAXLOCAL>&, cv::Size, "
                    "double, double, double, double, double, double, double, double)"});
       const MAXLOCAL& viz = saida.at(static_cast<std::size_t>(j));
-      const double inter = interseccaoDoVizinho(viz, j, silhuetas.de(viz), grade);
-      if (inter > limiares.de(viz.forma).maxInter) return true;
+      const double maximo = limiares.de(viz.forma).maxInter;
+      if (ehCobertoDemais(viz, j, silhuetas.de(viz), grade, maximo)) return true;
     }
     return false;
   }
 
+  bool fraca(const MAXLOCAL& m) const {
+    return static_cast<double>(m.correl) < limiares.de(m.forma).minCorr;
+  }
+
+  // Has the cells of a later candidate brought near while this one is dealt with: on a large image
+  // most of the time would be spent waiting for them.
+  void antecipa(const MAXLOCAL& m) {
+    if (fraca(m)) return;
+    paraCadaTrecho(m, silhuetas.de(m), grade.rows, grade.cols,
+                   [&](int l, int de, int ate) { grade.antecipa(l, de, ate); });
+  }
+
   void considera(const MAXLOCAL& m) {
     const LIMIAR& limiar = limiares.de(m.forma);
-    if (static_cast<double>(m.correl) < limiar.minCorr) return;
+    if (fraca(m)) return;
     silhuetas.arruma();
     const SILHUETA& s = silhuetas.de(m);
-    if (interseccao(m, s, grade) > limiar.maxInter) return;
+    if (cobreDemais(m, s, grade, limiar.maxInter)) return;
     saida.push_back(m);
     const int wi = static_cast<int>(saida.size()) - 1;
     paraCadaTrecho(m, s, grade.rows, grade.cols, [&](int l, int de, int ate) {
@@ -175,5 +205,8 @@ void filtInter(std::vector<MAXLOCAL>& entrada, std::vector<MAXLOCAL>& saida, cv:
                              {minCorrQua, maxInterQua},
                              {minCorrEli, maxInterEli}};
   FILTRO filtro{limiares, saida, OCUPACAO(tamanho.height, tamanho.width), {}};
-  for (const MAXLOCAL& m : entrada) filtro.considera(m);
+  for (std::size_t i = 0; i < entrada.size(); ++i) {
+    if (i + aFrente < entrada.size()) filtro.antecipa(entrada[i + aFrente]);
+    filtro.considera(entrada[i]);
+  }
 }

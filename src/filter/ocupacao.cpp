@@ -64,6 +64,11 @@ int OCUPACAO::deOutros(int l, int de, int ate, int indice) const {
   return n;
 }
 
+void OCUPACAO::antecipa(int l, int de, int ate) const {
+  __builtin_prefetch(linha(l) + de);
+  __builtin_prefetch(linha(l) + ate);
+}
+
 void OCUPACAO::junta(int l, int de, int ate, std::vector<int>& indices) const {
   const int* celula = linha(l);
   int anterior = vazia;

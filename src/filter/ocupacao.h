@@ -25,6 +25,9 @@ struct OCUPACAO {
   int ocupadas(int l, int de, int ate) const;
   int deOutros(int l, int de, int ate, int indice) const;
 
+  // Tells the processor that those cells will be needed soon.
+  void antecipa(int l, int de, int ate) const;
+
   // Appends the indices of those cells to `indices`; some repeats are left out.
   void junta(int l, int de, int ate, std::vector<int>& indices) const;
 

@@ -2,8 +2,8 @@
 
 #include <array>
 #include <cstdint>
-#include <map>
 #include <opencv2/core.hpp>
+#include <unordered_map>
 #include <vector>
 
 #include "detect/maxlocal.h"
@@ -34,6 +34,9 @@ struct SILHUETAS {
 
  private:
   using CHAVE = std::array<std::uint64_t, 4>;  // letter, and the bits of d1, d2 and ang
-  std::map<CHAVE, SILHUETA> feitas;
+  struct MISTURA {
+    std::size_t operator()(const CHAVE& chave) const;
+  };
+  std::unordered_map<CHAVE, SILHUETA, MISTURA> feitas;
   std::size_t trechosGuardados = 0;
 };

@@ -101,6 +101,30 @@ TEST(Silhueta, MarcaOsZerosDaMascara) {
   confere(furada);
 }
 
+TEST(Silhueta, EhADaMascaraParaQualquerForma) {
+  std::mt19937 g(31);
+  std::uniform_real_distribution<double> tamanho(-3, 60);
+  std::uniform_real_distribution<double> angulo(-400, 400);
+  SILHUETAS guardadas;
+  for (int vez = 0; vez < 2000; ++vez) {
+    const MAXLOCAL m = {0, "cqrex"[g() % 5], 0, 0, tamanho(g), tamanho(g), angulo(g)};
+    cv::Mat_<unsigned char> mascara;
+    mascaraMaxLocal(m, mascara);
+    const SILHUETA esperada = silhueta(mascara);
+    const SILHUETA& s = guardadas.de(m);
+    const auto quem = testing::Message() << m.forma << ' ' << m.d1 << ' ' << m.d2 << ' ' << m.ang;
+    ASSERT_EQ(s.rows, esperada.rows) << quem;
+    ASSERT_EQ(s.cols, esperada.cols) << quem;
+    ASSERT_EQ(s.pixels, esperada.pixels) << quem;
+    ASSERT_TRUE(std::equal(s.trechos.begin(), s.trechos.end(), esperada.trechos.begin(),
+                           esperada.trechos.end(),
+                           [](const SILHUETA::TRECHO& a, const SILHUETA::TRECHO& b) {
+                             return a.linha == b.linha && a.de == b.de && a.ate == b.ate;
+                           }))
+        << quem;
+  }
+}
+
 TEST(Silhueta, FormasGuardadasNaoSeConfundem) {
   SILHUETAS guardadas;
   const std::vector<MAXLOCAL> formas = {{0, 'r', 0, 0, 12, 6, 0},
