@@ -78,7 +78,9 @@ PEDIDO pedidoDe(const std::vector<std::string>& tokens) {
 
 void confereKernel(const MASCARA& m) {
   confere(std::string("cqre").find(m.forma) != std::string::npos, "letra");
-  confere(m.sPir >= 0 && m.inic >= 0 && m.inic <= 2, "sPir ou inic");
+  // A scale above escPir, which the order of the settings can bring about, is applied to no level:
+  // its last one is below 0.
+  confere((m.sPir >= 0 || m.esc > m.escPir) && m.inic >= 0 && m.inic <= 2, "sPir ou inic");
   confere(m.kernel.rows % 2 == 1 && m.kernel.rows == m.kernel.cols, "lado do kernel");
   confere(m.mascara.rows % 2 == 1 || m.mascara.empty(), "lado da mascara");
   confere(m.contorno.size() == m.mascara.size() || m.mascara.empty(), "lado do contorno");
