@@ -1,8 +1,11 @@
 #include "detect/maxlocal.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cstdio>
 #include <stdexcept>
+#include <string>
 
 #include "kernels/formas.h"
 #include "pim/arquivo.h"
@@ -16,6 +19,24 @@ constexpr int maximoDeRegistros = 107374182;
 
 // Room taken before the records are seen; a file that claims more has to hold them first.
 constexpr int reservaInicial = 1 << 20;
+
+// Appends a number as printf writes it, at least `largura` wide: integers, or reals with `casas`
+// decimals. Lists are long, and printf takes four times as long.
+void campo(std::string& linha, int x, std::size_t largura) {
+  std::array<char, 24> texto;
+  const char* fim = std::to_chars(texto.data(), texto.data() + texto.size(), x).ptr;
+  const auto n = static_cast<std::size_t>(fim - texto.data());
+  linha.append(largura > n ? largura - n : 0, ' ').append(texto.data(), n);
+}
+
+void campo(std::string& linha, double x, std::size_t largura, int casas) {
+  std::array<char, 400> texto;  // the largest double has 309 digits before the point
+  const char* fim =
+      std::to_chars(texto.data(), texto.data() + texto.size(), x, std::chars_format::fixed, casas)
+          .ptr;
+  const auto n = static_cast<std::size_t>(fim - texto.data());
+  linha.append(largura > n ? largura - n : 0, ' ').append(texto.data(), n);
+}
 
 MAXLOCAL leRegistro(std::FILE* f, const std::string& nome) {
   MAXLOCAL m;
@@ -46,9 +67,22 @@ void impMaxLocais(const std::vector<MAXLOCAL>& v, const std::string& nome) {
   std::FILE* f = arquivo.get();
   std::fprintf(f, "%u\n", static_cast<unsigned>(v.size()));
   std::fprintf(f, "%8s %1s %4s %4s %8s %8s %3s\n", "//correl", "f", "l", "c", "d1", "d2", "deg");
+  std::string linha;
   for (const MAXLOCAL& m : v) {
-    std::fprintf(f, "%8.6f %c %4d %4d %8.5f %8.5f %3.0f\n", static_cast<double>(m.correl), m.forma,
-                 m.li, m.ci, m.d1, m.d2, m.ang);
+    linha.clear();
+    campo(linha, static_cast<double>(m.correl), 8, 6);
+    linha += {' ', m.forma, ' '};
+    campo(linha, m.li, 4);
+    linha += ' ';
+    campo(linha, m.ci, 4);
+    linha += ' ';
+    campo(linha, m.d1, 8, 5);
+    linha += ' ';
+    campo(linha, m.d2, 8, 5);
+    linha += ' ';
+    campo(linha, m.ang, 3, 0);
+    linha += '\n';
+    std::fwrite(linha.data(), 1, linha.size(), f);
   }
   pim::fechaEscrita(std::move(arquivo), nome);
 }

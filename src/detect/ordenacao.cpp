@@ -48,22 +48,16 @@ void ordenaFaixa(CHAVE* v, POSICAO l, POSICAO r) {
   }
 }
 
-// Brings the records to the places that the sorted keys give them, cycle by cycle. The keys are
-// used up.
-void permuta(MAXLOCAL* v, std::vector<CHAVE>& chaves) {
-  constexpr std::uint32_t feito = UINT32_MAX;
-  for (std::size_t i = 0; i < chaves.size(); ++i) {
-    if (chaves[i].original == feito) continue;
-    const MAXLOCAL primeiro = v[i];
-    std::size_t vaga = i;
-    while (chaves[vaga].original != i) {
-      const std::size_t origem = chaves[vaga].original;
-      v[vaga] = v[origem];
-      chaves[vaga].original = feito;
-      vaga = origem;
-    }
-    v[vaga] = primeiro;
-    chaves[vaga].original = feito;
+// Brings the records to the places that the sorted keys give them.
+void permuta(std::vector<MAXLOCAL>& v, int l, const std::vector<CHAVE>& chaves) {
+  std::vector<MAXLOCAL> ordenados;
+  ordenados.reserve(chaves.size());
+  const MAXLOCAL* origem = v.data() + l;
+  for (const CHAVE& chave : chaves) ordenados.push_back(origem[chave.original]);
+  if (ordenados.size() == v.size()) {
+    v.swap(ordenados);
+  } else {
+    std::copy(ordenados.begin(), ordenados.end(), v.begin() + l);
   }
 }
 
@@ -97,7 +91,7 @@ void ordena(std::vector<MAXLOCAL>& v, int l, int r) {
     chaves.push_back({v[static_cast<std::size_t>(i)].correl, static_cast<std::uint32_t>(i - l)});
   }
   ordenaFaixa(chaves.data(), 0, r - l);
-  permuta(v.data() + l, chaves);
+  permuta(v, l, chaves);
 }
 
 void eliminaProximo(const std::vector<MAXLOCAL>& entrada, std::vector<MAXLOCAL>& saida,
@@ -124,6 +118,7 @@ void eliminaProximo(const std::vector<MAXLOCAL>& entrada, std::vector<MAXLOCAL>&
   ordena(saida, 0, static_cast<int>(saida.size()) - 1);
 }
 
-void acrescenta(std::vector<MAXLOCAL>& v, const std::vector<MAXLOCAL>& novos) {
+void acrescenta(std::vector<MAXLOCAL>& v, const std::vector<MAXLOCAL>& novos, std::size_t maximo) {
+  if (v.size() + novos.size() > maximo) pim::erro("Erro: Maximos locais demais");
   v.insert(v.end(), novos.begin(), novos.end());
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <vector>
 
 #include "detect/maxlocal.h"
@@ -17,5 +18,10 @@ void ordena(std::vector<MAXLOCAL>& v, int l, int r);
 void eliminaProximo(const std::vector<MAXLOCAL>& entrada, std::vector<MAXLOCAL>& saida,
                     int maxDist);
 
-// Appends every record of `novos` to `v`, in order.
-void acrescenta(std::vector<MAXLOCAL>& v, const std::vector<MAXLOCAL>& novos);
+// As many records as `ordena` can number.
+inline constexpr std::size_t maximoDeMaximos = 2147483647;
+
+// Appends every record of `novos` to `v`, in order. pim::erro when there would be more than
+// `maximo`.
+void acrescenta(std::vector<MAXLOCAL>& v, const std::vector<MAXLOCAL>& novos,
+                std::size_t maximo = maximoDeMaximos);

@@ -139,3 +139,11 @@ TEST(Acrescenta, PoeNoFimNaOrdem) {
   acrescenta(v, {});
   EXPECT_EQ(v.size(), 5U);
 }
+
+TEST(Acrescenta, MaisRegistrosDoQueAOrdenacaoNumeraEhErro) {
+  std::vector<MAXLOCAL> v = {ponto(1, 'c', 0, 0), ponto(2, 'c', 0, 0)};
+  acrescenta(v, {ponto(3, 'q', 0, 0)}, 3);
+  EXPECT_EQ(v.size(), 3U);
+  EXPECT_EXIT(acrescenta(v, {ponto(4, 'q', 0, 0)}, 3), testing::ExitedWithCode(1),
+              testing::Eq(std::string("Erro: Maximos locais demais\n")));
+}

@@ -1,6 +1,10 @@
 #include "detect/maxlocal.h"
 
 #include <gtest/gtest.h>
+#include <bit>
+#include <climits>
+#include <cmath>
+#include <cstdint>
 
 #include <limits>
 #include <random>
@@ -40,6 +44,32 @@ TEST(ImpMaxLocais, ArquivoDeExemploByteAByte) {
                      registro(-0.05F, 'r', 3, 1234, 12.5, 7.25, 22.5)}),
             "2\n" + cabecalho + "0.912345 c  120   45 20.00000 20.00000   0\n" +
                 "-0.050000 r    3 1234 12.50000  7.25000  22\n");
+}
+
+TEST(ImpMaxLocais, NumerosSaoOsDoPrintf) {
+  const PASTA pasta;
+  constexpr double infinito = std::numeric_limits<double>::infinity();
+  std::vector<MAXLOCAL> v = {
+      {-0.0F, '#', INT_MIN, INT_MAX, -0.0, 1e300, -infinito},
+      {NAN, '\xE9', -1, 0, -NAN, infinito, 0.5},
+      {1e38F, 'c', 10000, 123456, -1.7976931348623157e308, 4.9e-324, 1.5},
+      {0.0000005F, 'e', 5, -12345, 0.000005, 0.000015, 2.5},
+  };
+  std::mt19937_64 g(17);
+  for (int i = 0; i < 3000; ++i) {
+    const auto f = std::bit_cast<float>(static_cast<std::uint32_t>(g()));
+    const double perto = static_cast<double>(g() % 2000000) / 1e4;
+    v.push_back({f, 'q', static_cast<int>(g()), static_cast<int>(g() % 5000),
+                 std::bit_cast<double>(g()), perto, std::ldexp(static_cast<double>(g() % 99), -1)});
+  }
+  std::string esperado =
+      cv::format("%d\n//correl f    l    c       d1       d2 deg\n", static_cast<int>(v.size()));
+  for (const MAXLOCAL& m : v) {
+    esperado += cv::format("%8.6f %c %4d %4d %8.5f %8.5f %3.0f\n", static_cast<double>(m.correl),
+                           m.forma, m.li, m.ci, m.d1, m.d2, m.ang);
+  }
+  impMaxLocais(v, "a.ho1");
+  EXPECT_EQ(leTudo("a.ho1"), esperado);
 }
 
 TEST(ImpMaxLocais, ListaVaziaSaoDuasLinhas) {
