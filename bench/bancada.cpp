@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "bench/corridas.h"
+#include "bench/custo.h"
 #include "bench/partes.h"
 #include "detect/avaliacao.h"
 #include "opencv2/core.hpp"
@@ -13,6 +14,7 @@ int main() {
   corre({"cena", "c12.pgm", "c12.csv", "3000", "4000"});
   // Whole runs first: a child's peak memory counts that of the process it comes from.
   const std::vector<LINHA> corridas = medeCorridas();
+  const double bytes = bytesPorPixel("c12.pgm", 3000.0 * 4000.0);
   std::vector<LINHA> linhas = medePartes("c12.pgm");
   linhas.insert(linhas.end(), corridas.begin(), corridas.end());
 
@@ -25,6 +27,12 @@ int main() {
     } else {
       std::printf("| %s | | %.4f s | | %s |\n", l.trabalho.c_str(), l.rapida, l.nota.c_str());
     }
+  }
+
+  std::printf("\nPeak memory of correla on 12 MP: %.1f bytes a pixel\n\n", bytes);
+  std::printf("| Search for maxima | time | ns per pixel and kernel |\n|---|---|---|\n");
+  for (const CUSTO& c : medeCustos()) {
+    std::printf("| %s | %.2f s | %.2f |\n", c.trabalho.c_str(), c.segundos, c.nanossegundos);
   }
   return 0;
 }

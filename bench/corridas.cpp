@@ -38,12 +38,12 @@ LINHA curta(const std::string& trabalho, const std::vector<std::string>& linha) 
   return {trabalho, 0, tempos[10], "median of 21"};
 }
 
-// 10^5 detections of the bank's shapes spread over 12 MP, best first.
-void gravaLista(const std::string& nome) {
+// `n` detections of the bank's shapes spread over 12 MP, best first.
+void gravaLista(const std::string& nome, int n) {
   std::mt19937 g(2);
   std::ofstream f(nome);
-  f << "100000\n//correl f    l    c       d1       d2 deg\n";
-  for (int i = 0; i < 100000; ++i) {
+  f << n << "\n//correl f    l    c       d1       d2 deg\n";
+  for (int i = 0; i < n; ++i) {
     f << 0.9 - i * 8e-6 << ' ' << "cqre"[g() % 4] << ' ' << g() % 3000 << ' ' << g() % 4000 << ' '
       << 12 + g() % 18 << ' ' << 8 + g() % 10 << ' ' << 10 * (g() % 18) << '\n';
   }
@@ -79,7 +79,8 @@ std::vector<LINHA> medeCorridas() {
   corre({"cena", "c3.pgm", "c3.csv", "1536", "2048"});
   corre({"cena", "c1.pgm", "c1.csv", "1000", "1500"});
   corre({"cena", "c0.pgm", "c0.csv", "100", "100"});
-  gravaLista("lista.ho1");
+  gravaLista("lista.ho1", 100000);
+  gravaLista("curta.ho2", 200);
   std::vector<LINHA> linhas;
   linhas.push_back(compara("correla, 3 MP, minCorr 0.1",
                            {"Vorplex", "correla", "c3.pgm", "banco.cfg", "r.ho1", "0.1"},
@@ -90,7 +91,7 @@ std::vector<LINHA> medeCorridas() {
   linhas.push_back(compara("filtra, 12 MP, 10^5 records",
                            {"Vorplex", "filtra", "c12.pgm", "lista.ho1", "r.ho2"},
                            {"simples", "filtra", "c12.pgm", "lista.ho1", "s.ho2"}));
-  linhas.push_back(curta("relat", {"Vorplex", "relat", "r.ho2", "r.rel"}));
+  linhas.push_back(curta("relat, 200 records", {"Vorplex", "relat", "curta.ho2", "r.rel"}));
   linhas.push_back(curta("contaform", {"Vorplex", "contaform"}));
   linhas.push_back(curta("usage error", {"Vorplex"}));
   linhas.push_back(curta("correla, 100 x 100 PGM, 6 kernels",

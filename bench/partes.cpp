@@ -26,7 +26,7 @@ constexpr BANCO bancos[] = {
     {"circulo 21 quadrado 20 retangulo 30 12 elipse 30 18",
      "circulo 21 quadrado 20 retangulo 30 12 elipse 30 18", 7},
     {"kernels de 120 px", "circulo 120 quadrado 120 retangulo 120 48 elipse 120 72", 9},
-    {"kernels de 240 px", "circulo 240 quadrado 240 retangulo 240 96 elipse 240 144", 15},
+    {"kernels de 240 px", "circulo 240 quadrado 240 retangulo 240 96 elipse 240 144", 11},
     {"kernels de 5 a 10 px", "circulo 10 quadrado 10 retangulo 10 5 elipse 10 6", 7}};
 
 std::vector<MASCARA> leBanco(const BANCO& banco) {
