@@ -92,6 +92,15 @@ TEST(DecodificaImagem, BytesSoltosAntesDoFimDoJpegNaoImportam) {
   EXPECT_EQ(maiorDiferenca(decodificada(solto), decodificada(jpeg)), 0);
 }
 
+// The limit of the image library itself is more than a test can hold.
+TEST(DecodificaAte, ArquivoMaiorQueOLimiteEhErroENoLimiteEhLido) {
+  const BYTES bytes = codificada("png", aleatoria(9, 7, CV_8UC1, 5));
+  EXPECT_EQ(pim::decodificaAte(bytes, bytes.size()).erro, "");
+  const RESULTADO maior = pim::decodificaAte(bytes, bytes.size() - 1);
+  EXPECT_EQ(maior.erro, "arquivo grande demais para este formato");
+  EXPECT_TRUE(maior.imagem.empty());
+}
+
 TEST(ReconheceImagem, OlhaSoOsPrimeirosBytes) {
   const PASTA pasta;
   const BYTES png = codificada("png", cenaCinza(9, 9));
@@ -119,6 +128,18 @@ TEST(DecodificaImagem, BmpTruncadoEmQualquerByteEhErroSilencioso) {
   exigeErroEmTodoCorte(bmp, bmp.size() - 3, 1);
   const BYTES cinza = codificada("bmp", cenaCinza(9, 8));
   exigeErroEmTodoCorte(cinza, cinza.size(), 1);
+}
+
+TEST(DecodificaImagem, FormatoMedicoNaoEhAberto) {
+  // The library's reader ends the process on such a file.
+  std::vector<unsigned char> bytes(135, 0x0A);
+  const std::string marca = "DICM\x7F\xFF\xD9";
+  std::copy(marca.begin(), marca.end(), bytes.begin() + 128);
+  EXPECT_EQ(pim::decodificaImagem(bytes).erro, "nao e' uma imagem legivel");
+  for (const std::string comeco : {"\x89PNG", "BM", "\xFF\x4F\xFF\x51"}) {
+    std::copy(comeco.begin(), comeco.end(), bytes.begin());
+    EXPECT_EQ(pim::decodificaImagem(bytes).erro, "nao e' uma imagem legivel");
+  }
 }
 
 TEST(DecodificaImagem, LixoEhErroSilencioso) {

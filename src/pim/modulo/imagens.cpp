@@ -14,6 +14,26 @@ bool ehJpeg(const std::vector<unsigned char>& bytes) {
   return bytes.size() > 2 && bytes[0] == 0xFF && bytes[1] == 0xD8 && bytes[2] == 0xFF;
 }
 
+// Whether the file begins as one of the formats that photographs come in. The library knows more,
+// such as the medical one with a mark at byte 128, whose reader ends the process on damaged files.
+bool ehFormatoUsual(const std::vector<unsigned char>& bytes) {
+  constexpr std::string_view marcaMedica = "DICM";
+  if (bytes.size() >= 132 && std::equal(marcaMedica.begin(), marcaMedica.end(), &bytes[128])) {
+    return false;
+  }
+  using std::string_view_literals::operator""sv;
+  constexpr std::array comecos = {
+      "\x89PNG"sv, "\xFF\xD8\xFF"sv,     "II*\0"sv,         "MM\0*"sv, "II+\0"sv, "MM\0+"sv, "BM"sv,
+      "RIFF"sv,    "\xFF\x4F\xFF\x51"sv, "\0\0\0\x0CjP  "sv};
+  const std::string_view inicio(reinterpret_cast<const char*>(bytes.data()),
+                                std::min<std::size_t>(bytes.size(), 8));
+  const bool pnm = inicio.size() > 1 && inicio[0] == 'P' &&
+                   std::string_view("1234567Ff").find(inicio[1]) != std::string_view::npos;
+  return pnm || std::any_of(comecos.begin(), comecos.end(), [inicio](std::string_view comeco) {
+           return inicio.starts_with(comeco);
+         });
+}
+
 // The factor that brings full scale to 255.
 double escalaPara8Bits(int profundidade) {
   switch (profundidade) {
@@ -61,10 +81,9 @@ bool jpegInteiro(const std::vector<unsigned char>& bytes) {
   std::size_t i = 2;
   while (i + 1 < bytes.size()) {
     const unsigned char marca = bytes[i + 1];
-    if (bytes[i] != 0xFF || marca == 0x00 || (marca >= 0xD0 && marca <= 0xD7) || marca == 0x01) {
-      ++i;  // coded data, stuffing or a restart
-    } else if (marca == 0xFF) {
-      ++i;  // fill byte
+    const bool reinicio = marca >= 0xD0 && marca <= 0xD7;
+    if (bytes[i] != 0xFF || marca == 0x00 || marca == 0x01 || marca == 0xFF || reinicio) {
+      ++i;  // coded data, stuffing, fill bytes or a restart
     } else if (marca == 0xD9) {
       return true;
     } else {
@@ -87,8 +106,14 @@ bool reconheceImagem(const std::string& nome) {
 }
 
 RESULTADO decodificaImagem(const std::vector<unsigned char>& bytes) {
+  return decodificaAte(bytes, maiorCodificada);
+}
+
+RESULTADO decodificaAte(const std::vector<unsigned char>& bytes, std::size_t maior) {
   const SILENCIO silencio;
   if (bytes.empty()) return {{}, "arquivo vazio"};
+  if (bytes.size() > maior) return {{}, "arquivo grande demais para este formato"};
+  if (!ehFormatoUsual(bytes)) return {{}, "nao e' uma imagem legivel"};
   const bool jpeg = ehJpeg(bytes);
   if (jpeg && !jpegInteiro(bytes)) return {{}, "arquivo incompleto"};
   try {
