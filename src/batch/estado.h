@@ -1,0 +1,55 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+
+// The hidden file that vorplex-lote leaves in each folder of results: from what the results were
+// made, and how they looked. All by content, never by date: copies, restored backups and clocks
+// make dates lie in both directions, and reading a photograph takes a thousandth of searching it.
+
+inline constexpr const char* arquivoDoEstado = ".vorplex-lote";
+inline constexpr const char* arquivoDasMensagens = "mensagens.txt";
+
+// What stands beside the folders of results.
+inline constexpr std::array<const char*, 3> arquivosDoConjunto = {"graos.csv", "resumo.csv",
+                                                                  "relatorio.html"};
+
+// The seven files of a photograph called `nome`, in the order in which they are made.
+std::array<std::string, 7> arquivosDaFoto(const std::string& nome);
+
+// Checksums of all that a step depends on, each step on the one before it.
+struct ORIGEM {
+  std::string procura;  // .ho1: photograph, kernel.cfg, smallest correlation, inversion
+  std::string filtro;   // .ho2, .rel, outlines: thresholds too
+  std::string medida;   // all others: scale, borders, language too
+};
+
+struct ESTADO {
+  bool completo = false;  // false: the photograph failed
+  ORIGEM origem;
+  int rows = 0;  // of the photograph
+  int cols = 0;
+  std::size_t graos = 0;                        // measured
+  std::map<std::string, std::string> arquivos;  // checksum of each
+};
+
+// Marks the folder as one of results, those of a photograph that failed. Does what it can: the disk
+// may be full.
+void marcaFalha(const std::filesystem::path& pasta);
+
+// Writes the state into the folder; pim::erro when it can't be written whole.
+void impEstado(const ESTADO& e, const std::filesystem::path& pasta);
+
+// Nothing when there is no state in the folder, or none that this version understands.
+std::optional<ESTADO> leEstado(const std::filesystem::path& pasta);
+
+// Whether the folder was made by vorplex-lote, whatever the version.
+bool ehPastaDeResultados(const std::filesystem::path& pasta);
+
+// Whether a file of the folder is still as it was written.
+bool intacto(const ESTADO& e, const std::filesystem::path& pasta, const std::string& arquivo);

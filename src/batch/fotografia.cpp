@@ -1,0 +1,197 @@
+#include "batch/fotografia.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <optional>
+#include <system_error>
+#include <vector>
+
+#include "batch/cabecalho.h"
+#include "batch/frases.h"
+#include "batch/processo.h"
+#include "batch/soma.h"
+#include "detect/maxlocal.h"
+#include "export/geojson.h"
+#include "export/graoscsv.h"
+#include "export/roi.h"
+#include "measure/resumo.h"
+#include "pim/erro.h"
+#include "pim/imagem.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* invertida = "invertida.pgm";
+
+std::string frase(const RECEITA& r, const FRASE& f) {
+  return diz(f, r.opcoes.idioma);
+}
+
+// When a sub-program has failed this process ends, the reason standing in its output.
+void exigeBom(const RECEITA& r, const TERMINO& t, const std::vector<std::string>& args) {
+  if (t.estado == 0) return;
+  const std::string porque = motivo(t, args[0], r.opcoes.idioma);
+  // One that could say why has said so; one that was ended by a signal could not.
+  if (t.fala.find(porque) == std::string::npos) pim::erro(frase(r, falas::erro), porque);
+  std::exit(fins::falhou);
+}
+
+void executa(const RECEITA& r, const std::vector<std::string>& args) {
+  exigeBom(r, executaPrograma(r.vorplex, args), args);
+}
+
+// The assertion in which `correla` ends when it has found nothing at all.
+bool nadaAchado(const TERMINO& t) {
+  return t.sinal == SIGABRT && t.fala.find("Ordenando os 0 maximos locais") != std::string::npos &&
+         t.fala.find("void ordena(std::vector<MAXLOCAL>&, int, int): Assertion `l<=r' failed") !=
+             std::string::npos;
+}
+
+void inverte(const std::string& foto) {
+  cv::Mat_<unsigned char> img;
+  pim::le(img, foto);
+  pim::imp(cv::Mat_<unsigned char>(255 - img), invertida);
+}
+
+void procura(const RECEITA& r, const std::string& foto, const std::string& ho1) {
+  std::vector<std::string> args = {"correla", foto, r.kernel, ho1};
+  if (!r.opcoes.minCorr.empty()) args.push_back(r.opcoes.minCorr);
+  const TERMINO t = executaPrograma(r.vorplex, args);
+  if (nadaAchado(t)) return impMaxLocais({}, ho1);
+  exigeBom(r, t, args);
+}
+
+// Takes a file of the earlier results over: never changed in place, it may be the same file.
+bool aproveita(const ESTADO& e, const fs::path& antiga, const std::string& arquivo) {
+  if (!intacto(e, antiga, arquivo)) return false;
+  std::error_code falha;
+  fs::create_hard_link(antiga / arquivo, arquivo, falha);
+  return !falha || fs::copy_file(antiga / arquivo, arquivo, falha);
+}
+
+// Measures what was found and writes the exports; returns how many grains are in them.
+std::size_t mede(const RECEITA& r, const ALVO& alvo, cv::Size tamanho) {
+  std::vector<MAXLOCAL> v;
+  leMaxLocais(v, "./" + alvo.nome + ".ho2");
+  const OPCOES_LOTE& o = r.opcoes;
+  FOTOGRAFIA foto{alvo.nome, tamanho.height, tamanho.width, o.escala,
+                  medeTodos(v, tamanho.height, tamanho.width)};
+  if (o.semBorda) std::erase_if(foto.graos, [](const GRAO& g) { return g.tocaBorda; });
+  impGraosCsv(foto, "graos.csv", o.idioma);
+  impGeojson(foto, "graos.geojson", o.idioma);
+  impRois(foto, "rois.zip");
+  return foto.graos.size();
+}
+
+// The steps that are not taken over from `antigo`.
+void detecta(const RECEITA& r, const ALVO& alvo, const ORIGEM& nova,
+             const std::optional<ESTADO>& antigo) {
+  const fs::path antiga = pronta(r.obra, alvo.nome);
+  const std::string nome = "./" + alvo.nome;  // no word that begins with a dash
+  const std::string foto = alvo.arquivo.string();
+  const bool mesmaProcura = antigo && antigo->origem.procura == nova.procura;
+  const bool mesmoFiltro = mesmaProcura && antigo->origem.filtro == nova.filtro;
+  const auto serve = [&](bool mesma, const char* sufixo) {
+    return mesma && aproveita(*antigo, antiga, alvo.nome + sufixo);
+  };
+  const bool temHo1 = serve(mesmaProcura, ".ho1");
+  const bool temHo2 = temHo1 && serve(mesmoFiltro, ".ho2");
+  if (r.opcoes.inverte && !temHo2) inverte(foto);
+  const std::string vista = r.opcoes.inverte ? invertida : foto;
+  if (!temHo1) procura(r, vista, nome + ".ho1");
+  if (!temHo2) {
+    std::vector<std::string> args = {"filtra", vista, nome + ".ho1", nome + ".ho2"};
+    if (!r.opcoes.filtra.empty()) args.push_back(r.opcoes.filtra);
+    executa(r, args);
+  }
+  if (!temHo2 || !serve(true, ".rel")) executa(r, {"relat", nome + ".ho2", nome + ".rel"});
+  if (!temHo2 || !serve(true, ".png")) {
+    executa(r, {"traca", foto, nome + ".ho2", nome + ".png", "C", "i"});
+  }
+  std::error_code falha;
+  fs::remove(invertida, falha);
+}
+
+}  // namespace
+
+ORIGEM origem(const RECEITA& r, const std::string& fotoSoma) {
+  const OPCOES_LOTE& o = r.opcoes;
+  ORIGEM e;
+  SOMA soma;
+  for (const std::string& s : {r.versao, fotoSoma, r.kernelSoma, o.minCorr}) soma.poe(s);
+  soma.poe(o.inverte ? "1" : "0");
+  e.procura = soma.texto();
+  soma.poe(o.filtra);
+  e.filtro = soma.texto();
+  soma.poe(cv::format("%a %s %d %d", o.escala.lado, nomeDaUnidade(o.escala.unidade),
+                      o.semBorda ? 1 : 0, static_cast<int>(o.idioma)));
+  e.medida = soma.texto();
+  return e;
+}
+
+bool completos(const ESTADO& e, const fs::path& pasta, const std::string& nome) {
+  const auto feitos = arquivosDaFoto(nome);
+  return e.completo && std::all_of(feitos.begin(), feitos.end(), [&](const std::string& arquivo) {
+           return intacto(e, pasta, arquivo);
+         });
+}
+
+namespace {
+
+// Ends the process: nothing can be done for this photograph.
+[[noreturn]] void desiste(const RECEITA& r, int fim, const std::string& porque) {
+  std::puts((frase(r, falas::erro) + porque).c_str());
+  std::exit(fim);
+}
+
+// The checksum of the photograph.
+std::string exigeSoma(const RECEITA& r, const std::string& foto) {
+  const std::optional<std::string> soma = somaDoArquivo(foto);
+  if (!soma) desiste(r, fins::ilegivel, frase(r, falas::fotoIlegivel));
+  return *soma;
+}
+
+// What is in the working folder, the current directory.
+void registra(ESTADO& e, const std::string& nome) {
+  for (const std::string& arquivo : arquivosDaFoto(nome)) {
+    const std::optional<std::string> soma = somaDoArquivo("./" + arquivo);
+    if (!soma) pim::erro("Erro leitura arquivo ", arquivo);
+    e.arquivos[arquivo] = *soma;
+  }
+  e.completo = true;
+  impEstado(e, ".");
+}
+
+}  // namespace
+
+int fazFotografia(const RECEITA& r, const ALVO& alvo) {
+  const std::string foto = alvo.arquivo.string();
+  const fs::path antiga = pronta(r.obra, alvo.nome);
+  if (!livre(r.obra, alvo.nome)) {
+    desiste(r, fins::semLugar, cv::format(frase(r, falas::ocupada).c_str(), antiga.c_str()));
+  }
+  const std::string soma = exigeSoma(r, foto);
+  ESTADO novo;
+  novo.origem = origem(r, soma);
+  const std::optional<ESTADO> antigo = r.opcoes.refaz ? std::nullopt : leEstado(antiga);
+  if (antigo && antigo->origem.medida == novo.origem.medida &&
+      completos(*antigo, antiga, alvo.nome)) {
+    return fins::jaPronta;
+  }
+
+  fs::create_directory(emObra(r.obra, alvo.nome));
+  fs::current_path(emObra(r.obra, alvo.nome));
+  detecta(r, alvo, novo.origem, antigo);
+  const cv::Size tamanho = tamanhoNoCabecalho("./" + alvo.nome + ".png");  // upright, as searched
+  novo.rows = tamanho.height;
+  novo.cols = tamanho.width;
+  novo.graos = mede(r, alvo, tamanho);
+  if (exigeSoma(r, foto) != soma) desiste(r, fins::falhou, frase(r, falas::mudou));
+  registra(novo, alvo.nome);
+  return fins::feita;
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "batch/alvos.h"
+#include "batch/estado.h"
+#include "batch/obra.h"
+#include "batch/opcoes.h"
+
+// What is the same for all photographs of a run.
+struct RECEITA {
+  const OPCOES_LOTE& opcoes;
+  const OBRA& obra;
+  std::string vorplex;     // the executable of the sub-programs
+  std::string kernel;      // a copy of kernel.cfg that stays as it is during the run
+  std::string kernelSoma;  // its checksum
+  std::string versao;
+};
+
+// How a photograph ended: exit statuses of the process that did it.
+namespace fins {
+inline constexpr int feita = 0;     // complete in its working folder
+inline constexpr int falhou = 1;    // also that of pim::erro
+inline constexpr int jaPronta = 3;  // the results that stand are those it would give
+inline constexpr int ilegivel = 4;  // there is no photograph; earlier results are left alone
+inline constexpr int semLugar = 5;  // something else has the name of its folder
+}  // namespace fins
+
+// What the results of a photograph depend on, step by step. `fotoSoma` is its checksum.
+ORIGEM origem(const RECEITA& r, const std::string& fotoSoma);
+
+// Makes all results of a photograph in its working folder, which becomes the current directory;
+// files of earlier results are taken over where only what comes after them has changed. Runs the
+// sub-programs, says what went wrong on the standard outputs and returns one of `fins`; pim::erro
+// too.
+int fazFotografia(const RECEITA& r, const ALVO& alvo);
+
+// Whether the folder holds all results of this origin, undamaged.
+bool completos(const ESTADO& e, const std::filesystem::path& pasta, const std::string& nome);

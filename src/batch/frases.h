@@ -1,0 +1,127 @@
+#pragma once
+
+#include "export/idioma.h"
+
+// What vorplex-lote says, all of it here, in both languages. Portuguese goes without accents, as in
+// the messages of the sub-programs. %s and %d are filled in by cv::format.
+
+namespace falas {
+
+inline constexpr FRASE ajuda = {
+    "vorplex-lote [opcoes] kernel.cfg FOTO|PASTA...\n"
+    "  Procura, filtra, mede e relata os graos de muitas fotografias\n"
+    "  -o, --saida PASTA      onde ficam os resultados (default: resultado)\n"
+    "  -e, --escala 0.05mm    lado de um pixel: um, mm, cm, m, in (sem ela, tudo em px)\n"
+    "  -f, --filtra \"...\"     parametros de filtra, como \"default 0.3 0.1\"\n"
+    "  -c, --min-corr X       correlacao minima de correla\n"
+    "  -g, --grandeza G       tamanho do grao: equivalente (default), menor ou maior\n"
+    "  -w, --peso P           peso do grao: numero (default), area ou volume\n"
+    "  -p, --peneiras LISTA   aberturas crescentes, como 0.5,1,2,4, na unidade da escala\n"
+    "      --sem-borda        deixa fora os graos cortados pela borda da fotografia\n"
+    "  -i, --inverte          graos claros em fundo escuro\n"
+    "  -j, --processos N      fotografias ao mesmo tempo (default: o que a maquina permite)\n"
+    "  -r, --recursivo        entra nas pastas dentro das pastas\n"
+    "      --refaz            faz de novo o que ja esta pronto\n"
+    "      --idioma pt|en     lingua das mensagens e dos resultados\n"
+    "      --quieto           diz apenas os erros\n"
+    "      --ajuda            mostra este texto\n"
+    "      --versao           mostra a versao\n"
+    "Estado final: 0 tudo bem, 1 algo falhou, 2 uso errado, 130 interrompido\n",
+    "vorplex-lote [options] kernel.cfg PHOTO|FOLDER...\n"
+    "  Searches, filters, measures and reports the grains of many photographs\n"
+    "  -o, --saida FOLDER     where the results go (default: resultado)\n"
+    "  -e, --escala 0.05mm    side of a pixel: um, mm, cm, m, in (without it, all in px)\n"
+    "  -f, --filtra \"...\"     parameters of filtra, such as \"default 0.3 0.1\"\n"
+    "  -c, --min-corr X       smallest correlation of correla\n"
+    "  -g, --grandeza G       size of a grain: equivalente (default), menor or maior\n"
+    "  -w, --peso P           weight of a grain: numero (default), area or volume\n"
+    "  -p, --peneiras LIST    ascending apertures, such as 0.5,1,2,4, in the unit of the scale\n"
+    "      --sem-borda        leaves out the grains that the picture's border cuts\n"
+    "  -i, --inverte          bright grains on dark ground\n"
+    "  -j, --processos N      photographs at a time (default: what the machine allows)\n"
+    "  -r, --recursivo        enters the folders inside the folders\n"
+    "      --refaz            does again what is done already\n"
+    "      --idioma pt|en     language of the messages and the results\n"
+    "      --quieto           tells errors only\n"
+    "      --ajuda            shows this text\n"
+    "      --versao           shows the version\n"
+    "Exit status: 0 all well, 1 something failed, 2 wrong use, 130 interrupted\n"};
+
+inline constexpr FRASE erro = {"Erro: ", "Error: "};
+inline constexpr FRASE vejaAjuda = {"(vorplex-lote --ajuda mostra as opcoes)",
+                                    "(vorplex-lote --ajuda shows the options)"};
+
+// Wrong use.
+inline constexpr FRASE opcaoDesconhecida = {"Opcao desconhecida %s", "Unknown option %s"};
+inline constexpr FRASE faltaValor = {"Falta o valor de %s", "%s lacks its value"};
+inline constexpr FRASE valorDemais = {"A opcao nao leva valor: %s",
+                                      "The option takes no value: %s"};
+inline constexpr FRASE faltaKernel = {"Falta kernel.cfg", "kernel.cfg is missing"};
+inline constexpr FRASE faltaFoto = {"Falta fotografia ou pasta", "No photograph or folder given"};
+inline constexpr FRASE idiomaRuim = {"Idioma invalido %s (pt ou en)",
+                                     "Invalid language %s (pt or en)"};
+inline constexpr FRASE escalaRuim = {
+    "Escala invalida %s (numero de 1e-9 a 1e9 e um, mm, cm, m ou in, como 0.05mm)",
+    "Invalid scale %s (a number from 1e-9 to 1e9 and um, mm, cm, m or in, such as 0.05mm)"};
+inline constexpr FRASE minCorrRuim = {"Correlacao minima invalida %s",
+                                      "Invalid smallest correlation %s"};
+inline constexpr FRASE grandezaRuim = {"Grandeza invalida %s (equivalente, menor ou maior)",
+                                       "Invalid size %s (equivalente, menor or maior)"};
+inline constexpr FRASE pesoRuim = {"Peso invalido %s (numero, area ou volume)",
+                                   "Invalid weight %s (numero, area or volume)"};
+inline constexpr FRASE peneirasRuins = {
+    "Peneiras invalidas %s (aberturas crescentes, acima de 0, como 0.5,1,2,4)",
+    "Invalid sieves %s (ascending apertures above 0, such as 0.5,1,2,4)"};
+inline constexpr FRASE processosRuins = {"Numero de processos invalido %s (1 a 1024)",
+                                         "Invalid number of processes %s (1 to 1024)"};
+inline constexpr FRASE saidaVazia = {"Pasta de saida sem nome", "Output folder without a name"};
+inline constexpr FRASE semFotos = {"Nenhuma fotografia em %s", "No photograph in %s"};
+inline constexpr FRASE kernelIlegivel = {"%s inexistente ou ilegivel (%s)",
+                                         "%s can't be read (%s)"};
+inline constexpr FRASE semGrupo = {
+    "Nenhum grupo de kernels (falta uma forma com pelo menos duas escalas)",
+    "No group of kernels (a shape of at least two scales is missing)"};
+inline constexpr FRASE semVorplex = {"Falta o executavel %s", "The executable %s is missing"};
+inline constexpr FRASE saidaRuim = {"Nada pode ser feito na pasta de saida %s (%s)",
+                                    "Nothing can be made in output folder %s (%s)"};
+inline constexpr FRASE saidaEmUso = {"A pasta de saida %s esta em uso por outro vorplex-lote",
+                                     "Output folder %s is in use by another vorplex-lote"};
+
+// A photograph.
+inline constexpr FRASE fotoIlegivel = {"Fotografia inexistente ou ilegivel",
+                                       "No such photograph, or it can't be read"};
+inline constexpr FRASE mudou = {"A fotografia mudou durante o processamento",
+                                "The photograph changed while it was processed"};
+inline constexpr FRASE ocupada = {"%s existe e nao foi feita por vorplex-lote",
+                                  "%s exists and was not made by vorplex-lote"};
+inline constexpr FRASE semNome = {"Os resultados nao puderam tomar o nome %s",
+                                  "The results could not take the name %s"};
+inline constexpr FRASE porSinal = {"%s terminou pelo sinal %d (%s)", "%s ended by signal %d (%s)"};
+inline constexpr FRASE porEstado = {"%s terminou com estado %d", "%s ended with status %d"};
+inline constexpr FRASE linhaFeita = {"[%s/%s] %s: %s graos, %.2f MP em %.2f s",
+                                     "[%s/%s] %s: %s grains, %.2f MP in %.2f s"};
+inline constexpr FRASE linhaPronta = {"[%s/%s] %s: %s graos, ja pronta",
+                                      "[%s/%s] %s: %s grains, done already"};
+inline constexpr FRASE linhaFalhou = {"[%s/%s] %s: FALHOU: %s", "[%s/%s] %s: FAILED: %s"};
+
+// The run.
+inline constexpr FRASE inicio = {"Fotografias: %s, ao mesmo tempo: %d",
+                                 "Photographs: %s, at a time: %d"};
+inline constexpr FRASE barra = {"%s/%s, falhas: %s, %.1f MP/s, resta %s",
+                                "%s/%s, failed: %s, %.1f MP/s, %s left"};
+inline constexpr FRASE juntando = {"Escrevendo tabelas e relatorio...",
+                                   "Writing tables and report..."};
+inline constexpr FRASE fim = {"Fotografias: %s (feitas %s, ja prontas %s, falhas %s); graos: %s",
+                              "Photographs: %s (done %s, done already %s, failed %s); grains: %s"};
+inline constexpr FRASE semEscala = {"Sem escala: todas as medidas em pixels (px)",
+                                    "No scale: all measures in pixels (px)"};
+inline constexpr FRASE resultados = {"Resultados em %s", "Results in %s"};
+inline constexpr FRASE falharam = {"Falharam:", "Failed:"};
+inline constexpr FRASE tabelasFalharam = {"Tabelas e relatorio nao foram escritos: %s",
+                                          "Tables and report were not written: %s"};
+inline constexpr FRASE interrompido = {"Interrompido; o mesmo comando continua de onde parou",
+                                       "Interrupted; the same command goes on from here"};
+inline constexpr FRASE saidaPadrao = {"Gravacao da saida padrao", "Writing to standard output"};
+inline constexpr FRASE tituloDaPagina = {"Granulometria de %s", "Granulometry of %s"};
+
+}  // namespace falas

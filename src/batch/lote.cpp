@@ -1,0 +1,277 @@
+#include "batch/lote.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <system_error>
+
+#include "batch/alvos.h"
+#include "batch/avanco.h"
+#include "batch/cabecalho.h"
+#include "batch/estado.h"
+#include "batch/fotografia.h"
+#include "batch/frases.h"
+#include "batch/obra.h"
+#include "batch/opcoes.h"
+#include "batch/preparo.h"
+#include "batch/processo.h"
+#include "batch/recursos.h"
+#include "batch/tabelas.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+enum ESTADO_FINAL { tudoBem = 0, algoFalhou = 1, usoErrado = 2, interrompida = 130 };
+
+// How one photograph ended.
+struct FIM_DA_FOTO {
+  int fim = fins::falhou;
+  std::string porque;  // when it failed
+  std::size_t graos = 0;
+};
+
+// A run.
+struct LOTE {
+  OPCOES_LOTE opcoes;
+  OBRA obra;
+  std::vector<ALVO> alvos;
+  std::vector<double> pixels;  // of each photograph, as far as known beforehand
+  std::vector<double> inicios;
+  std::vector<FIM_DA_FOTO> fins;
+  AVANCO avanco;
+
+  const char* frase(const FRASE& f) const { return diz(f, opcoes.idioma); }
+};
+
+int recusa(const OPCOES_LOTE& o, const std::string& porque, int estado = usoErrado) {
+  std::fprintf(stderr, "%s%s\n", diz(falas::erro, o.idioma), emUmaLinha(porque).c_str());
+  return estado;
+}
+
+// The message of a photograph that failed takes the place of its results.
+void publicaFalha(const LOTE& l, const std::string& nome, const std::string& fala) {
+  std::error_code falha;
+  abandona(l.obra, nome);
+  const fs::path nova = emObra(l.obra, nome);
+  fs::create_directory(nova, falha);
+  std::ofstream(nova / arquivoDasMensagens, std::ios::binary) << fala;
+  marcaFalha(nova);
+  if (!publica(l.obra, nome)) abandona(l.obra, nome);
+}
+
+void dizFim(LOTE& l, std::size_t i, double pixels, double segundos) {
+  const FIM_DA_FOTO& f = l.fins[i];
+  const FRASE& forma = f.fim == fins::feita      ? falas::linhaFeita
+                       : f.fim == fins::jaPronta ? falas::linhaPronta
+                                                 : falas::linhaFalhou;
+  const std::string texto = f.porque.empty() ? std::to_string(f.graos) : f.porque;
+  const std::string linha =
+      cv::format(l.frase(forma), std::to_string(l.avanco.acabadas).c_str(),
+                 std::to_string(l.avanco.total).c_str(), emUmaLinha(l.alvos[i].nome).c_str(),
+                 texto.c_str(), pixels / 1e6, segundos);
+  if (!l.avanco.terminal || !f.porque.empty()) dizLinha(l.avanco, linha);
+  mostra(l.avanco);
+}
+
+void acabou(LOTE& l, std::size_t i, const TERMINO& t) {
+  FIM_DA_FOTO& f = l.fins[i];
+  const std::string& nome = l.alvos[i].nome;
+  f.fim = t.sinal != 0 ? fins::falhou : t.estado;
+  const bool semNome = f.fim == fins::feita && !publica(l.obra, nome);
+  if (semNome) f.fim = fins::semLugar;
+  const std::optional<ESTADO> e = leEstado(pronta(l.obra, nome));
+  const bool bem = f.fim == fins::feita || f.fim == fins::jaPronta;
+  if (bem && e) {
+    f.graos = e->graos;
+    if (f.fim == fins::feita) l.avanco.pixelsFeitos += static_cast<double>(e->rows) * e->cols;
+  } else {
+    f.porque = semNome ? cv::format(l.frase(falas::semNome), pronta(l.obra, nome).c_str())
+                       : motivo(t, "vorplex-lote", l.opcoes.idioma);
+    ++l.avanco.falharam;
+    const bool guarda = f.fim == fins::ilegivel && e && e->completo;
+    if (f.fim != fins::semLugar && !guarda) publicaFalha(l, nome, t.fala);
+    abandona(l.obra, nome);
+  }
+  ++l.avanco.acabadas;
+  l.avanco.pixelsVistos += l.pixels[i];
+  const double pixels = bem && e ? static_cast<double>(e->rows) * e->cols : 0;
+  dizFim(l, i, pixels, agora() - l.inicios[i]);
+}
+
+// All photographs; false when interrupted.
+bool fazTodas(LOTE& l, const RECEITA& receita, int aoMesmoTempo) {
+  TAREFAS t;
+  t.quantas = l.alvos.size();
+  t.aoMesmoTempo = aoMesmoTempo;
+  t.comeca = [&](std::size_t i) { l.inicios[i] = agora(); };
+  t.faz = [&](std::size_t i) { return fazFotografia(receita, l.alvos[i]); };
+  t.acabou = [&](std::size_t i, const TERMINO& fim) { acabou(l, i, fim); };
+  double mostrada = 0;
+  t.passaTempo = [&] {
+    if (agora() - mostrada < 0.2) return;  // searches say something all the time
+    mostra(l.avanco);
+    mostrada = agora();
+  };
+  mostra(l.avanco);
+  const bool inteira = executaTarefas(t);
+  apaga(l.avanco);
+  return inteira;
+}
+
+// Tables and page, in a process of their own: photographs are decoded there again. False when
+// interrupted; `porque` tells why they could not be written.
+bool juntaTodas(const LOTE& l, const std::string& comando, std::string& porque) {
+  std::vector<ALVO> prontas;
+  for (std::size_t i = 0; i < l.alvos.size(); ++i) {
+    if (l.fins[i].porque.empty()) prontas.push_back(l.alvos[i]);
+  }
+  TAREFAS t;
+  t.quantas = 1;
+  t.faz = [&](std::size_t) {
+    impConjunto(l.obra, l.opcoes, prontas, comando);
+    return 0;
+  };
+  t.acabou = [&](std::size_t, const TERMINO& fim) {
+    if (fim.estado != 0) porque = motivo(fim, "vorplex-lote", l.opcoes.idioma);
+  };
+  dizLinha(l.avanco, l.frase(falas::juntando));
+  return executaTarefas(t);
+}
+
+void dizResultado(const LOTE& l, const std::string& tabelas) {
+  std::size_t feitas = 0;
+  std::size_t prontas = 0;
+  std::size_t graos = 0;
+  for (const FIM_DA_FOTO& f : l.fins) {
+    feitas += f.fim == fins::feita && f.porque.empty() ? 1 : 0;
+    prontas += f.fim == fins::jaPronta && f.porque.empty() ? 1 : 0;
+    graos += f.graos;
+  }
+  const auto texto = [](std::size_t n) { return std::to_string(n); };
+  dizLinha(l.avanco, cv::format(l.frase(falas::fim), texto(l.alvos.size()).c_str(),
+                                texto(feitas).c_str(), texto(prontas).c_str(),
+                                texto(l.avanco.falharam).c_str(), texto(graos).c_str()));
+  if (!calibrada(l.opcoes.escala)) dizLinha(l.avanco, l.frase(falas::semEscala));
+  dizLinha(l.avanco, cv::format(l.frase(falas::resultados), emUmaLinha(l.opcoes.saida).c_str()));
+  if (l.avanco.falharam > 0) std::fprintf(stderr, "%s\n", l.frase(falas::falharam));
+  for (std::size_t i = 0; i < l.alvos.size(); ++i) {
+    if (l.fins[i].porque.empty()) continue;
+    std::fprintf(stderr, "  %s: %s\n", emUmaLinha(l.alvos[i].arquivo.string()).c_str(),
+                 l.fins[i].porque.c_str());
+  }
+  if (!tabelas.empty()) {
+    recusa(l.opcoes, cv::format(l.frase(falas::tabelasFalharam), tabelas.c_str()));
+  }
+}
+
+int interrompe(const LOTE& l) {
+  apaga(l.avanco);
+  std::fflush(stdout);
+  std::fprintf(stderr, "%s\n", l.frase(falas::interrompido));
+  return interrompida;
+}
+
+// What comes after the building site is there and before it is taken away.
+int trabalha(LOTE& l, const std::string& versao, const std::string& comando) {
+  RECEITA receita{l.opcoes, l.obra, vorplexAoLado(), "", "", versao};
+  PREPARO preparo;
+  if (!prepara(receita, preparo)) return interrompe(l);
+  if (!preparo.erro.empty()) return recusa(l.opcoes, preparo.erro);
+
+  double maior = 0;
+  for (std::size_t i = 0; i < l.alvos.size(); ++i) {
+    l.pixels[i] = tamanhoNoCabecalho(l.alvos[i].arquivo.string()).area();
+    maior = std::max(maior, l.pixels[i]);
+    l.avanco.pixelsTotal += l.pixels[i];
+  }
+  int processos = l.opcoes.processos;
+  if (processos == 0) {
+    processos = quantasAoMesmoTempo(processadores(), memoriaLivre(), maior, preparo.bytes);
+  }
+  processos =
+      static_cast<int>(std::min<std::size_t>(static_cast<std::size_t>(processos), l.alvos.size()));
+  dizLinha(l.avanco,
+           cv::format(l.frase(falas::inicio), std::to_string(l.alvos.size()).c_str(), processos));
+  l.avanco.inicio = agora();
+  if (!fazTodas(l, receita, processos)) return interrompe(l);
+  std::string tabelas;
+  if (!juntaTodas(l, comando, tabelas)) return interrompe(l);
+  dizResultado(l, tabelas);
+  return l.avanco.falharam > 0 || !tabelas.empty() ? algoFalhou : tudoBem;
+}
+
+// The command as a shell takes it.
+std::string comoComando(const std::vector<std::string>& args) {
+  const auto simples = [](unsigned char c) {
+    return std::isalnum(c) != 0 || c >= 128 ||
+           std::string("-_./=,:+").find(static_cast<char>(c)) != std::string::npos;
+  };
+  std::string s = "vorplex-lote";
+  for (const std::string& a : args) {
+    s += ' ';
+    if (!a.empty() && std::all_of(a.begin(), a.end(), simples)) {
+      s += a;
+      continue;
+    }
+    s += '\'';
+    for (const char c : a) s += c == '\'' ? "'\\''" : std::string(1, c);
+    s += '\'';
+  }
+  return s;
+}
+
+int executa(LOTE& l, const std::vector<std::string>& args, const std::string& versao) {
+  const OPCOES_LOTE& o = l.opcoes;
+  if (access(vorplexAoLado().c_str(), X_OK) != 0) {
+    return recusa(o, cv::format(l.frase(falas::semVorplex), vorplexAoLado().c_str()));
+  }
+  l.alvos = achaAlvos(o.entradas, o.recursivo, o.saida);
+  if (l.alvos.empty()) {
+    std::string onde;
+    for (const std::string& e : o.entradas) onde += (onde.empty() ? "" : ", ") + e;
+    return recusa(o, cv::format(l.frase(falas::semFotos), onde.c_str()));
+  }
+  l.pixels.resize(l.alvos.size());
+  l.inicios.resize(l.alvos.size());
+  l.fins.resize(l.alvos.size());
+  l.avanco.idioma = o.idioma;
+  l.avanco.quieto = o.quieto;
+  l.avanco.terminal = isatty(STDOUT_FILENO) != 0;
+  l.avanco.total = l.alvos.size();
+
+  preparaSinais();
+  const std::string semObra = abreObra(l.obra, o.saida, o.idioma);
+  if (!semObra.empty()) return recusa(o, semObra);
+  const int estado = trabalha(l, versao, comoComando(args));
+  fechaObra(l.obra);
+  return estado;
+}
+
+}  // namespace
+
+int lote(const std::vector<std::string>& args, const std::string& versao) {
+  garanteSaidas();
+  LOTE l;
+  const std::string erro = leOpcoes(args, l.opcoes);
+  int estado = tudoBem;
+  if (!erro.empty()) {
+    estado = recusa(l.opcoes, erro);
+    std::fprintf(stderr, "%s\n", l.frase(falas::vejaAjuda));
+  } else if (l.opcoes.ajuda) {
+    std::fputs(l.frase(falas::ajuda), stdout);
+  } else if (l.opcoes.versao) {
+    std::printf("vorplex-lote %s\n", versao.c_str());
+  } else {
+    estado = executa(l, args, versao);
+  }
+  const bool disse = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+  if (!disse && estado == tudoBem) return recusa(l.opcoes, l.frase(falas::saidaPadrao), algoFalhou);
+  return estado;
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "export/idioma.h"
+#include "measure/distribuicao.h"
+#include "measure/escala.h"
+
+// What the command line of vorplex-lote asks for.
+struct OPCOES_LOTE {
+  std::string kernel;                 // kernel.cfg
+  std::vector<std::string> entradas;  // photographs and folders, as given
+  std::string saida = "resultado";
+  ESCALA escala;
+  std::string filtra;   // parameters of filtra; empty: its defaults
+  std::string minCorr;  // of correla, as given; empty: its default
+  GRANDEZA grandeza = GRANDEZA::equivalente;
+  PESO peso = PESO::numero;
+  std::vector<double> peneiras;
+  bool semBorda = false;
+  bool inverte = false;
+  int processos = 0;  // photographs at a time; 0: to be chosen
+  bool recursivo = false;
+  bool refaz = false;
+  bool quieto = false;
+  bool ajuda = false;
+  bool versao = false;
+  IDIOMA idioma = IDIOMA::pt;
+};
+
+// Options may stand anywhere before "--"; the first word that is none is kernel.cfg, the others are
+// photographs. Returns what is wrong, in the language asked for, or an empty text. What only the
+// sub-programs can judge (the parameters of filtra, kernel.cfg) is not looked at.
+std::string leOpcoes(const std::vector<std::string>& args, OPCOES_LOTE& o);

@@ -1,0 +1,102 @@
+#include "batch/preparo.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <vector>
+
+#include "batch/frases.h"
+#include "batch/processo.h"
+#include "batch/soma.h"
+#include "filter/filtra.h"
+#include "kernels/lekernels.h"
+#include "pim/arquivo.h"
+#include "pim/erro.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// The whole file, if it is one of at most 64 MiB; else `porque`.
+std::string leTudo(const std::string& nome, std::string& porque) {
+  constexpr std::size_t maximo = std::size_t{64} << 20U;
+  const pim::ARQUIVO arquivo(std::fopen(nome.c_str(), "rbe"));
+  if (!arquivo) {
+    porque = std::strerror(errno);
+    return "";
+  }
+  std::string s(maximo + 1, '\0');
+  errno = 0;
+  s.resize(std::fread(s.data(), 1, s.size(), arquivo.get()));
+  if (std::ferror(arquivo.get()) != 0) porque = std::strerror(errno);
+  if (s.size() > maximo) porque = std::strerror(EFBIG);
+  return s;
+}
+
+int confereParametros(const RECEITA& r) {
+  pim::ISTR parametros;
+  parametros.texto = r.opcoes.filtra;
+  leParametros(parametros);
+  return 0;
+}
+
+// Says how many bytes the kernels take.
+int confereKernels(const RECEITA& r) {
+  const fs::path kernel = r.kernel;
+  fs::current_path(kernel.parent_path());  // messages give the name alone
+  std::vector<MASCARA> kernels;
+  leKernels(kernel.filename().string(), kernels);
+  if (std::none_of(kernels.begin(), kernels.end(), [](const MASCARA& m) { return m.inic == 2; })) {
+    pim::erro(diz(falas::erro, r.opcoes.idioma), diz(falas::semGrupo, r.opcoes.idioma));
+  }
+  std::uint64_t bytes = 0;
+  std::set<const unsigned char*> vistas;  // consecutive kernels may share an image
+  for (const MASCARA& m : kernels) {
+    if (vistas.insert(m.kernel.data).second) bytes += m.kernel.total() * m.kernel.elemSize();
+  }
+  std::printf("%llu\n", static_cast<unsigned long long>(bytes));
+  return 0;
+}
+
+}  // namespace
+
+std::string vorplexAoLado() {
+  std::error_code falha;
+  return (fs::read_symlink("/proc/self/exe", falha).parent_path() / "Vorplex").string();
+}
+
+bool prepara(RECEITA& r, PREPARO& p) {
+  const OPCOES_LOTE& o = r.opcoes;
+  std::string porque;
+  const std::string conteudo = leTudo(o.kernel, porque);
+  if (!porque.empty()) {
+    p.erro = cv::format(diz(falas::kernelIlegivel, o.idioma), o.kernel.c_str(), porque.c_str());
+    return true;
+  }
+  SOMA soma;
+  soma.poe(conteudo);
+  r.kernelSoma = soma.texto();
+  const fs::path pasta = r.obra.pasta / "kernel";
+  std::error_code falha;
+  fs::create_directory(pasta, falha);
+  r.kernel = (pasta / fs::path(o.kernel).filename()).string();
+  std::ofstream copia(r.kernel, std::ios::binary);
+  if (!(copia << conteudo).flush()) {
+    p.erro = cv::format(diz(falas::saidaRuim, o.idioma), o.saida.c_str(), std::strerror(errno));
+    return true;
+  }
+  TAREFAS t;
+  t.quantas = 2;
+  t.faz = [&](std::size_t i) { return i == 0 ? confereParametros(r) : confereKernels(r); };
+  t.acabou = [&](std::size_t i, const TERMINO& fim) {
+    p.bytes = std::strtoull(fim.fala.c_str(), nullptr, 10);
+    const std::string quem = i == 0 ? "--filtra" : o.kernel;
+    if (fim.estado != 0 && p.erro.empty()) p.erro = quem + ": " + motivo(fim, quem, o.idioma);
+  };
+  return executaTarefas(t);
+}

@@ -1,0 +1,257 @@
+#include "batch/processo.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <list>
+#include <new>
+#include <opencv2/core.hpp>
+#include <sstream>
+#include <string_view>
+
+#include "batch/frases.h"
+#include "export/valor.h"
+#include "pim/erro.h"
+
+namespace {
+
+constexpr std::array<int, 3> fatais = {SIGINT, SIGTERM, SIGHUP};
+
+// All that a signal handler can reach.
+volatile std::sig_atomic_t interrompido = 0;  // NOLINT(cppcoreguidelines-avoid-non-const-*)
+
+void anota(int /*sinal*/) {
+  interrompido = 1;
+}
+
+void mascara(int como) {
+  sigset_t conjunto;
+  sigemptyset(&conjunto);
+  for (const int sinal : fatais) sigaddset(&conjunto, sinal);
+  sigprocmask(como, &conjunto, nullptr);
+}
+
+struct CANO {
+  int leitura = -1;
+  int escrita = -1;
+};
+
+CANO abreCano() {
+  std::array<int, 2> fds{};
+  if (pipe2(fds.data(), O_CLOEXEC) != 0) pim::erro("Erro: pipe: ", std::strerror(errno));
+  return {fds[0], fds[1]};
+}
+
+// The new process ends with the one that made it; if that has ended already, at once.
+void ligaA(pid_t pai) {
+  prctl(PR_SET_PDEATHSIG, SIGKILL);
+  if (getppid() != pai) _exit(EXIT_FAILURE);
+}
+
+pid_t bifurca() {
+  std::fflush(nullptr);  // else both would write what is pending
+  const pid_t pid = fork();
+  if (pid < 0) pim::erro("Erro: fork: ", std::strerror(errno));
+  return pid;
+}
+
+// Appends what can be read now and keeps the tail; false at the end.
+bool escuta(int fd, std::string& fala, bool repete) {
+  constexpr std::size_t maximo = 65536;
+  std::array<char, 4096> bloco;
+  const ssize_t n = read(fd, bloco.data(), bloco.size());
+  if (n < 0) return errno == EINTR || errno == EAGAIN;
+  const auto lidos = static_cast<std::size_t>(n);
+  if (repete) {
+    std::fwrite(bloco.data(), 1, lidos, stdout);
+    std::fflush(stdout);  // known even if this process does not come far
+  }
+  fala.append(bloco.data(), lidos);
+  if (fala.size() > 2 * maximo) fala.erase(0, fala.size() - maximo);
+  return n > 0;
+}
+
+TERMINO recolhe(pid_t pid, std::string fala) {
+  int status = 0;
+  while (waitpid(pid, &status, 0) < 0 && errno == EINTR) continue;
+  TERMINO t;
+  if (WIFEXITED(status)) t.estado = WEXITSTATUS(status);
+  if (WIFSIGNALED(status)) t.sinal = WTERMSIG(status);
+  t.fala = std::move(fala);
+  return t;
+}
+
+// A task that is running.
+struct ATIVA {
+  std::size_t indice = 0;
+  pid_t pid = -1;
+  int leitura = -1;
+  std::string fala;
+};
+
+[[noreturn]] void cumpre(const TAREFAS& t, std::size_t indice, int saida) {
+  for (const int sinal : fatais) std::signal(sinal, SIG_DFL);
+  std::signal(SIGPIPE, SIG_DFL);
+  mascara(SIG_UNBLOCK);
+  const rlimit nada = {0, 0};
+  setrlimit(RLIMIT_CORE, &nada);  // a failed photograph leaves a message, not its memory
+  const int vazio = open("/dev/null", O_RDONLY | O_CLOEXEC);
+  dup2(vazio, STDIN_FILENO);
+  dup2(saida, STDOUT_FILENO);
+  dup2(saida, STDERR_FILENO);
+  try {
+    std::exit(t.faz(indice));
+  } catch (const std::bad_alloc&) {
+    pim::erro("Erro: Memoria insuficiente");
+  } catch (const cv::Exception& e) {
+    pim::erro("Erro: ", e.err.empty() ? e.what() : e.err);
+  } catch (const std::exception& e) {
+    pim::erro("Erro: ", e.what());
+  }
+}
+
+// In a process group of its own, so that the task and its programs are ended together.
+ATIVA comeca(const TAREFAS& t, std::size_t indice) {
+  const CANO cano = abreCano();
+  const pid_t pai = getpid();
+  const pid_t pid = bifurca();
+  if (pid == 0) {
+    setpgid(0, 0);
+    ligaA(pai);
+    cumpre(t, indice, cano.escrita);
+  }
+  setpgid(pid, pid);
+  close(cano.escrita);
+  return {indice, pid, cano.leitura, ""};
+}
+
+void mata(std::list<ATIVA>& ativas) {
+  for (const ATIVA& a : ativas) kill(-a.pid, SIGKILL);
+  for (ATIVA& a : ativas) {
+    while (escuta(a.leitura, a.fala, false)) continue;  // to the end of its programs too
+    close(a.leitura);
+    recolhe(a.pid, "");
+  }
+  ativas.clear();
+}
+
+// Waits until a task says something, a second has passed or a signal comes.
+std::vector<pollfd> espera(const std::list<ATIVA>& ativas) {
+  std::vector<pollfd> fds;
+  for (const ATIVA& a : ativas) fds.push_back({a.leitura, POLLIN, 0});
+  const timespec segundo = {1, 0};
+  sigset_t livre;
+  sigprocmask(SIG_SETMASK, nullptr, &livre);
+  for (const int sinal : fatais) sigdelset(&livre, sinal);
+  if (ppoll(fds.data(), fds.size(), &segundo, &livre) < 0) fds.clear();
+  return fds;
+}
+
+void atende(const TAREFAS& t, std::list<ATIVA>& ativas, const std::vector<pollfd>& fds) {
+  auto ativa = ativas.begin();
+  for (const pollfd& p : fds) {
+    const auto esta = ativa++;
+    if (p.revents == 0 || escuta(esta->leitura, esta->fala, false)) continue;
+    close(esta->leitura);
+    t.acabou(esta->indice, recolhe(esta->pid, std::move(esta->fala)));
+    ativas.erase(esta);
+  }
+}
+
+}  // namespace
+
+void garanteSaidas() {
+  int fd = 0;
+  while (fd >= 0 && fd <= STDERR_FILENO) fd = open("/dev/null", O_RDWR);
+  if (fd > STDERR_FILENO) close(fd);
+}
+
+void preparaSinais() {
+  std::signal(SIGPIPE, SIG_IGN);
+  for (const int sinal : fatais) {
+    struct sigaction acao {};
+    sigaction(sinal, nullptr, &acao);
+    if (acao.sa_handler == SIG_IGN) continue;
+    acao.sa_handler = anota;
+    acao.sa_flags = 0;
+    sigaction(sinal, &acao, nullptr);
+  }
+  mascara(SIG_BLOCK);
+}
+
+bool executaTarefas(const TAREFAS& t) {
+  std::list<ATIVA> ativas;
+  std::size_t proxima = 0;
+  while (proxima < t.quantas || !ativas.empty()) {
+    while (proxima < t.quantas && static_cast<int>(ativas.size()) < t.aoMesmoTempo) {
+      if (t.comeca) t.comeca(proxima);
+      ativas.push_back(comeca(t, proxima++));
+    }
+    atende(t, ativas, espera(ativas));
+    if (interrompido != 0) {
+      mata(ativas);
+      return false;
+    }
+    if (t.passaTempo) t.passaTempo();
+  }
+  return true;
+}
+
+TERMINO executaPrograma(const std::string& programa, const std::vector<std::string>& args) {
+  std::vector<std::string> linha = {programa};
+  linha.insert(linha.end(), args.begin(), args.end());
+  std::vector<char*> argv;
+  argv.reserve(linha.size() + 1);
+  for (std::string& s : linha) argv.push_back(s.data());
+  argv.push_back(nullptr);
+  const CANO cano = abreCano();
+  const pid_t pai = getpid();
+  const pid_t pid = bifurca();
+  if (pid == 0) {
+    ligaA(pai);
+    dup2(cano.escrita, STDOUT_FILENO);
+    dup2(cano.escrita, STDERR_FILENO);
+    execv(argv[0], argv.data());
+    _exit(127);
+  }
+  close(cano.escrita);
+  std::string fala;
+  while (escuta(cano.leitura, fala, true)) continue;
+  close(cano.leitura);
+  return recolhe(pid, std::move(fala));
+}
+
+std::string emUmaLinha(const std::string& texto) {
+  std::string s = emUtf8(texto);
+  for (char& c : s) {
+    if (static_cast<unsigned char>(c) < ' ' || c == 127) c = '?';
+  }
+  return s;
+}
+
+std::string motivo(const TERMINO& t, const std::string& quem, IDIOMA idioma) {
+  std::istringstream linhas(t.fala);
+  std::string achada;
+  for (std::string linha; std::getline(linhas, linha);) {
+    linha = linha.substr(linha.rfind('\r') + 1);  // what a counter line showed last
+    for (const char* erro : {falas::erro.pt, falas::erro.en}) {
+      if (linha.starts_with(erro)) achada = linha.substr(std::strlen(erro));
+    }
+    if (linha.starts_with("Erro ")) achada = linha;
+  }
+  if (!achada.empty()) return emUmaLinha(achada);
+  if (t.sinal != 0) {
+    return cv::format(diz(falas::porSinal, idioma), quem.c_str(), t.sinal, strsignal(t.sinal));
+  }
+  return cv::format(diz(falas::porEstado, idioma), quem.c_str(), t.estado);
+}

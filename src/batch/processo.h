@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "export/idioma.h"
+
+// Processes. Each belongs to the one that started it: whatever way that one ends, even by SIGKILL,
+// the system ends those below it.
+
+// How a process ended, and the last 64 KiB of what it said on both outputs.
+struct TERMINO {
+  int estado = -1;  // exit status, or -1 when a signal ended it
+  int sinal = 0;    // that signal, or 0
+  std::string fala;
+};
+
+// What to do in processes of their own, and what to be told.
+struct TAREFAS {
+  std::size_t quantas = 0;
+  int aoMesmoTempo = 1;
+  std::function<void(std::size_t)> comeca;  // before the new process; may be empty
+  std::function<int(std::size_t)> faz;      // in the new process; returns its exit status
+  std::function<void(std::size_t, const TERMINO&)> acabou;
+  std::function<void()> passaTempo;  // at least once a second; may be empty
+};
+
+// Opens those of the three standard streams that are closed, on nothing: other files must not take
+// their numbers.
+void garanteSaidas();
+
+// Makes SIGINT, SIGTERM and SIGHUP wait until `executaTarefas` looks at them, unless they are
+// ignored already (as by nohup). Writing to a closed pipe no longer ends the process.
+void preparaSinais();
+
+// Runs the tasks in order, so many at a time; their standard input is empty. An exception ends its
+// task with a message and exit status 1. False when a signal interrupted it: then no task is left
+// running.
+bool executaTarefas(const TAREFAS& t);
+
+// Runs a program in the current directory, to its end, within a task. What it says goes on to our
+// standard output too.
+TERMINO executaPrograma(const std::string& programa, const std::vector<std::string>& args);
+
+// Why a process that `quem` names did not end well: the last line that began with "Erro", without
+// "Erro: ", else its signal or status. Without control characters.
+std::string motivo(const TERMINO& t, const std::string& quem, IDIOMA idioma);
+
+// For showing on one line: control characters become "?", invalid UTF-8 U+FFFD.
+std::string emUmaLinha(const std::string& texto);

@@ -1,0 +1,97 @@
+#include "page/dados.h"
+
+#include "export/colunas.h"
+#include "export/valor.h"
+#include "measure/resumo.h"
+#include "page/html.h"
+
+namespace {
+
+// Appends a member of an object, its value written by `poeJson`.
+void poeMembro(std::string& s, const char* nome, const VALOR& v) {
+  s += s.back() == '{' ? "\"" : ",\"";
+  s += nome;
+  s += "\":";
+  poeJson(s, v);
+}
+
+// Opens a member whose value the caller writes.
+void abreMembro(std::string& s, const char* nome, char abre) {
+  s += s.back() == '{' ? "\"" : ",\"";
+  s += nome;
+  s += "\":";
+  s += abre;
+}
+
+template <class LISTA>
+void poeLista(std::string& s, const char* nome, const LISTA& lista) {
+  abreMembro(s, nome, '[');
+  for (const auto& v : lista) {
+    if (s.back() != '[') s += ',';
+    poeJson(s, v);
+  }
+  s += ']';
+}
+
+const char* chaveDaGrandeza(GRANDEZA g) {
+  if (g == GRANDEZA::menor) return "menor";
+  return g == GRANDEZA::maior ? "maior" : "equivalente";
+}
+
+const char* chaveDoPeso(PESO p) {
+  if (p == PESO::area) return "area";
+  return p == PESO::volume ? "volume" : "numero";
+}
+
+// The values in px without the name of the shape, which the letter tells.
+void poeGrao(std::string& s, const GRAO& g, std::vector<VALOR>& valores) {
+  constexpr std::size_t nomeDaFormaEm = 2;
+  valoresDoGrao(g, ESCALA{}, IDIOMA::pt, valores);
+  s += s.back() == '[' ? "[" : ",[";
+  for (std::size_t k = 0; k < valores.size(); ++k) {
+    if (k == nomeDaFormaEm) continue;
+    if (k > 0) s += ',';
+    const bool* verdade = std::get_if<bool>(&valores[k]);
+    poeJson(s, verdade != nullptr ? VALOR(*verdade ? 1 : 0) : valores[k]);
+  }
+  s += ']';
+}
+
+}  // namespace
+
+std::string ajustesEmJson(const PAGINA& pagina) {
+  std::string s = "{";
+  poeMembro(s, "idioma", std::string(pagina.idioma == IDIOMA::en ? "en" : "pt"));
+  poeMembro(s, "titulo", pagina.titulo);
+  poeMembro(s, "comando", pagina.comando);
+  abreMembro(s, "escala", '{');
+  poeMembro(s, "lado", pagina.escala.lado);
+  poeMembro(s, "unidade", std::string(nomeDaUnidade(pagina.escala.unidade)));
+  s += '}';
+  poeMembro(s, "grandeza", std::string(chaveDaGrandeza(pagina.grandeza)));
+  poeMembro(s, "peso", std::string(chaveDoPeso(pagina.peso)));
+  poeLista(s, "peneiras", pagina.peneiras);
+  poeMembro(s, "minCorr", pagina.minCorr);
+  std::vector<std::string> colunas = nomesDoGrao(pagina.escala.unidade, pagina.idioma);
+  colunas.insert(colunas.begin(), diz(frases::foto, pagina.idioma));
+  poeLista(s, "colunas", colunas);
+  abreMembro(s, "formas", '{');
+  for (const char letra : letras) {
+    poeMembro(s, std::string(1, letra).c_str(), nomeDaForma(letra, pagina.idioma));
+  }
+  s += "}}";
+  return emScript(s);
+}
+
+std::string fotoEmJson(const FOTO_DA_PAGINA& foto, cv::Size tamanho, const std::string& miniatura) {
+  std::string s = "{";
+  std::vector<VALOR> valores;
+  poeMembro(s, "nome", foto.nome);
+  poeMembro(s, "rows", tamanho.height);
+  poeMembro(s, "cols", tamanho.width);
+  poeMembro(s, "miniatura", miniatura);
+  abreMembro(s, "graos", '[');
+  for (const GRAO& g : foto.graos) poeGrao(s, g, valores);
+  s += "]}";
+  return emScript(s);
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "page/pagina.h"
+
+// What the scripts of the page read, as JSON that fits into a <script> element.
+
+// Settings: idioma, titulo, comando, escala {lado, unidade}, grandeza, peso, peneiras, minCorr; for
+// the table to download colunas (its header) and formas (names by letter).
+std::string ajustesEmJson(const PAGINA& pagina);
+
+// One photograph: nome, rows, cols, miniatura (JPEG in base64) and graos, an array for each grain:
+// index, letter, row, column, d1, d2, angle, correlation, area, equivalent diameter, perimeter,
+// lesser and greater diameter, aspect, 1 when it touches the border; all in px.
+std::string fotoEmJson(const FOTO_DA_PAGINA& foto, cv::Size tamanho, const std::string& miniatura);

@@ -1,0 +1,153 @@
+'use strict';
+// Grains and distributions, by the definitions of the program's tables.
+
+vorplex.letras = ['c', 'q', 'r', 'e'];
+vorplex.percentis = [5, 10, 16, 25, 30, 50, 60, 75, 84, 90, 95];
+
+{
+  const {escala, grandeza, peso} = vorplex.ajustes;
+  const milimetros = {px: 1, um: 1e-3, mm: 1, cm: 10, m: 1000, in: 25.4}[escala.unidade];
+  const campos = ['indice', 'letra', 'li', 'ci', 'd1', 'd2', 'ang', 'correl', 'area', 'equivalente',
+                  'perimetro', 'menor', 'maior', 'alongamento', 'borda'];
+
+  // A grain from its row: the values in px, its size in the unit of the scale, and its weight.
+  const grao = (valores, foto) => {
+    const g = {valores, foto};
+    campos.forEach((campo, k) => { g[campo] = valores[k]; });
+    g.tamanho = g[grandeza] * escala.lado;
+    const d = g.equivalente * escala.lado;
+    g.peso = {numero: 1, area: g.area * (escala.lado * escala.lado),
+              volume: Math.PI / 6 * (d * d * d)}[peso];
+    return g;
+  };
+
+  vorplex.fotos = Array.from(document.querySelectorAll('script.foto'), (e, k) => {
+    const foto = JSON.parse(e.textContent);
+    foto.k = k;
+    foto.graos = foto.graos.map((valores) => grao(valores, foto));
+    return foto;
+  });
+
+  // Ascending, so that any selection of them is ascending too.
+  vorplex.graos = vorplex.fotos.flatMap((foto) => foto.graos)
+    .sort((a, b) => a.tamanho - b.tamanho || a.peso - b.peso);
+
+  // The share of the weight below each of the ascending grains, half its own included.
+  vorplex.curva = (graos) => {
+    let total = 0;
+    for (const g of graos) total += g.peso;
+    let abaixo = 0;
+    const acumulada = new Float64Array(graos.length);
+    graos.forEach((g, i) => {
+      acumulada[i] = (abaixo + g.peso / 2) / total;
+      abaixo += g.peso;
+    });
+    return {graos, acumulada, total};
+  };
+
+  // The size that p percent of the weight lies below; null without grains.
+  vorplex.percentil = ({graos, acumulada}, p) => {
+    if (graos.length === 0) return null;
+    const alvo = p / 100;
+    let de = 0;
+    let ate = graos.length;
+    while (de < ate) {
+      const meio = (de + ate) >> 1;
+      if (acumulada[meio] < alvo) de = meio + 1; else ate = meio;
+    }
+    if (de === 0) return graos[0].tamanho;
+    if (de === graos.length) return graos[de - 1].tamanho;
+    const t = (alvo - acumulada[de - 1]) / (acumulada[de] - acumulada[de - 1]);
+    const a = graos[de - 1].tamanho;
+    return a + t * (graos[de].tamanho - a);
+  };
+
+  // Graphic measures of Folk and Ward, in phi = -log2(size in mm).
+  const folkWard = (d) => {
+    const phi = (p) => -Math.log2(d[100 - p] * milimetros);
+    const meio = phi(84) - phi(16);
+    const todo = phi(95) - phi(5);
+    const quartis = phi(75) - phi(25);
+    const assimetria = (phi(16) + phi(84) - 2 * phi(50)) / (2 * meio) +
+      (phi(5) + phi(95) - 2 * phi(50)) / (2 * todo);
+    return {
+      mediaPhi: (phi(16) + phi(50) + phi(84)) / 3,
+      selecao: meio / 4 + todo / 6.6,
+      assimetria: meio > 0 && todo > 0 ? assimetria : null,
+      curtose: quartis > 0 ? todo / (2.44 * quartis) : null,
+    };
+  };
+
+  // What is said of a curve; null where it can't be said.
+  vorplex.distribui = (curva) => {
+    const {graos, total} = curva;
+    const d = {};
+    for (const p of vorplex.percentis) d[p] = vorplex.percentil(curva, p);
+    if (graos.length === 0) {
+      return {graos: 0, d, media: null, desvio: null, mediaPhi: null, selecao: null,
+              assimetria: null, curtose: null, uniformidade: null, curvatura: null};
+    }
+    let soma = 0;
+    for (const g of graos) soma += g.peso * g.tamanho;
+    const media = Math.min(Math.max(soma / total, graos[0].tamanho), graos.at(-1).tamanho);
+    let quadrados = 0;
+    for (const g of graos) quadrados += g.peso * (g.tamanho - media) ** 2;
+    return {
+      graos: graos.length, d, media, desvio: Math.sqrt(quadrados / total), ...folkWard(d),
+      uniformidade: d[60] / d[10], curvatura: d[30] * d[30] / (d[10] * d[60]),
+    };
+  };
+
+  // What stays on each sieve, de <= size < ate; the first class is the pan.
+  vorplex.peneira = ({graos, total}, aberturas) => {
+    if (aberturas.length === 0) return [];
+    const classes = [0, ...aberturas].map((de, k) =>
+      ({de, ate: aberturas[k] ?? Infinity, graos: 0, peso: 0, retida: null, passante: null}));
+    let k = 0;
+    for (const g of graos) {
+      while (g.tamanho >= classes[k].ate) ++k;
+      ++classes[k].graos;
+      classes[k].peso += g.peso;
+    }
+    let abaixo = 0;
+    for (const classe of graos.length > 0 ? classes : []) {
+      classe.retida = classe.peso / total;
+      classe.passante = Math.min(abaixo / total, 1);
+      abaixo += classe.peso;
+    }
+    return classes;
+  };
+}
+
+// Vertices [x, y] of the outline of a grain, in px of the photograph.
+vorplex.contorno = (g) => {
+  const a = g.d1 / 2;
+  const b = g.d2 / 2;
+  const quadrada = g.letra === 'q' || g.letra === 'r';
+  const ang = g.letra === 'c' ? 0 : g.ang * Math.PI / 180;
+  const [c, s] = [Math.cos(ang), Math.sin(ang)];
+  const cantos = [[-1, -1], [1, -1], [1, 1], [-1, 1]];
+  const lados = 40;
+  const pontos = quadrada ? cantos : Array.from({length: lados}, (_, i) =>
+    [Math.cos(2 * Math.PI * i / lados), Math.sin(2 * Math.PI * i / lados)]);
+  return pontos.map(([x, y]) => [g.ci + a * x * c - b * y * s, g.li + a * x * s + b * y * c]);
+};
+
+// The table of the grains as the program writes it, with the photograph first. Lengths and areas
+// follow once more in the unit of the scale, when there is one.
+vorplex.csv = (graos) => {
+  const {colunas, escala, formas} = vorplex.ajustes;
+  const campo = (v) => {
+    const s = String(v);
+    return /[,"\r\n]/.test(s) ? `"${s.replaceAll('"', '""')}"` : s;
+  };
+  const potencias = colunas.slice(1, 17).map((nome) =>
+    nome.endsWith('_px2') ? 2 : nome.endsWith('_px') ? 1 : 0);
+  const linhas = graos.map((g) => {
+    const px = [...g.valores.slice(0, 2), formas[g.letra], ...g.valores.slice(2)];
+    const calibrados = escala.unidade === 'px' ? [] : px.flatMap((v, k) =>
+      potencias[k] === 0 ? [] : [v * (potencias[k] === 2 ? escala.lado * escala.lado : escala.lado)]);
+    return [g.foto.nome, ...px, ...calibrados].map(campo).join(',');
+  });
+  return [colunas.map(campo).join(','), ...linhas, ''].join('\n');
+};

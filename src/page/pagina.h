@@ -1,0 +1,42 @@
+#pragma once
+
+#include <opencv2/core.hpp>
+#include <string>
+#include <vector>
+
+#include "export/idioma.h"
+#include "measure/distribuicao.h"
+#include "measure/escala.h"
+#include "measure/grao.h"
+
+// The results of a batch as a page for the web browser: one file that needs nothing else, neither
+// other files nor a network. Sizes, curve, plots and tables follow what the reader selects in it
+// (correlation, shapes), by the definitions of src/measure.
+
+// A photograph and what was found in it.
+struct FOTO_DA_PAGINA {
+  std::string nome;     // how the page calls it
+  std::string arquivo;  // the picture to show, as pim::le reads it
+  cv::Size tamanho;     // of the photograph that the grains were found in; the picture is
+                        // stretched to it. Empty: that of the picture
+  std::vector<GRAO> graos;
+};
+
+// Names and texts may hold anything, invalid UTF-8 and markup too.
+struct PAGINA {
+  std::string titulo;
+  IDIOMA idioma = IDIOMA::pt;
+  ESCALA escala;  // of all photographs
+  GRANDEZA grandeza = GRANDEZA::equivalente;
+  PESO peso = PESO::numero;
+  std::vector<double> peneiras;  // apertures as in measure/peneira.h; may be empty
+  double minCorr = 0;            // where the slider of the correlation stands at first
+  std::string comando;           // how the page was made, shown at its end; may be empty
+  std::vector<FOTO_DA_PAGINA> fotos;
+};
+
+// Writes the page aside, as `nome`.parcial, and gives it its name when it is complete. Pictures are
+// reduced to 1600 pixels on their longer side, further when there are so many that the page would
+// become too large to open. pim::erro when a picture can't be read, an aperture is refused or the
+// page can't be written whole.
+void impPagina(const PAGINA& pagina, const std::string& nome);

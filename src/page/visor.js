@@ -1,0 +1,240 @@
+'use strict';
+// The table of the photographs, and a viewer for each: the picture with the outlines of the grains.
+
+{
+  const {t, numero, medida, elemento, cores, letras, unidade} = vorplex;
+  const {escala, grandeza} = vorplex.ajustes;
+  const figuras = document.querySelectorAll('script.figura');
+  const figura = (foto) => `data:image/jpeg;base64,${figuras[foto.k].textContent}`;
+  const comUnidade = (px, potencia = 1) =>
+    `${medida(px * escala.lado ** potencia)} ${unidade}${potencia === 2 ? '²' : ''}`;
+  const plural = (n) => `${vorplex.inteiro(n)} ${t(n === 1 ? 'grao' : 'graos')}`;
+
+  // Outlines at their exact place, where the library would round each point to a pixel, and with a
+  // white rim, which is seen on dark grains.
+  const COM_MARGEM = L.Canvas.extend({
+    _updatePoly(camada) {
+      if (!this._drawing || camada._parts.length === 0) return;
+      const fator = this._map.options.crs.scale(this._map.getZoom());
+      const origem = this._map.getPixelOrigin();
+      this._ctx.beginPath();
+      for (const [x, y] of camada.options.contorno) {
+        this._ctx.lineTo(x * fator - origem.x, y * fator - origem.y);
+      }
+      this._ctx.closePath();
+      this._fillStroke(this._ctx, camada);
+    },
+    _fillStroke(ctx, camada) {
+      ctx.globalAlpha = 0.8;
+      ctx.lineWidth = camada.options.weight + 2;
+      ctx.strokeStyle = '#fff';
+      ctx.stroke();
+      L.Canvas.prototype._fillStroke.call(this, ctx, camada);
+    },
+  });
+
+  const estilo = (g, escolhido) => ({
+    color: cores[g.letra], weight: escolhido ? 4 : 2, opacity: 1, fillColor: cores[g.letra],
+    fillOpacity: escolhido ? 0.35 : 0.08,
+  });
+
+  const registro = (g) => {
+    const dois = g.letra === 'r' || g.letra === 'e';
+    const campos = [
+      [t('forma'), t(`um${g.letra}`)],
+      [t('centro'), `${g.li}, ${g.ci} px`],
+      [t('tamanhos'), dois ? `${comUnidade(g.d1)} × ${comUnidade(g.d2)}` : comUnidade(g.d1)],
+      [t('angulo'), g.letra === 'c' ? '–' : `${numero(g.ang)}°`],
+      [t('correlacao'), numero(g.correl)],
+      [t('area'), comUnidade(g.area, 2)],
+      [t('equivalente'), comUnidade(g.equivalente)],
+      [t('menor'), comUnidade(g.menor)],
+      [t('maior'), comUnidade(g.maior)],
+      [t('perimetro'), comUnidade(g.perimetro)],
+      [t('alongamento'), numero(g.alongamento)],
+      [t('tocaBorda'), t(g.borda ? 'sim' : 'nao')],
+    ];
+    return elemento('dl', {}, ...campos.flatMap(([nome, valor]) =>
+      [elemento('dt', {}, nome), elemento('dd', {}, valor)]));
+  };
+
+  const rotuloDoGrao = (g) => elemento('span', {},
+    `${g.indice}: ${t(`um${g.letra}`)}, ${comUnidade(g[grandeza])}, ` +
+    `${t('correlacao').toLowerCase()} ${numero(g.correl)}`);
+
+  // Makes the map of a viewer and its outlines.
+  const abre = (visor) => {
+    const {foto} = visor;
+    const mapa = L.map(visor.lugar, {
+      crs: L.CRS.Simple, attributionControl: false, zoomControl: false, zoomSnap: 0,
+      zoomDelta: 0.5, minZoom: -10, maxZoom: 5, scrollWheelZoom: false,
+      renderer: new COM_MARGEM({padding: 0.2}),
+    });
+    // Places are those of pixel centres; rows grow downwards.
+    const limites = L.latLngBounds([[0.5 - foto.rows, -0.5], [0.5, foto.cols - 0.5]]);
+    visor.fundo = L.imageOverlay(figura(foto), limites, {alt: ''}).addTo(mapa);
+    L.control.zoom({zoomInTitle: t('maisZoom'), zoomOutTitle: t('menosZoom')}).addTo(mapa);
+    mapa.fitBounds(limites, {animate: false, padding: [4, 4]});
+    mapa.setMinZoom(mapa.getZoom() - 0.5);
+    mapa.setMaxBounds(limites.pad(0.3));
+    // The wheel scrolls the page until the reader has chosen the picture.
+    mapa.on('focus', () => mapa.scrollWheelZoom.enable());
+    mapa.on('blur', () => mapa.scrollWheelZoom.disable());
+    visor.camadas = new Map(foto.graos.map((g) => {
+      const pontos = vorplex.contorno(g);
+      const camada = L.polygon(pontos.map(([x, y]) => [-y, x]),
+                               {...estilo(g, false), contorno: pontos, smoothFactor: 0});
+      camada.bindTooltip(() => rotuloDoGrao(g), {sticky: true});
+      camada.on('click', () => escolhe(visor, g, false));
+      return [g, camada];
+    }));
+    visor.mapa = mapa;
+    visor.tamanho = new ResizeObserver(() => mapa.invalidateSize({animate: false}));
+    visor.tamanho.observe(visor.lugar);
+    mostra(visor);
+  };
+
+  const fecha = (visor) => {
+    visor.tamanho.disconnect();
+    visor.mapa.remove();
+    visor.mapa = null;
+    visor.camadas = null;
+  };
+
+  // Shows the outlines of the selected grains.
+  const mostra = (visor) => {
+    const quantos = visor.foto.graos.reduce((s, g) => s + vorplex.passa(g), 0);
+    visor.contagem.textContent = plural(quantos);
+    if (visor.escolhido && !vorplex.passa(visor.escolhido)) escolhe(visor, null, false);
+    for (const botao of visor.botoes) botao.disabled = quantos === 0;
+    if (!visor.mapa) return;
+    for (const [g, camada] of visor.camadas) {
+      if (vorplex.passa(g)) camada.addTo(visor.mapa); else camada.remove();
+    }
+  };
+
+  // Marks a grain and shows its record; with `procura` the picture moves to it.
+  const escolhe = (visor, g, procura) => {
+    const antes = visor.camadas?.get(visor.escolhido);
+    if (antes) antes.setStyle(estilo(visor.escolhido, false));
+    visor.escolhido = g;
+    const camada = visor.camadas?.get(g);
+    if (camada) {
+      camada.setStyle(estilo(g, true)).bringToFront();
+      if (procura) visor.mapa.panInside([-g.li, g.ci], {padding: [40, 40]});
+    }
+    visor.ficha.replaceChildren(...(g === null ? [t('escolhaGrao')] :
+      [elemento('p', {class: 'indice'}, `${t('grao')} ${g.indice}`), registro(g)]));
+  };
+
+  const anda = (visor, passo) => {
+    const graos = visor.foto.graos.filter(vorplex.passa);
+    if (graos.length === 0) return;
+    const i = graos.indexOf(visor.escolhido);
+    const k = i < 0 ? (passo > 0 ? 0 : graos.length - 1) : i + passo;
+    escolhe(visor, graos[(k + graos.length) % graos.length], true);
+  };
+
+  // Picture and outlines for paper, where maps do not reflow.
+  const paraPapel = (visor) => {
+    const {foto, fundo, papel} = visor;
+    const imagem = fundo.getElement();
+    papel.width = imagem.naturalWidth;
+    papel.height = imagem.naturalHeight;
+    const ctx = papel.getContext('2d');
+    ctx.drawImage(imagem, 0, 0);
+    const fator = papel.width / foto.cols;
+    ctx.scale(fator, papel.height / foto.rows);
+    ctx.translate(0.5, 0.5);
+    for (const g of foto.graos.filter(vorplex.passa)) {
+      ctx.beginPath();
+      for (const [x, y] of vorplex.contorno(g)) ctx.lineTo(x, y);
+      ctx.closePath();
+      ctx.strokeStyle = '#fff';
+      ctx.lineWidth = 5 / fator;
+      ctx.stroke();
+      ctx.strokeStyle = cores[g.letra];
+      ctx.lineWidth = 3 / fator;
+      ctx.stroke();
+    }
+  };
+
+  const novoVisor = (foto) => {
+    const visor = {
+      foto, mapa: null, camadas: null, escolhido: null,
+      lugar: elemento('div', {class: 'mapa', role: 'application', 'aria-label': t('mapa', foto.nome)}),
+      contagem: elemento('span', {class: 'quantos'}),
+      ficha: elemento('div', {class: 'ficha', 'aria-live': 'polite'}, t('escolhaGrao')),
+      papel: elemento('canvas', {class: 'so-papel'}),
+      botoes: [-1, 1].map((passo) => {
+        const rotulo = t(passo < 0 ? 'anterior' : 'proximo');
+        const b = elemento('button', {type: 'button', 'aria-label': rotulo, title: rotulo},
+                           passo < 0 ? '◀' : '▶');
+        b.addEventListener('click', () => anda(visor, passo));
+        return b;
+      }),
+    };
+    visor.raiz = elemento('details', {class: 'visor', id: `foto-${foto.k}`},
+      elemento('summary', {}, elemento('bdi', {}, foto.nome), ' ', visor.contagem),
+      elemento('div', {class: 'corpo'}, visor.lugar, visor.papel,
+        elemento('aside', {}, elemento('div', {class: 'passos'},
+          elemento('h3', {}, t('registro')), ...visor.botoes), visor.ficha)));
+    visor.raiz.addEventListener('toggle', () => {
+      if (visor.raiz.open && !visor.mapa) abre(visor);
+      if (!visor.raiz.open && visor.mapa) fecha(visor);
+    });
+    document.getElementById('visores').append(visor.raiz);
+    return visor;
+  };
+
+  vorplex.visores = vorplex.fotos.map(novoVisor);
+  vorplex.escolheGrao = (k, g) => escolhe(vorplex.visores[k], g, true);
+
+  if (vorplex.visores.length === 0) {
+    document.querySelector('#visores .dica').textContent = t('semFotos');
+  } else {
+    // The first one opens by itself when the reader comes near.
+    new IntersectionObserver(([entrada], observador) => {
+      if (!entrada.isIntersecting) return;
+      observador.disconnect();
+      if (!vorplex.visores.some((v) => v.raiz.open)) vorplex.visores[0].raiz.open = true;
+    }).observe(vorplex.visores[0].raiz);
+  }
+  window.addEventListener('beforeprint', () =>
+    vorplex.visores.filter((v) => v.mapa).forEach(paraPapel));
+
+  const linhaDaTabela = (visor) => {
+    const {foto} = visor;
+    const link = elemento('a', {href: `#foto-${foto.k}`, title: t('ver', foto.nome)},
+                          elemento('bdi', {}, foto.nome));
+    link.addEventListener('click', () => { visor.raiz.open = true; });
+    const miniatura = elemento('img', {src: `data:image/jpeg;base64,${foto.miniatura}`, alt: '',
+                                       loading: 'lazy'});
+    visor.celulas = Array.from({length: 3 + letras.length + 1}, () => elemento('td', {class: 'n'}));
+    return elemento('tr', {}, elemento('td', {class: 'miniatura'}, miniatura),
+      elemento('th', {scope: 'row'}, link),
+      elemento('td', {class: 'n'}, `${foto.cols} × ${foto.rows}`), ...visor.celulas);
+  };
+
+  const titulos = ['', t('nome'), t('pixels'), t('nesteFiltro'), ...letras.map((l) => t(l)),
+                   `D50 (${unidade})`, t('media') + ` (${unidade})`, t('borda')];
+  document.getElementById('tabela-fotos').append(
+    elemento('thead', {}, elemento('tr', {}, ...titulos.map((titulo, k) =>
+      elemento(titulo === '' ? 'td' : 'th', k > 1 ? {class: 'n', scope: 'col'} : {}, titulo)))),
+    elemento('tbody', {}, ...vorplex.visores.map(linhaDaTabela)));
+
+  // Shows the selected grains, ascending in size, in table and viewers.
+  vorplex.mostraFotos = (graos) => {
+    const porFoto = vorplex.fotos.map(() => []);
+    for (const g of graos) porFoto[g.foto.k].push(g);
+    vorplex.visores.forEach((visor, k) => {
+      const estes = porFoto[k];
+      const d = vorplex.distribui(vorplex.curva(estes));
+      const textos = [vorplex.inteiro(estes.length),
+        ...letras.map((l) => vorplex.inteiro(estes.reduce((s, g) => s + (g.letra === l), 0))),
+        medida(d.d[50]), medida(d.media), vorplex.inteiro(estes.reduce((s, g) => s + g.borda, 0))];
+      visor.celulas.forEach((celula, i) => { celula.textContent = textos[i]; });
+      mostra(visor);
+    });
+  };
+}

@@ -1,0 +1,232 @@
+#include <sys/mount.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "apoio/executa.h"
+#include "cenario.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+using TEXTOS = std::vector<std::string>;
+
+TEST_F(Lote, FotosRuinsCustamSoASiMesmas) {
+  grava("fotos/corrompida.png", "\x89PNG\r\n\x1A\nisto nao e' PNG");
+  grava("fotos/cortada.pgm", pgm(imagem(0)).substr(0, 3000));
+  grava("fotos/texto.jpg", "so texto\n");
+  grava("fotos/vazia.tif", "");
+  fs::create_symlink("nenhum", "fotos/solta.bmp");
+  const CORRIDA c = rodaLote(comando({"fotos", "nao existe.jpg", "fotos/f0.pgm", "/dev/zero"}));
+  EXPECT_EQ(c.estado, 1);
+  EXPECT_NE(c.saida.find("Fotografias: 9 (feitas 2, ja prontas 0, falhas 7); graos: 6"),
+            std::string::npos)
+      << c.saida;
+  for (const char* nome : {"corrompida", "cortada", "texto", "vazia", "solta", "nao existe"}) {
+    const std::string n = nome;
+    EXPECT_EQ(dentroDe("resultado/" + n), (TEXTOS{".vorplex-lote", "mensagens.txt"}));
+    EXPECT_NE(leTudo("resultado/" + n + "/mensagens.txt").find("Erro"), std::string::npos) << n;
+    EXPECT_NE(c.erro.find("/" + n + "."), std::string::npos) << c.erro;
+  }
+  EXPECT_NE(c.erro.find("fotos/cortada.pgm: Erro leitura imagem"), std::string::npos) << c.erro;
+  EXPECT_NE(c.erro.find("arquivo incompleto"), std::string::npos);
+  EXPECT_EQ(linhas(c.erro), 8U);
+  EXPECT_NE(leTudo("resultado/resumo.csv").find("\ntotal,2,6,"), std::string::npos);
+
+  // Mended, they are done, and only they.
+  for (const char* nome : {"corrompida.png", "cortada.pgm", "texto.jpg", "vazia.tif"}) {
+    foto(std::string("fotos/") + nome, 2);
+  }
+  fs::remove("fotos/solta.bmp");
+  const CORRIDA d = rodaLote(comando());
+  EXPECT_EQ(d.estado, 0);
+  EXPECT_NE(d.saida.find("(feitas 4, ja prontas 2, falhas 0)"), std::string::npos) << d.saida;
+  EXPECT_FALSE(existe("resultado/texto/mensagens.txt"));
+}
+
+TEST_F(Lote, FotoQuePassaAFalharPerdeOsResultadosVelhos) {
+  ASSERT_EQ(rodaLote(comando()).estado, 0);
+  grava("fotos/f1.pgm", "estragada");
+  EXPECT_EQ(rodaLote(comando()).estado, 1);
+  EXPECT_EQ(dentroDe("resultado/f1"), (TEXTOS{".vorplex-lote", "mensagens.txt"}));
+  EXPECT_NE(leTudo("resultado/resumo.csv").find("\ntotal,1,3,"), std::string::npos);
+}
+
+TEST_F(Lote, FotoQueSumiuFalhaMasSeusResultadosFicam) {
+  ASSERT_EQ(rodaLote(comando()).estado, 0);
+  const std::string lista = leTudo("resultado/f1/f1.ho2");
+  fs::remove("fotos/f1.pgm");
+  EXPECT_EQ(rodaLote(comando({"fotos", "fotos/f1.pgm"})).estado, 1);
+  EXPECT_EQ(leTudo("resultado/f1/f1.ho2"), lista);
+  EXPECT_NE(leTudo("resultado/resumo.csv").find("\ntotal,1,3,"), std::string::npos);
+}
+
+TEST_F(Lote, FotoApagadaAntesDaSuaVezFalhaSozinha) {
+  const LANCADA l = lancaLote(comando({"-j", "1", "fotos"}));
+  for (int i = 0; i < 500 && !existe("resultado/.vorplex-lote-obra/nova-f0"); ++i) usleep(2000);
+  fs::remove("fotos/f1.pgm");
+  const CORRIDA c = esperaLote(l);
+  EXPECT_EQ(c.estado, 1);
+  EXPECT_NE(c.erro.find("fotos/f1.pgm: Fotografia inexistente ou ilegivel"), std::string::npos)
+      << c.erro;
+  EXPECT_NE(leTudo("resultado/resumo.csv").find("\ntotal,1,3,"), std::string::npos);
+}
+
+TEST_F(Lote, FotoMudadaEnquantoEhFeitaFalha) {
+  // A large one, so that there is time.
+  grava("grande.pgm", pgm(cv::Mat_<unsigned char>(cv::repeat(imagem(0), 8, 8))));
+  const LANCADA l = lancaLote(comando({"grande.pgm"}));
+  for (int i = 0; i < 1000 && !existe("resultado/.vorplex-lote-obra/nova-grande"); ++i)
+    usleep(1000);
+  grava("grande.pgm", pgm(cv::Mat_<unsigned char>(cv::repeat(imagem(1), 8, 8))));
+  const CORRIDA c = esperaLote(l);
+  EXPECT_EQ(c.estado, 1);
+  EXPECT_NE(c.erro.find("A fotografia mudou durante o processamento"), std::string::npos) << c.erro;
+}
+
+TEST_F(Lote, PastaAlheiaComONomeDaFotoFicaIntacta) {
+  fs::create_directories("resultado/f1");
+  grava("resultado/f1/tese.txt", "de alguem");
+  const CORRIDA c = rodaLote(comando());
+  EXPECT_EQ(c.estado, 1);
+  EXPECT_NE(c.erro.find("f1 existe e nao foi feita por vorplex-lote"), std::string::npos) << c.erro;
+  EXPECT_EQ(dentroDe("resultado/f1"), TEXTOS{"tese.txt"});
+}
+
+struct USO {
+  std::string nome;
+  TEXTOS args;
+  std::string erro;  // the first line
+};
+
+struct UsoErrado : Lote, testing::WithParamInterface<USO> {};
+
+TEST_P(UsoErrado, SaiCom2EUmaLinhaClaraSemDeixarNada) {
+  grava("ruim.cfg", "circulo 21\ntriangulo 3\n");
+  grava("sem grupo.cfg", "escala 1 a 1 circulo 21");
+  fs::create_directory("vazia");
+  const CORRIDA c = rodaLote(GetParam().args);
+  EXPECT_EQ(c.estado, 2);
+  EXPECT_EQ(c.saida, "");
+  EXPECT_EQ(c.erro.substr(0, c.erro.find('\n')), GetParam().erro);
+  EXPECT_FALSE(existe("resultado"));
+}
+
+const std::vector<USO> usos = {
+    {"Nada", {}, "Erro: Falta kernel.cfg"},
+    {"SemFoto", {"kernel.cfg"}, "Erro: Falta fotografia ou pasta"},
+    {"Opcao", {"--nada", "kernel.cfg", "fotos"}, "Erro: Opcao desconhecida --nada"},
+    {"SemKernel",
+     {"nenhum.cfg", "fotos"},
+     "Erro: nenhum.cfg inexistente ou ilegivel (No such file or directory)"},
+    {"KernelPasta", {"fotos", "fotos"}, "Erro: fotos inexistente ou ilegivel (Is a directory)"},
+    {"KernelRuim", {"ruim.cfg", "fotos"}, "Erro: ruim.cfg: Palavra desconhecida triangulo"},
+    {"KernelSemGrupo",
+     {"sem grupo.cfg", "fotos"},
+     "Erro: sem grupo.cfg: Nenhum grupo de kernels (falta uma forma com pelo menos duas escalas)"},
+    {"FiltraPalavra",
+     {"-f", "oval 1 2", "kernel.cfg", "fotos"},
+     "Erro: --filtra: Palavra desconhecida oval"},
+    {"FiltraNumero",
+     {"-f", "default 0.3", "kernel.cfg", "fotos"},
+     "Erro: --filtra: Falta numero no fim dos parametros"},
+    {"PastaVazia", {"kernel.cfg", "vazia"}, "Erro: Nenhuma fotografia em vazia"},
+    {"Ingles", {"--idioma", "en", "kernel.cfg", "vazia"}, "Error: No photograph in vazia"},
+    {"SaidaSobArquivo",
+     {"-o", "kernel.cfg/s", "kernel.cfg", "fotos"},
+     "Erro: Nada pode ser feito na pasta de saida kernel.cfg/s (Not a directory)"},
+};
+INSTANTIATE_TEST_SUITE_P(Tabela, UsoErrado, testing::ValuesIn(usos),
+                         [](const auto& linha) { return linha.param.nome; });
+
+TEST_F(Lote, AjudaEVersaoSaemComZero) {
+  const CORRIDA ajuda = rodaLote({"--ajuda"});
+  EXPECT_EQ(ajuda.estado, 0);
+  for (const char* opcao : {"--saida", "--escala", "--filtra", "--min-corr", "--grandeza", "--peso",
+                            "--peneiras", "--sem-borda", "--inverte", "--processos", "--recursivo",
+                            "--refaz", "--idioma", "--quieto", "--ajuda", "--versao"}) {
+    EXPECT_NE(ajuda.saida.find(opcao), std::string::npos) << opcao;
+  }
+  EXPECT_EQ(rodaLote({"--versao"}).saida, "vorplex-lote 1.23\n");
+}
+
+TEST_F(Lote, SaidaSoDeLeituraEhDitaComEstado2) {
+  if (!perdePoderes()) GTEST_SKIP() << "the superuser can't give up powers here";
+  fs::create_directory("fechada");
+  fs::permissions("fechada", fs::perms::owner_read | fs::perms::owner_exec);
+  MODO modo;
+  modo.semPoderes = true;
+  for (const char* saida : {"fechada", "fechada/dentro"}) {
+    const CORRIDA c = rodaLote(comando({"-o", saida, "fotos"}), modo);
+    EXPECT_EQ(c.estado, 2);
+    EXPECT_EQ(c.erro, std::string("Erro: Nada pode ser feito na pasta de saida ") + saida +
+                          " (Permission denied)\n");
+  }
+  EXPECT_TRUE(dentroDe("fechada").empty());
+}
+
+TEST_F(Lote, FotoProibidaFalhaSozinha) {
+  if (!perdePoderes()) GTEST_SKIP() << "the superuser can't give up powers here";
+  fs::permissions("fotos/f1.pgm", fs::perms::none);
+  MODO modo;
+  modo.semPoderes = true;
+  const CORRIDA c = rodaLote(comando(), modo);
+  EXPECT_EQ(c.estado, 1);
+  EXPECT_NE(c.erro.find("fotos/f1.pgm: Fotografia inexistente ou ilegivel"), std::string::npos);
+  EXPECT_NE(c.saida.find("(feitas 1, ja prontas 0, falhas 1)"), std::string::npos);
+}
+
+// A limit for files stands for a full disk: writes fail in the same way.
+TEST_F(Lote, SemLugarParaAFotoElaFalhaESeDiz) {
+  MODO modo;
+  modo.maiorArquivo = 4096;
+  const CORRIDA c = rodaLote(comando(), modo);
+  EXPECT_EQ(c.estado, 1);
+  EXPECT_NE(c.erro.find("fotos/f0.pgm: Erro gravacao arquivo ./f0.png"), std::string::npos)
+      << c.erro;
+  EXPECT_FALSE(existe("resultado/f0/f0.ho2"));
+  ASSERT_EQ(rodaLote(comando()).estado, 0);
+}
+
+TEST_F(Lote, SemLugarParaAPaginaFicamAsTabelasVelhas) {
+  ASSERT_EQ(rodaLote(comando({"fotos/f0.pgm"})).estado, 0);
+  const std::string resumo = leTudo("resultado/resumo.csv");
+  MODO modo;
+  modo.maiorArquivo = 100000;
+  const CORRIDA c = rodaLote(comando(), modo);
+  EXPECT_EQ(c.estado, 1);
+  EXPECT_NE(c.erro.find("Erro: Tabelas e relatorio nao foram escritos: Erro gravacao arquivo"),
+            std::string::npos)
+      << c.erro;
+  EXPECT_EQ(leTudo("resultado/resumo.csv"), resumo);
+  EXPECT_EQ(dentroDe("resultado").size(), 5U);  // two folders, three tables
+}
+
+TEST_F(Lote, DiscoCheio) {
+  fs::create_directory("disco");
+  if (mount("tmpfs", "disco", "tmpfs", 0, "size=32k") != 0) {
+    GTEST_SKIP() << "no file system can be mounted here";
+  }
+  const CORRIDA c = rodaLote(comando({"-o", "disco/s", "fotos"}));
+  EXPECT_EQ(c.estado, 1);
+  EXPECT_NE(c.erro.find("Falharam:"), std::string::npos) << c.erro;
+  EXPECT_NE(c.erro.find("Erro gravacao"), std::string::npos) << c.erro;
+  EXPECT_FALSE(existe("disco/s/.vorplex-lote-obra"));
+  for (const auto& [nome, conteudo] : arvore("disco/s")) {
+    if (nome.ends_with("/.vorplex-lote") && conteudo.find("completo") != std::string::npos) {
+      EXPECT_EQ(dentroDe("disco/s/" + nome.substr(0, 2)).size(), 8U) << nome;
+    }
+  }
+  umount2("disco", MNT_DETACH);
+}
+
+TEST_F(Lote, SaidaPadraoCheiaEhErro) {
+  const int estado =
+      std::system((std::string(VORPLEX_LOTE) + " --versao >/dev/full 2>erro").c_str());
+  EXPECT_EQ(WEXITSTATUS(estado), 1);
+  EXPECT_EQ(leTudo("erro"), "Erro: Gravacao da saida padrao\n");
+}
+
+}  // namespace

@@ -1,0 +1,205 @@
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <random>
+#include <set>
+
+#include "cenario.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+using TEMPO = std::chrono::steady_clock;
+
+double segundosDesde(TEMPO::time_point t) {
+  return std::chrono::duration<double>(TEMPO::now() - t).count();
+}
+
+// The folders whose results were made anew since `antes`: renamed folders are other ones.
+using PASTAS = std::map<std::string, fs::file_time_type>;
+
+PASTAS feitas(const std::string& saida) {
+  PASTAS m;
+  for (const std::string& nome : dentroDe(saida)) {
+    const std::string estado = saida + "/" + nome + "/.vorplex-lote";
+    if (existe(estado)) m[nome] = fs::last_write_time(estado);
+  }
+  return m;
+}
+
+std::set<std::string> refeitas(const PASTAS& antes, const std::string& saida) {
+  std::set<std::string> nomes;
+  for (const auto& [nome, tempo] : feitas(saida)) {
+    const auto posto = antes.find(nome);
+    if (posto == antes.end() || posto->second != tempo) nomes.insert(nome);
+  }
+  return nomes;
+}
+
+using NOMES = std::set<std::string>;
+const NOMES todas = {"f0", "f1"};
+
+TEST_F(Lote, MortaEmQualquerInstanteERetomadaDaOsMesmosBytes) {
+  foto("fotos/f2.pgm", 2);
+  const auto inicio = TEMPO::now();
+  ASSERT_EQ(rodaLote(comando()).estado, 0);
+  const double duracao = segundosDesde(inicio);
+  const auto inteira = arvore("resultado");
+  std::mt19937 sorteio(20240611);
+  std::uniform_real_distribution<double> instante(0, duracao);
+  int interrompidas = 0;
+  for (int vez = 0; vez < 8; ++vez) {
+    fs::remove_all("resultado");
+    const LANCADA l = lancaLote(comando());
+    usleep(static_cast<useconds_t>(instante(sorteio) * 1e6));
+    kill(l.pid, SIGKILL);
+    interrompidas += esperaLote(l).sinal == SIGKILL ? 1 : 0;
+    if (existe("resultado")) {
+      // What has a name is whole.
+      for (const auto& [nome, conteudo] : arvore("resultado")) {
+        if (nome.starts_with(".vorplex-lote-obra/")) continue;
+        ASSERT_TRUE(inteira.contains(nome)) << nome;
+        EXPECT_TRUE(conteudo == inteira.at(nome)) << nome;
+      }
+    }
+    const CORRIDA c = rodaLote(comando());
+    ASSERT_EQ(c.estado, 0) << c.erro;
+    EXPECT_TRUE(arvore("resultado") == inteira) << "vez " << vez;
+  }
+  EXPECT_GE(interrompidas, 4);
+}
+
+TEST_F(Lote, MortaEnquantoRefazNadaSePerde) {
+  ASSERT_EQ(rodaLote(comando()).estado, 0);
+  const auto inteira = arvore("resultado");
+  std::mt19937 sorteio(7);
+  std::uniform_real_distribution<double> instante(0, 0.6);
+  std::vector<std::string> refaz = comando();
+  refaz.emplace_back("--refaz");
+  for (int vez = 0; vez < 4; ++vez) {
+    const LANCADA l = lancaLote(refaz);
+    usleep(static_cast<useconds_t>(instante(sorteio) * 1e6));
+    kill(l.pid, SIGKILL);
+    esperaLote(l);
+    ASSERT_EQ(rodaLote(comando()).estado, 0);
+    EXPECT_TRUE(arvore("resultado") == inteira) << "vez " << vez;
+  }
+}
+
+TEST_F(Lote, OQueEstaProntoNaoEhRefeito) {
+  ASSERT_EQ(rodaLote(comando()).estado, 0);
+  const PASTAS antes = feitas("resultado");
+  EXPECT_EQ(antes.size(), 2U);
+  for (const auto& foto : dentroDe("fotos")) {  // dates do not count
+    fs::last_write_time("fotos/" + foto, fs::file_time_type::clock::now());
+  }
+  const CORRIDA c = rodaLote(comando());
+  EXPECT_EQ(refeitas(antes, "resultado"), NOMES{});
+  EXPECT_NE(c.saida.find("(feitas 0, ja prontas 2, falhas 0); graos: 6"), std::string::npos);
+  ASSERT_EQ(rodaLote(comando({"--refaz", "fotos"})).estado, 0);
+  EXPECT_EQ(refeitas(antes, "resultado"), todas);
+}
+
+TEST_F(Lote, SoAFotoMudadaEhRefeita) {
+  ASSERT_EQ(rodaLote(comando()).estado, 0);
+  const PASTAS antes = feitas("resultado");
+  const auto data = fs::last_write_time("fotos/f1.pgm");
+  foto("fotos/f1.pgm", 9);
+  fs::last_write_time("fotos/f1.pgm", data);  // neither size nor date tell
+  ASSERT_EQ(rodaLote(comando()).estado, 0);
+  EXPECT_EQ(refeitas(antes, "resultado"), NOMES{"f1"});
+  const auto retomada = arvore("resultado");
+  fs::remove_all("resultado");
+  ASSERT_EQ(rodaLote(comando()).estado, 0);
+  EXPECT_TRUE(arvore("resultado") == retomada);
+}
+
+TEST_F(Lote, SoOQueFaltaOuFoiEstragadoEhRefeito) {
+  for (int i = 2; i < 4; ++i) foto("fotos/f" + std::to_string(i) + ".pgm", i);
+  ASSERT_EQ(rodaLote(comando()).estado, 0);
+  const auto inteira = arvore("resultado");
+  const PASTAS antes = feitas("resultado");
+  fs::remove("resultado/f0/rois.zip");
+  std::string lista = leTudo("resultado/f1/f1.ho2");
+  lista[lista.size() - 2] = '9';
+  grava("resultado/f1/f1.ho2", lista);
+  fs::remove_all("resultado/f2");
+  fs::remove("resultado/resumo.csv");
+  ASSERT_EQ(rodaLote(comando()).estado, 0);
+  EXPECT_EQ(refeitas(antes, "resultado"), (NOMES{"f0", "f1", "f2"}));
+  EXPECT_TRUE(arvore("resultado") == inteira);
+}
+
+struct MudancaDeOpcao : Lote, testing::WithParamInterface<std::vector<std::string>> {};
+
+TEST_P(MudancaDeOpcao, RefazTudoComoSeFosseDoComeco) {
+  std::vector<std::string> base = {"kernel.cfg", "fotos", "-c", "0.1", "-f", "default 0.2 0.1"};
+  ASSERT_EQ(rodaLote(base).estado, 0);
+  const PASTAS antes = feitas("resultado");
+  base.insert(base.end(), GetParam().begin(), GetParam().end());
+  ASSERT_EQ(rodaLote(base).estado, 0);
+  EXPECT_EQ(refeitas(antes, "resultado"), todas);
+  const auto mudada = arvore("resultado");
+  fs::remove_all("resultado");
+  ASSERT_EQ(rodaLote(base).estado, 0);
+  EXPECT_TRUE(arvore("resultado") == mudada);
+}
+
+const std::vector<std::vector<std::string>> opcoes = {{"-c", "0.3"}, {"-f", "default 0.4 0.1"},
+                                                      {"-e", "2um"}, {"--sem-borda"},
+                                                      {"-i"},        {"--idioma", "en"}};
+INSTANTIATE_TEST_SUITE_P(CadaUma, MudancaDeOpcao, testing::ValuesIn(opcoes));
+
+TEST_F(Lote, MudarSoOResumoNaoRefazFotos) {
+  ASSERT_EQ(rodaLote(comando()).estado, 0);
+  const PASTAS antes = feitas("resultado");
+  const std::string resumo = leTudo("resultado/resumo.csv");
+  ASSERT_EQ(
+      rodaLote(comando({"-g", "maior", "-w", "area", "-p", "10,20", "-j", "1", "fotos"})).estado,
+      0);
+  EXPECT_EQ(refeitas(antes, "resultado"), NOMES{});
+  EXPECT_NE(leTudo("resultado/resumo.csv"), resumo);
+}
+
+TEST_F(Lote, KernelMudadoRefazTudo) {
+  ASSERT_EQ(rodaLote(comando()).estado, 0);
+  const PASTAS antes = feitas("resultado");
+  grava("kernel.cfg", leTudo("kernel.cfg") + " circulo 15");
+  ASSERT_EQ(rodaLote(comando()).estado, 0);
+  EXPECT_EQ(refeitas(antes, "resultado"), todas);
+}
+
+// A search costs the most; thresholds and scales are tried over and over.
+TEST_F(Lote, MudarLimiaresOuEscalaNaoProcuraDeNovo) {
+  ASSERT_EQ(rodaLote(comando()).estado, 0);
+  const auto mesmo = [](const char* a, const char* b) { return fs::equivalent(a, b); };
+  fs::create_hard_link("resultado/f0/f0.ho1", "ho1");
+  fs::create_hard_link("resultado/f0/f0.png", "png");
+  ASSERT_EQ(rodaLote(comando({"-e", "2um", "fotos"})).estado, 0);
+  EXPECT_TRUE(mesmo("ho1", "resultado/f0/f0.ho1"));
+  EXPECT_TRUE(mesmo("png", "resultado/f0/f0.png"));
+  ASSERT_EQ(rodaLote({"-c", "0.1", "-f", "default 0.4 0.1", "kernel.cfg", "fotos"}).estado, 0);
+  EXPECT_TRUE(mesmo("ho1", "resultado/f0/f0.ho1"));
+  EXPECT_FALSE(mesmo("png", "resultado/f0/f0.png"));
+}
+
+TEST_F(Lote, InterrompidaSaiCom130ESemSobras) {
+  for (const int sinal : {SIGINT, SIGTERM}) {
+    const LANCADA l = lancaLote(comando({"-j", "2", "--refaz", "fotos"}));
+    for (int i = 0; i < 500 && !existe("resultado/.vorplex-lote-obra/nova-f0"); ++i) usleep(2000);
+    ASSERT_TRUE(existe("resultado/.vorplex-lote-obra/nova-f0"));
+    kill(l.pid, sinal);
+    const CORRIDA c = esperaLote(l);
+    EXPECT_EQ(c.estado, 130);
+    EXPECT_EQ(c.erro, "Interrompido; o mesmo comando continua de onde parou\n");
+    EXPECT_FALSE(existe("resultado/.vorplex-lote-obra"));
+  }
+  ASSERT_EQ(rodaLote(comando()).estado, 0);
+  EXPECT_EQ(feitas("resultado").size(), 2U);
+}
+
+}  // namespace

@@ -1,0 +1,203 @@
+#include <cstdio>
+#include <fstream>
+#include <opencv2/imgproc.hpp>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "export/graoscsv.h"
+#include "export/valor.h"
+#include "measure/contorno.h"
+#include "measure/resumo.h"
+#include "page/pagina.h"
+#include "pim/erro.h"
+#include "pim/imagem.h"
+#include "pim/texto.h"
+
+// amostra_pagina FOLDER [PHOTOGRAPHS GRAINS ROWS COLS]: draws photographs with known grains and
+// writes NAME.html, NAME.csv (the table of all grains) and NAME.json (what src/measure says of the
+// grains at several thresholds) for pages of every kind; with numbers, for one page of that size.
+
+namespace {
+
+double entre(std::mt19937& sorteio, double de, double ate) {
+  return std::uniform_real_distribution<double>(de, ate)(sorteio);
+}
+
+MAXLOCAL sorteiaGrao(std::mt19937& sorteio, int rows, int cols) {
+  MAXLOCAL m;
+  m.forma = letras[sorteio() % letras.size()];
+  m.d1 = std::exp(std::normal_distribution<double>(std::log(34), 0.4)(sorteio));
+  const bool dois = m.forma == 'r' || m.forma == 'e';
+  m.d2 = dois ? m.d1 * entre(sorteio, 0.4, 0.9) : m.d1;
+  m.ang = m.forma == 'c' ? 0 : 10 * static_cast<int>(entre(sorteio, 2, 14));
+  m.li = static_cast<int>(entre(sorteio, 0, rows));
+  m.ci = static_cast<int>(entre(sorteio, 0, cols));
+  m.correl = static_cast<float>(static_cast<int>(entre(sorteio, 1e5, 8e5))) / 1e6F;
+  return m;
+}
+
+std::vector<MAXLOCAL> sorteiaGraos(std::mt19937& sorteio, int quantos, int rows, int cols) {
+  std::vector<MAXLOCAL> v;
+  for (int i = 0; i < quantos; ++i) v.push_back(sorteiaGrao(sorteio, rows, cols));
+  return v;
+}
+
+// Bright sand with dark grains, noise on all of it.
+void desenhaFoto(const std::vector<MAXLOCAL>& v, int rows, int cols, const std::string& nome) {
+  cv::RNG sorteio(static_cast<std::uint64_t>(rows) + v.size());
+  cv::Mat_<pim::VEC3B> img(rows, cols, pim::VEC3B(150, 178, 196));
+  for (const MAXLOCAL& m : v) {
+    std::vector<cv::Point> pontos;
+    for (const PONTO& p : contorno(m, 0.25)) {
+      pontos.emplace_back(pim::arredonda(p.x), pim::arredonda(p.y));
+    }
+    const int tom = sorteio.uniform(0, 60);
+    cv::fillPoly(img, std::vector<std::vector<cv::Point>>{pontos},
+                 cv::Scalar(52 + tom, 60 + tom, 70 + tom), cv::LINE_AA);
+  }
+  cv::Mat_<cv::Vec<signed char, 3>> ruido(rows, cols);
+  sorteio.fill(ruido, cv::RNG::NORMAL, 0, 12);
+  cv::GaussianBlur(img, img, cv::Size(3, 3), 0);
+  cv::add(img, ruido, img, cv::noArray(), CV_8U);
+  pim::imp(img, nome);
+}
+
+FOTO_DA_PAGINA novaFoto(const std::string& pasta, const std::string& nome,
+                        const std::vector<MAXLOCAL>& v, cv::Size tamanho) {
+  static int quantas = 0;
+  const std::string arquivo = pasta + "/foto" + std::to_string(quantas++) + ".jpg";
+  desenhaFoto(v, tamanho.height, tamanho.width, arquivo);
+  return {nome, arquivo, tamanho, medeTodos(v, tamanho.height, tamanho.width)};
+}
+
+// What is said of the grains of at least `minCorr`.
+std::string esperado(const PAGINA& pagina, double minCorr) {
+  std::vector<MEDIDA> medidas;
+  for (const FOTO_DA_PAGINA& foto : pagina.fotos) {
+    for (const GRAO& g : foto.graos) {
+      // The decimals of the lists decide, not the float that stands for them.
+      std::string decimais;
+      poeNumero(decimais, g.maximo.correl);
+      if (std::stod(decimais) < minCorr) continue;
+      medidas.push_back(medida(g, pagina.escala, pagina.grandeza, pagina.peso));
+    }
+  }
+  const CURVA c = curva(medidas);
+  const DISTRIBUICAO d = distribui(c, pagina.escala.unidade);
+  std::string s = "{\"graos\":";
+  poeJson(s, d.graos);
+  s += ",\"d\":{";
+  for (const int p : percentis) {
+    s += (s.back() == '{' ? "\"" : ",\"") + std::to_string(p) + "\":";
+    poeJson(s, valor(valorD(d, p)));
+  }
+  s += '}';
+  const auto membro = [&s](const char* nome, const std::optional<double>& x) {
+    s += std::string(",\"") + nome + "\":";
+    poeJson(s, valor(x));
+  };
+  membro("media", d.media);
+  membro("desvio", d.desvio);
+  membro("mediaPhi", d.mediaPhi);
+  membro("selecao", d.selecao);
+  membro("assimetria", d.assimetria);
+  membro("curtose", d.curtose);
+  membro("uniformidade", d.uniformidade);
+  membro("curvatura", d.curvatura);
+  s += ",\"peneiras\":[";
+  for (const PENEIRA& p : peneira(c, pagina.peneiras)) {
+    s += s.back() == '[' ? "[" : ",[";
+    poeJson(s, p.graos);
+    s += ',';
+    poeJson(s, valor(p.retida));
+    s += ',';
+    poeJson(s, valor(p.passante));
+    s += ']';
+  }
+  return s + "]}";
+}
+
+void escreve(const PAGINA& pagina, const std::string& nome) {
+  impPagina(pagina, nome + ".html");
+  TABELA_GRAOS tabela = abreGraosCsv(nome + ".csv", pagina.escala.unidade, pagina.idioma);
+  for (const FOTO_DA_PAGINA& f : pagina.fotos) {
+    acrescenta(tabela, {f.nome, f.tamanho.height, f.tamanho.width, pagina.escala, f.graos});
+  }
+  conclui(std::move(tabela));
+  std::ofstream(nome + ".json") << '[' << esperado(pagina, pagina.minCorr) << ','
+                                << esperado(pagina, 0.3) << ',' << esperado(pagina, 0.9) << "]\n";
+}
+
+void escrevePequenas(const std::string& pasta) {
+  std::mt19937 sorteio(7);
+  const cv::Size tamanho(1200, 900);
+  const std::string ruim = "<img src=x onerror=\"document.title='mau'\">\n</script>&amp;'\xFF.jpg";
+  PAGINA p;
+  p.titulo = "Amostra <b>7</b> </title><script>document.title='mau'</script>";
+  p.escala = {0.05, UNIDADE::mm};
+  p.peso = PESO::volume;
+  p.peneiras = {0.5, 1, 1.4, 2, 2.8, 4};
+  p.minCorr = 0.1;
+  p.comando = "vorplex-lote -e 0.05mm -w volume -p 0.5,1,1.4,2,2.8,4 kernel.cfg 'pilha & <areia>'";
+  for (const char* nome : {"areia grossa.jpg", "pilha 1, \"úmida\".jpg", "=SOMA(A1).jpg"}) {
+    p.fotos.push_back(novaFoto(pasta, nome, sorteiaGraos(sorteio, 160, 900, 1200), tamanho));
+  }
+  p.fotos.push_back(novaFoto(pasta, ruim, sorteiaGraos(sorteio, 5, 700, 300), {300, 700}));
+  p.fotos.push_back(novaFoto(pasta, "sem grãos.jpg", {}, {640, 480}));
+  escreve(p, pasta + "/cheia");
+
+  PAGINA en = p;
+  en.idioma = IDIOMA::en;
+  en.titulo = "River sand, site 4";
+  en.peneiras.clear();
+  en.peso = PESO::numero;
+  en.grandeza = GRANDEZA::menor;
+  en.fotos.resize(3);
+  escreve(en, pasta + "/ingles");
+
+  PAGINA area = p;
+  area.titulo = "Areia em polegadas";
+  area.escala = {0.002, UNIDADE::in};
+  area.grandeza = GRANDEZA::maior;
+  area.peso = PESO::area;
+  area.peneiras = {0.05, 0.06};
+  area.minCorr = 0.2345;
+  escreve(area, pasta + "/area");
+
+  PAGINA vazia;
+  vazia.titulo = "Nada";
+  escreve(vazia, pasta + "/vazia");
+  vazia.fotos = {novaFoto(pasta, "lisa.jpg", {}, {640, 480})};
+  escreve(vazia, pasta + "/semgraos");
+  vazia.fotos = {novaFoto(pasta, "um.jpg", {{0.5F, 'e', 240, 300, 120, 80, 30}}, {640, 480})};
+  escreve(vazia, pasta + "/umgrao");
+}
+
+void escreveGrande(char** argv) {
+  std::vector<int> n(4);
+  for (std::size_t k = 0; k < n.size(); ++k) pim::convArg(n[k], argv[k + 2]);
+  std::mt19937 sorteio(1);
+  PAGINA p;
+  p.titulo = "Grande";
+  p.escala = {0.05, UNIDADE::mm};
+  p.minCorr = 0.1;
+  for (int k = 0; k < n[0]; ++k) {
+    const auto v = sorteiaGraos(sorteio, n[1] / n[0], n[2], n[3]);
+    p.fotos.push_back(novaFoto(argv[1], cv::format("IMG_%04d.jpg", k), v, {n[3], n[2]}));
+  }
+  escreve(p, std::string(argv[1]) + "/grande");
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc == 2) {
+    escrevePequenas(argv[1]);
+  } else if (argc == 6) {
+    escreveGrande(argv);
+  } else {
+    std::puts("amostra_pagina pasta [fotos graos rows cols]");
+    pim::erro("Erro: Numero de argumentos invalido");
+  }
+}

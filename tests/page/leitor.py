@@ -1,0 +1,315 @@
+"""Opens the pages of amostra_pagina in Chromium, uses them as a reader does and compares what they
+say with the tables and with src/measure.
+
+leitor.py FOLDER [PICTURES]    with PICTURES, screenshots and prints are left in that folder
+"""
+import csv
+import json
+import math
+import os
+import sys
+import tempfile
+import time
+
+from navegador import Navegador
+
+pasta = sys.argv[1]
+retratos = sys.argv[2] if len(sys.argv) > 2 else None
+n = Navegador()
+
+
+def igual(a, b, onde):
+    """The same to 1e-9; lists and objects member by member."""
+    if isinstance(b, dict):
+        for chave, valor in b.items():
+            igual(a[chave], valor, f"{onde}.{chave}")
+    elif isinstance(b, list):
+        assert len(a) == len(b), (onde, a, b)
+        for k, valor in enumerate(b):
+            igual(a[k], valor, f"{onde}[{k}]")
+    elif isinstance(b, (int, float)):
+        assert isinstance(a, (int, float)), (onde, a, b)
+        assert math.isclose(a, b, rel_tol=1e-9, abs_tol=1e-12), (onde, a, b)
+    else:
+        assert a == b, (onde, a, b)
+
+
+def tabela(nome):
+    with open(f"{pasta}/{nome}.csv", encoding="utf-8", newline="") as f:
+        return list(csv.reader(f))
+
+
+def em_ordem():
+    assert n.queixas == [], n.queixas
+    aqui = "file://" + os.path.abspath(pasta)
+    alheios = [p for p in n.pedidos if not p.startswith(("data:", "blob:", aqui))]
+    arquivos = [p for p in n.pedidos if p.startswith("file:")]
+    assert alheios == [] and len(arquivos) == 1, n.pedidos
+    assert n.avalia("document.title") != "mau"
+
+
+def poe(seletor, valor):
+    """Moves the slider, or types into the field."""
+    n.avalia(f"{{const e = document.querySelector('{seletor}'); e.value = {valor};"
+             "e.dispatchEvent(new Event('input', {bubbles: true}));}")
+    n.quadros()
+
+
+def texto(seletor):
+    return n.avalia(f"document.querySelector('{seletor}').textContent")
+
+
+def contados():
+    """How many grains the page says it shows."""
+    return int(texto("#contagem").split()[0].replace(".", "").replace(",", ""))
+
+
+def confere_numeros(esperado):
+    dito = n.avalia("({graos: vorplex.selecao.graos.length, ...vorplex.selecao.distribuicao,"
+                    "peneiras: vorplex.selecao.classes.map(c => [c.graos, c.retida, c.passante])})")
+    igual(dito, esperado, "medida")
+    assert contados() == esperado["graos"], (texto("#contagem"), esperado["graos"])
+
+
+def confere_d50(nome, grandeza, escala, min_corr):
+    """The median that the page shows, for a page that counts by number, from the table alone."""
+    cabeca, *linhas = tabela(nome)
+    corr, tamanho = cabeca.index("correlation"), cabeca.index(grandeza)
+    x = sorted(float(r[tamanho]) for r in linhas if float(r[corr]) >= min_corr)
+    assert contados() == len(x)
+    lugar = len(x) / 2 - 0.5  # Hazen: (i + 1/2) / n = 1/2
+    i = int(lugar)
+    d50 = x[i] + (lugar - i) * (x[min(i + 1, len(x) - 1)] - x[i])
+    mostrado = texto(".fichas .forte dd").split()
+    assert mostrado[1] == escala and math.isclose(float(mostrado[0]), d50, rel_tol=6e-4), (mostrado, d50)
+    igual(n.avalia("vorplex.selecao.distribuicao.d[50]"), d50, "D50")
+
+
+def confere_paginas():
+    for nome in ("cheia", "ingles", "area", "umgrao", "semgraos", "vazia"):
+        with open(f"{pasta}/{nome}.json", encoding="utf-8") as f:
+            inicial, tres, nove = json.load(f)
+        for largura, altura in ((400, 800), (1280, 900)):
+            n.abre(f"{pasta}/{nome}.html", largura, altura)
+            em_ordem()
+            assert n.avalia("document.documentElement.scrollWidth") <= largura, nome
+            if retratos:
+                n.retrato(f"{retratos}/{nome}-{largura}.png")
+        confere_numeros(inicial)
+        poe("#corr-exata", 0.3)
+        confere_numeros(tres)
+        poe("#corr-exata", 0.9)
+        confere_numeros(nove)
+        assert n.avalia("document.getElementById('aviso').hidden") is (nove["graos"] > 0)
+        em_ordem()
+
+
+def confere_rotulos():
+    """Everything that can be used or seen has a name."""
+    sem = n.avalia("""[...document.querySelectorAll('input, button, canvas[role], [role=region], .mapa')]
+      .filter(e => !(e.labels?.[0]?.textContent || e.ariaLabel || e.textContent.trim() ||
+                     e.getAttribute('aria-labelledby'))).map(e => e.outerHTML)""")
+    assert sem == [], sem
+    assert n.avalia("[...document.images].every(i => i.hasAttribute('alt'))")
+
+
+def confere_filtro():
+    n.abre(f"{pasta}/ingles.html")
+    assert n.avalia("document.documentElement.lang") == "en"
+    assert texto("#nome-resumo") == "Summary" and texto("#fichas dt") == "grains"
+    confere_rotulos()
+    confere_d50("ingles", "minor_diameter_mm", "mm", 0.1)
+    poe("#corr", 0.3)
+    confere_d50("ingles", "minor_diameter_mm", "mm", 0.3)
+    assert n.avalia("document.getElementById('corr-exata').value") == "0.3"
+
+    n.avalia("document.getElementById('corr').focus()")
+    n.tecla("ArrowRight", 39)
+    n.quadros()
+    confere_d50("ingles", "minor_diameter_mm", "mm", 0.31)
+
+    antes = contados()
+    circulos = n.avalia("vorplex.selecao.graos.filter(g => g.letra === 'c').length")
+    n.avalia("document.querySelector('#familias input').focus()")
+    n.tecla(" ", 32)
+    n.quadros()
+    assert circulos > 0 and contados() == antes - circulos
+    barras = n.avalia("vorplex.graficos.histograma.data.datasets"
+                      ".map(s => s.data.reduce((a, p) => a + p.y, 0))")
+    assert barras[0] == 0 and math.isclose(sum(barras), 100, rel_tol=1e-9), barras
+    n.avalia("document.querySelector('button[type=reset]').click()")
+    n.quadros()
+    confere_d50("ingles", "minor_diameter_mm", "mm", 0.1)
+    em_ordem()
+
+
+def espera(condicao, que):
+    for _ in range(100):
+        if condicao():
+            return
+        time.sleep(0.05)
+    raise AssertionError(que)
+
+
+def baixado(botao, nome):
+    with tempfile.TemporaryDirectory() as destino:
+        n.chama("Browser.setDownloadBehavior", behavior="allow", downloadPath=destino)
+        n.avalia(f"document.querySelector('{botao}').click()")
+        espera(lambda: os.listdir(destino) == [nome], f"{nome} is not downloaded")
+        with open(f"{destino}/{nome}", "rb") as f:
+            return f.read()
+
+
+def confere_downloads():
+    n.abre(f"{pasta}/cheia.html")
+    poe("#corr", 0.3)
+    cabeca, *linhas = tabela("cheia")
+    esperadas = [r for r in linhas if float(r[cabeca.index("correlacao")]) >= 0.3]
+    dito = baixado("#baixa-csv", "graos.csv").decode("utf-8")
+    lidas = list(csv.reader(dito.splitlines(keepends=True)))
+    assert lidas[0] == cabeca and 0 < len(esperadas) < len(linhas)
+    assert lidas[1:] == esperadas, [x for x in zip(lidas[1:], esperadas) if x[0] != x[1]][:3]
+    for k, nome in enumerate(("histograma", "curva", "rosa", "alongamento")):
+        png = baixado(f".grafico:nth-child({k + 1}) button", f"{nome}.png")
+        assert png[:8] == b"\x89PNG\r\n\x1a\n" and len(png) > 5000, nome
+        if retratos:
+            with open(f"{retratos}/{nome}.png", "wb") as f:
+                f.write(png)
+
+
+def lugar_na_tela(k, grao):
+    return n.avalia(f"""(() => {{const v = vorplex.visores[{k}], g = v.foto.graos[{grao}];
+      const p = v.mapa.latLngToContainerPoint([-g.li, g.ci]), r = v.lugar.getBoundingClientRect();
+      return [r.left + p.x, r.top + p.y];}})()""")
+
+
+def confere_contornos():
+    """Corners and areas of the outlines, from the table."""
+    cabeca, *linhas = tabela("cheia")
+    coluna = {nome: k for k, nome in enumerate(cabeca)}
+    contornos = n.avalia("vorplex.fotos.flatMap(f => f.graos.map(g => vorplex.contorno(g)))")
+    assert len(contornos) == len(linhas)
+    for r, pontos in zip(linhas, contornos):
+        v = {c: float(r[k]) for c, k in coluna.items() if c.endswith(("px", "px2", "graus"))}
+        pares = list(zip(pontos, pontos[1:] + pontos[:1]))
+        area = sum(a[0] * b[1] - b[0] * a[1] for a, b in pares) / 2
+        assert 0.995 < area / v["area_px2"] < 1 + 1e-9, r
+        if r[coluna["letra"]] in "qr":
+            ang = math.radians(v["angulo_graus"])
+            a, b = v["d1_px"] / 2, v["d2_px"] / 2
+            x = v["coluna_px"] + a * math.cos(ang) - b * math.sin(ang)
+            y = v["linha_px"] + a * math.sin(ang) + b * math.cos(ang)
+            assert any(math.dist((x, y), p) < 1e-6 for p in pontos), r
+
+
+def confere_visores():
+    n.abre(f"{pasta}/cheia.html")
+    assert n.avalia("vorplex.visores.every(v => !v.mapa) && "
+                    "document.querySelectorAll('.leaflet-image-layer').length === 0")
+    confere_contornos()
+    x, y = n.avalia("""(() => {const a = document.querySelectorAll('#tabela-fotos a')[1];
+      a.scrollIntoView({block: 'center'}); const r = a.getBoundingClientRect();
+      return [r.left + 10, r.top + r.height / 2];})()""")
+    n.clica(x, y)
+    espera(lambda: n.avalia("!!vorplex.visores[1].mapa"), "the viewer does not open")
+    espera(lambda: n.avalia("vorplex.visores[1].fundo.getElement().naturalWidth") == 1200, "no picture")
+    n.avalia("new Promise(f => setTimeout(f, 400)).then(() => 1)")
+    quantos = n.avalia("vorplex.fotos[1].graos.length")
+    na_tela = "[...vorplex.visores[1].camadas.values()].filter(c => c._map).length"
+    assert n.avalia(na_tela) == quantos
+    inteira = n.avalia("vorplex.visores[1].mapa.getBounds().contains([[-899.4, -0.4], [0.4, 1199.4]])")
+    assert inteira, "the whole picture is not in view at first"
+    tinta = """(() => {const c = document.querySelector('#foto-1 canvas.leaflet-zoom-animated');
+      const copia = new OffscreenCanvas(c.width, c.height).getContext('2d');
+      copia.drawImage(c, 0, 0);
+      return copia.getImageData(0, 0, c.width, c.height).data
+        .filter((v, i) => i % 4 === 3 && v > 0).length;})()"""
+    todos = n.avalia(tinta)
+    poe("#corr", 0.7)
+    n.quadros()
+    assert 0 < n.avalia(tinta) < todos / 2, "the outlines of refused grains stay"
+    poe("#corr", 0.1)
+
+    n.avalia("vorplex.visores[1].raiz.scrollIntoView()")
+    n.quadros()
+    # The last one of the list lies on top.
+    grao = n.avalia("vorplex.fotos[1].graos.findLastIndex("
+                    "g => g.li > 100 && g.li < 800 && g.ci > 200 && g.ci < 1000)")
+    x, y = lugar_na_tela(1, grao)
+    n.rato("mouseMoved", x - 1, y)
+    n.rato("mouseMoved", x, y)
+    espera(lambda: n.avalia("!!document.querySelector('.leaflet-tooltip')"), "no record at the mouse")
+    assert texto(".leaflet-tooltip").startswith(f"{grao}: "), texto(".leaflet-tooltip")
+    n.clica(x, y)
+    n.quadros()
+    indice = "#foto-1 .ficha .indice"
+    assert texto(indice) == f"grão {grao}", texto(indice)
+    assert len(n.avalia("[...document.querySelectorAll('#foto-1 .ficha dd')].map(e => e.textContent)")) == 12
+    n.avalia("document.querySelectorAll('#foto-1 .passos button')[1].click()")
+    assert texto(indice) == f"grão {(grao + 1) % quantos}"
+    n.avalia("document.querySelectorAll('#foto-1 .passos button')[0].click()")
+    if retratos:
+        n.avalia("new Promise(f => setTimeout(f, 400)).then(() => 1)")
+        n.retrato(f"{retratos}/visor-1280.png")
+
+    zoom = n.avalia("vorplex.visores[1].mapa.getZoom()")
+    n.avalia("document.querySelector('#foto-1 .leaflet-control-zoom-in').click()")
+    espera(lambda: n.avalia("vorplex.visores[1].mapa.getZoom()") > zoom, "no zoom")
+    poe("#corr", 0.3)
+    acima = n.avalia("vorplex.fotos[1].graos.filter(g => g.correl >= 0.3).length")
+    assert 0 < acima < quantos and n.avalia(na_tela) == acima
+    assert texto("#foto-1 .quantos") == f"{acima} grãos"
+    n.avalia("vorplex.visores[1].raiz.open = false")
+    espera(lambda: not n.avalia("!!vorplex.visores[1].mapa"), "the viewer stays")
+
+    # The photograph with the hostile name, and that without grains.
+    for k in (3, 4):
+        n.avalia(f"vorplex.visores[{k}].raiz.open = true")
+        espera(lambda: n.avalia(f"!!vorplex.visores[{k}].mapa"), "the viewer does not open")
+    nome = n.avalia("vorplex.visores[3].raiz.querySelector('summary bdi').textContent")
+    assert nome.startswith("<img src=x") and nome.endswith("</script>&amp;'\ufffd.jpg"), nome
+    em_ordem()
+
+
+def confere_papel():
+    n.abre(f"{pasta}/cheia.html")
+    n.avalia("vorplex.visores[0].raiz.open = true")
+    espera(lambda: n.avalia("vorplex.visores[0].fundo?.getElement().naturalWidth") == 1200, "no picture")
+    with tempfile.TemporaryDirectory() as destino:
+        arquivo = f"{retratos or destino}/cheia.pdf"
+        n.imprime(arquivo)
+        with open(arquivo, "rb") as f:
+            assert f.read(5) == b"%PDF-"
+    assert n.avalia("vorplex.visores[0].papel.width") == 1200, "no picture for paper"
+    n.chama("Emulation.setEmulatedMedia", media="print")
+    mostra = "getComputedStyle(document.querySelector('{}')).display"
+    assert n.avalia(mostra.format(".filtro")) == "none"
+    assert n.avalia(mostra.format("#filtro-papel")) == "block"
+    assert texto("#filtro-papel").startswith("Filtro: correlação ≥ 0,1; círculos")
+    n.chama("Emulation.setEmulatedMedia", media="")
+    em_ordem()
+
+
+def confere_grande():
+    """Seconds to open a page of a usual batch, and its size."""
+    arquivo = f"{pasta}/grande.html"
+    segundos = n.abre(arquivo)
+    em_ordem()
+    fotos, graos = n.avalia("[vorplex.fotos.length, vorplex.graos.length]")
+    troca = n.avalia("(() => {const t = performance.now(); vorplex.atualiza(); "
+                     "return performance.now() - t;})()")
+    print(f"{fotos} photographs, {graos} grains: {os.path.getsize(arquivo) / 1e6:.1f} MB, "
+          f"{segundos:.2f} s to open, {troca:.0f} ms for a change of the filter")
+
+
+try:
+    if os.path.exists(f"{pasta}/grande.html"):
+        confere_grande()
+    else:
+        confere_paginas()
+        confere_filtro()
+        confere_downloads()
+        confere_visores()
+        confere_papel()
+finally:
+    n.fecha()

@@ -1,0 +1,191 @@
+#include "page/pagina.h"
+
+#include <gtest/gtest.h>
+
+#include <regex>
+
+#include "apoio/figuras.h"
+#include "apoio/pasta.h"
+#include "page/dados.h"
+#include "pim/imagem.h"
+
+namespace {
+
+std::vector<GRAO> doisGraos() {
+  return medeTodos({{0.523733F, 'r', 8, 20, 40, 10, 90}, {0.1F, 'c', 30, 25, 12, 12, 0}}, 50, 60);
+}
+
+FOTO_DA_PAGINA novaFoto(const std::string& nome) {
+  std::mt19937 sorteio(4);
+  pim::imp(fotoSorteada(sorteio, 50, 60), "foto.png");
+  return {nome, "foto.png", {60, 50}, doisGraos()};
+}
+
+PAGINA umaFoto(const std::string& nome = "foto.jpg") {
+  PAGINA p;
+  p.titulo = "Areia";
+  p.fotos = {novaFoto(nome)};
+  return p;
+}
+
+std::string escrita(const PAGINA& p) {
+  impPagina(p, "p.html");
+  return leTudo("p.html");
+}
+
+bool contem(const std::string& s, const std::string& parte) {
+  return s.find(parte) != std::string::npos;
+}
+
+std::size_t vezes(const std::string& s, const std::string& parte) {
+  std::size_t n = 0;
+  for (std::size_t i = s.find(parte); i != std::string::npos; i = s.find(parte, i + 1)) ++n;
+  return n;
+}
+
+// What the browser takes for markup: the page without the contents of scripts and styles.
+std::string soMarcas(const std::string& pagina) {
+  std::string s;
+  std::size_t i = 0;
+  for (;;) {
+    const std::size_t de = std::min(pagina.find("<script", i), pagina.find("<style", i));
+    if (de == std::string::npos) return s + pagina.substr(i);
+    const std::size_t abre = pagina.find('>', de) + 1;
+    const std::string fim = pagina[de + 2] == 'c' ? "</script>" : "</style>";
+    s += pagina.substr(i, abre - i);
+    i = pagina.find(fim, abre);
+    if (i == std::string::npos) return s + " ABERTO";
+  }
+}
+
+TEST(Ajustes, TudoQueOsScriptsLeem) {
+  PAGINA p;
+  p.titulo = "A \"b\"";
+  p.escala = {0.05, UNIDADE::mm};
+  p.grandeza = GRANDEZA::menor;
+  p.peso = PESO::volume;
+  p.peneiras = {0.5, 1};
+  p.minCorr = 0.1;
+  p.comando = "vorplex-lote x";
+  const std::string json = ajustesEmJson(p);
+  const std::string comeco =
+      R"({"idioma":"pt","titulo":"A \"b\"","comando":"vorplex-lote x",)"
+      R"("escala":{"lado":0.05,"unidade":"mm"},"grandeza":"menor","peso":"volume",)"
+      R"("peneiras":[0.5,1],"minCorr":0.1,"colunas":["foto","indice","letra",)";
+  EXPECT_EQ(json.substr(0, comeco.size()), comeco);
+  EXPECT_TRUE(contem(json, "\"diametro_maior_mm\"],\"formas\":{\"c\":\"circulo\","));
+}
+
+TEST(Ajustes, EmInglesAsPalavrasDaTabelaTambem) {
+  PAGINA p;
+  p.idioma = IDIOMA::en;
+  const std::string json = ajustesEmJson(p);
+  EXPECT_TRUE(contem(json, R"("colunas":["photograph","index","letter",)"));
+  EXPECT_TRUE(contem(json, R"("grandeza":"equivalente","peso":"numero","peneiras":[])"));
+  EXPECT_TRUE(
+      contem(json, R"("formas":{"c":"circle","q":"square","r":"rectangle","e":"ellipse"}})"));
+}
+
+TEST(Foto, CadaGraoEhUmVetorEmPixels) {
+  const FOTO_DA_PAGINA foto{"a", "", {60, 50}, doisGraos()};
+  EXPECT_EQ(fotoEmJson(foto, {60, 50}, "bWluaQ=="),
+            R"({"nome":"a","rows":50,"cols":60,"miniatura":"bWluaQ==","graos":[)"
+            R"([0,"r",8,20,40,10,90,0.523733,400,22.567583341910254,100,10,40,4,1],)"
+            R"([1,"c",30,25,12,12,0,0.1,113.09733552923255,12,37.69911184307752,12,12,1,0]]})");
+}
+
+TEST(Foto, SemGraosTemVetorVazio) {
+  EXPECT_EQ(fotoEmJson({"", "", {}, {}}, {3, 2}, ""),
+            R"({"nome":"","rows":2,"cols":3,"miniatura":"","graos":[]})");
+}
+
+TEST(Pagina, NomesHostisNaoViramMarcas) {
+  const PASTA pasta;
+  PAGINA p = umaFoto("<img src=x onerror='mau()'>\"\n</script><script>mau()</script>\xFF");
+  p.titulo = "</title><script>mau()</script>\" onload=\"mau()\xC3";
+  p.comando = "--><script>mau()</script>";
+  const PAGINA mansa = umaFoto();
+  const std::string pagina = escrita(p);
+  const std::string marcas = soMarcas(pagina);
+  EXPECT_EQ(vezes(marcas, "<script"), vezes(soMarcas(escrita(mansa)), "<script"));
+  EXPECT_FALSE(contem(marcas, "<img"));
+  EXPECT_FALSE(contem(marcas, "ABERTO"));
+  EXPECT_TRUE(contem(marcas,
+                     "<title>&lt;/title&gt;&lt;script&gt;mau()&lt;/script&gt;&quot; "
+                     "onload=&quot;mau()\uFFFD</title>"));
+  EXPECT_FALSE(contem(pagina, "\xFF"));
+}
+
+TEST(Pagina, NadaNelaPedeArquivos) {
+  const PASTA pasta;
+  const std::string pagina = escrita(umaFoto());
+  const std::string marcas = soMarcas(pagina);
+  const std::regex pedido(R"re(\s(src|href|srcset|data|action|poster)\s*=\s*"(?!data:))re",
+                          std::regex::icase);
+  EXPECT_FALSE(std::regex_search(marcas, pedido));
+  EXPECT_FALSE(contem(marcas, "http:"));
+  EXPECT_FALSE(contem(marcas, "https:"));
+  EXPECT_TRUE(contem(marcas, "content=\"default-src 'none'; img-src data: blob:;"));
+}
+
+TEST(Pagina, TemAsLicencasDasBibliotecas) {
+  const PASTA pasta;
+  const std::string marcas = soMarcas(escrita(PAGINA{}));
+  EXPECT_TRUE(contem(marcas, "Copyright (c) 2014-2022 Chart.js Contributors"));
+  EXPECT_TRUE(contem(marcas, "Copyright (c) 2010-2019 Vladimir Agafonkin"));
+}
+
+TEST(Pagina, IdiomaDoDocumento) {
+  const PASTA pasta;
+  PAGINA p;
+  EXPECT_TRUE(contem(escrita(p), "<html lang=\"pt-BR\">"));
+  p.idioma = IDIOMA::en;
+  EXPECT_TRUE(contem(escrita(p), "<html lang=\"en\">"));
+}
+
+TEST(Pagina, UmRegistroEUmaFiguraPorFotografia) {
+  const PASTA pasta;
+  PAGINA p = umaFoto();
+  p.fotos.push_back(novaFoto("outra"));
+  const std::string pagina = escrita(p);
+  EXPECT_EQ(vezes(pagina, "class=\"foto\">{\"nome\":"), 2U);
+  EXPECT_EQ(vezes(pagina, "class=\"figura\">/9j/"), 2U);
+  const std::string vazia = escrita(PAGINA{});
+  EXPECT_EQ(vezes(vazia, "class=\"foto\">"), 0U);
+  EXPECT_TRUE(contem(vazia, "</html>"));
+}
+
+TEST(Pagina, SemTamanhoValeODaFigura) {
+  const PASTA pasta;
+  PAGINA p = umaFoto();
+  p.fotos[0].tamanho = {};
+  EXPECT_TRUE(contem(escrita(p), "\"rows\":50,\"cols\":60"));
+}
+
+TEST(Pagina, MesmosDadosMesmosBytes) {
+  const PASTA pasta;
+  EXPECT_EQ(escrita(umaFoto()), escrita(umaFoto()));
+}
+
+TEST(Pagina, FiguraIlegivelNaoTocaAPaginaAnterior) {
+  const PASTA pasta;
+  grava("p.html", "anterior");
+  PAGINA p = umaFoto();
+  p.fotos[0].arquivo = "nenhuma.png";
+  EXPECT_EXIT(impPagina(p, "p.html"), testing::ExitedWithCode(1), "nenhuma.png");
+  EXPECT_EQ(leTudo("p.html"), "anterior");
+}
+
+TEST(Pagina, PeneirasForaDeOrdemSaoRecusadas) {
+  const PASTA pasta;
+  PAGINA p;
+  p.peneiras = {2, 1};
+  EXPECT_EXIT(impPagina(p, "p.html"), testing::ExitedWithCode(1), "Aberturas de peneira");
+}
+
+TEST(Pagina, PastaInexistenteEhErro) {
+  const PASTA pasta;
+  EXPECT_EXIT(impPagina(PAGINA{}, "nada/p.html"), testing::ExitedWithCode(1), "nada/p.html");
+}
+
+}  // namespace
