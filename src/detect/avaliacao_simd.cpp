@@ -153,7 +153,7 @@ void avaliaEmRegistros(const BLOCO<T>& b, const std::vector<KERNELPRONTO>& kerne
 }
 
 // Adds to the sums of a tile's pixels the elements at MAIS offsets, and takes off those at MENOS.
-template <int MAIS, int MENOS, class D, class T>
+template <std::size_t MAIS, std::size_t MENOS, class D, class T>
 HWY_INLINE void soma(D d, const BLOCO<T>& b, const T* HWY_RESTRICT pixel, int largura,
                      const std::int32_t* mais, const std::int32_t* menos, T* HWY_RESTRICT somas) {
   const int n = static_cast<int>(hn::Lanes(d));
@@ -161,13 +161,13 @@ HWY_INLINE void soma(D d, const BLOCO<T>& b, const T* HWY_RESTRICT pixel, int la
   std::array<const T*, MENOS> q;
   for (int l = 0; l < b.linhas; ++l) {
     const T* linha = pixel + static_cast<std::size_t>(l) * b.passoPlano;
-    for (int i = 0; i < MAIS; ++i) p[i] = linha + mais[i];
-    for (int i = 0; i < MENOS; ++i) q[i] = linha + menos[i];
+    for (std::size_t i = 0; i < MAIS; ++i) p[i] = linha + mais[i];
+    for (std::size_t i = 0; i < MENOS; ++i) q[i] = linha + menos[i];
     T* s = somas + l * larguraDoTijolo;
     for (int c = 0; c < largura; c += n) {
       auto v = hn::LoadU(d, s + c);
-      for (int i = 0; i < MAIS; ++i) v = hn::Add(v, hn::LoadU(d, p[i] + c));
-      for (int i = 0; i < MENOS; ++i) v = hn::Sub(v, hn::LoadU(d, q[i] + c));
+      for (std::size_t i = 0; i < MAIS; ++i) v = hn::Add(v, hn::LoadU(d, p[i] + c));
+      for (std::size_t i = 0; i < MENOS; ++i) v = hn::Sub(v, hn::LoadU(d, q[i] + c));
       hn::StoreU(v, d, s + c);
     }
   }

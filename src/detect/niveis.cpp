@@ -1,11 +1,12 @@
 #include "detect/niveis.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace {
 
-constexpr double unidadesInteiras[] = {255.0, 65280.0};
+constexpr std::array<double, 2> unidadesInteiras = {255.0, 65280.0};
 constexpr double unidadeReal = 16777216.0;  // 2^24
 constexpr double erroMaximo = 1.8e-7;
 

@@ -19,8 +19,8 @@ struct VIZINHANCA {
     int ci;
   };
 
-  // For the detections of `lista`, none of them kept yet; maxDist is at least 0.
-  VIZINHANCA(const std::vector<MAXLOCAL>& lista, int maxDist);
+  // For the detections of `lista`, none of them kept yet; the distance is at least 0.
+  VIZINHANCA(const std::vector<MAXLOCAL>& lista, int distancia);
 
   // A kept detection of the letter of `m` within maxDist of it in rows and in columns; null when
   // there is none.

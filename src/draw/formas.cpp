@@ -96,6 +96,7 @@ void tracaForma(cv::Mat_<VEC3B>& img, MAXLOCAL m, bool bold, VEC3B cor) {
   const int meio = p.lado / 2;
   // A bold outline leaves out the last column of its image, and so do the pixels it adds.
   const PINCEL pincel{img, std::int64_t{m.li} - meio, m.ci, -meio, bold ? meio - 1 : meio, cor};
+  // cppcheck-suppress danglingTemporaryLifetime ; PINCEL keeps copies of numbers
   const auto primeira = std::clamp<std::int64_t>(-pincel.topo - 1, 0, p.lado);
   const auto ultima = std::clamp<std::int64_t>(img.rows - pincel.topo + 1, 0, p.lado);
   for (auto y = static_cast<int>(primeira); y < ultima; ++y) {

@@ -60,6 +60,7 @@ VALOR calibrado(const VALOR& v, DIMENSAO dimensao, const ESCALA& e) {
 
 std::vector<std::string> nomesDoGrao(UNIDADE unidade, IDIOMA idioma) {
   std::vector<std::string> nomes;
+  nomes.reserve(2 * colunas.size());
   for (const COLUNA& c : colunas) nomes.push_back(comUnidade(c, UNIDADE::px, idioma));
   if (unidade == UNIDADE::px) return nomes;
   for (const COLUNA& c : colunas) {

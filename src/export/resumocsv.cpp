@@ -1,6 +1,7 @@
 #include "export/resumocsv.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "export/parcial.h"
@@ -23,8 +24,8 @@ std::string emPhi(const FRASE& f, const RESUMO& r, IDIOMA idioma) {
 }
 
 void poeContagens(std::vector<CELULA>& c, const RESUMO& r, IDIOMA idioma) {
-  constexpr FRASE formas[] = {frases::circulos, frases::quadrados, frases::retangulos,
-                              frases::elipses};
+  constexpr std::array<FRASE, letras.size()> formas = {frases::circulos, frases::quadrados,
+                                                       frases::retangulos, frases::elipses};
   c.push_back({diz(frases::fotos, idioma), r.fotos});
   c.push_back({diz(frases::graos, idioma), r.graos});
   for (std::size_t k = 0; k < letras.size(); ++k) {

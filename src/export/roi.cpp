@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdint>
 #include <opencv2/core.hpp>
+#include <string_view>
 
 #include "export/zip.h"
 #include "measure/contorno.h"
@@ -68,8 +69,8 @@ bool exataEmPixels(const MAXLOCAL& m, const CAIXA& c) {
 }
 
 void poeCabecalho(BYTES& b, TIPO tipo, const CAIXA& c) {
-  constexpr unsigned char magico[] = {'I', 'o', 'u', 't'};
-  std::copy(std::begin(magico), std::end(magico), b.begin());
+  constexpr std::string_view magico = "Iout";
+  std::copy(magico.begin(), magico.end(), b.begin());
   poe16(b, 4, versao);
   b[6] = static_cast<unsigned char>(tipo);
   poeInteiro(b, 8, inteiro(c.y));

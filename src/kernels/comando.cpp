@@ -13,7 +13,7 @@
 
 namespace {
 
-void lista(const std::vector<MASCARA>& kernels) {
+void listaTodos(const std::vector<MASCARA>& kernels) {
   std::printf("Numero de kernels=%u\n", static_cast<unsigned>(kernels.size()));
   for (const MASCARA& m : kernels) {
     std::printf("forma=%c d1=%g d2=%g ang=%g", m.forma, m.d1, m.d2, m.ang);
@@ -109,6 +109,6 @@ void Kernel(int argc, char** argv) {
   }
   std::vector<MASCARA> kernels;
   leKernels(argv[1], kernels);
-  lista(kernels);
+  listaTodos(kernels);
   pim::imp(mosaico(kernels, argv[2]), argv[2]);
 }

@@ -90,7 +90,7 @@ std::string paraEscala(const std::string& texto, ESCALA& e) {
   if (falha == std::errc::result_out_of_range) return "o tamanho do pixel deve ir de 1e-9 a 1e9";
   if (falha != std::errc()) return "falta o tamanho do pixel, como em 0.05mm";
   const std::string_view nome = semBrancos(s.substr(static_cast<std::size_t>(fim - s.data())));
-  const std::string motivo = motivoDoLado(lado);
+  std::string motivo = motivoDoLado(lado);
   if (!motivo.empty() && (nome.empty() || nome[0] != ',')) return motivo;
   const UNIDADE unidade = unidadeDe(nome);
   if (unidade == UNIDADE::px) return motivoDaUnidade(nome);

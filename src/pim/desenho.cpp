@@ -1,7 +1,9 @@
 #include "pim/desenho.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 
 namespace pim {
@@ -20,9 +22,9 @@ DIRECAO direcao(double ang) {
   const double volta = std::fmod(ang, 360.0);
   const double quartos = volta / 90.0;
   if (quartos == std::trunc(quartos)) {
-    constexpr int cossenos[] = {1, 0, -1, 0};
-    const int k = (static_cast<int>(quartos) + 4) % 4;
-    return {static_cast<double>(cossenos[k]), static_cast<double>(cossenos[(k + 3) % 4])};
+    constexpr std::array<double, 4> cossenos = {1, 0, -1, 0};
+    const auto k = static_cast<std::size_t>(static_cast<int>(quartos) + 4) % 4;
+    return {cossenos[k], cossenos[(k + 3) % 4]};
   }
   const double rad = volta * (3.141592653589793 / 180.0);
   return {std::cos(rad), std::sin(rad)};

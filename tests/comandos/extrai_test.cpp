@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
-#include <cstdint>
 #include <random>
 
 #include "apoio/figuras.h"
 #include "apoio/pasta.h"
 #include "confere.h"
+#include "mat_de_classes.h"
 
 namespace {
 
@@ -20,30 +20,6 @@ const std::string usoCla =
     "  Le imagem.jpg+imagem.ho2+imagem.mat e imp CC-FFFF.png\n"
     "  CC: Classificacao\n"
     "  FFFF: Identificao da forma\n";
-
-std::string inteiros(const std::vector<std::int32_t>& v) {
-  return {reinterpret_cast<const char*>(v.data()), v.size() * sizeof(std::int32_t)};
-}
-
-// A level 5 MAT-file of one array "classe" of bytes; `porColunas` holds them column by column.
-std::string mat(int rows, int cols, const std::string& porColunas) {
-  constexpr int miInt8 = 1;
-  constexpr int miUint8 = 2;
-  constexpr int miInt32 = 5;
-  constexpr int miUint32 = 6;
-  constexpr int miMatrix = 14;
-  constexpr int classeUint8 = 9;
-  const auto tamanho = static_cast<std::int32_t>(porColunas.size());
-  std::string dados = porColunas;
-  dados.resize((dados.size() + 7) / 8 * 8);
-  const std::string corpo = inteiros({miUint32, 8, classeUint8, 0, miInt32, 8, rows, cols}) +
-                            inteiros({miInt8, 6}) + std::string("classe\0\0", 8) +
-                            inteiros({miUint8, tamanho}) + dados;
-  std::string cabeca = "MATLAB 5.0 MAT-file";
-  cabeca.resize(124, ' ');
-  cabeca += std::string("\x00\x01IM", 4);
-  return cabeca + inteiros({miMatrix, static_cast<std::int32_t>(corpo.size())}) + corpo;
-}
 
 std::vector<std::string> pngs(const std::string& pasta = ".") {
   std::vector<std::string> nomes;
@@ -113,26 +89,26 @@ TEST_F(ComandoExtrai, IndicesRepetidosEForaDeOrdem) {
 TEST_F(ComandoExtrai, ListaSemRegistrosNaoGravaAmostra) {
   grava("foto.ho2", listaHo({}));
   confereSucesso(executa({"extraiam", "foto.ppm", "1"}), mensagens("foto.ppm", "foto", 0));
-  grava("foto.mat", mat(1, 1, "\1"));
+  grava("foto.mat", matDeClasses(1, 1, "\1"));
   confereSucesso(executa({"extraicla", "foto.ppm", "1"}), "Lendo foto.ppm\n");
   EXPECT_EQ(pngs(), NOMES());
 }
 
 TEST_F(ComandoExtrai, ClassesDeUmaLinhaDaoOsNomes) {
-  grava("foto.mat", mat(1, 3, std::string("\2\0\7", 3)));
+  grava("foto.mat", matDeClasses(1, 3, std::string("\2\0\7", 3)));
   confereSucesso(executa({"extraicla", "foto.ppm", "1"}), "Lendo foto.ppm\n");
   EXPECT_EQ(pngs(), (NOMES{"00-0001.png", "02-0000.png", "07-0002.png"}));
   EXPECT_EQ(pixels("02-0000.png"), primeira());
 }
 
 TEST_F(ComandoExtrai, ClassesDeUmaColunaEIndices) {
-  grava("foto.mat", mat(3, 1, std::string("\xFF\0\x0C", 3)));
+  grava("foto.mat", matDeClasses(3, 1, std::string("\xFF\0\x0C", 3)));
   confereSucesso(executa({"extraicla", "foto.ppm", "1", "2", "0", "2"}), "Lendo foto.ppm\n");
   EXPECT_EQ(pngs(), (NOMES{"12-0002.png", "255-0000.png"}));
 }
 
 TEST_F(ComandoExtrai, ClassesEmQuadroContamPorLinhas) {
-  grava("foto.mat", mat(2, 2, std::string("\1\3\2\4", 4)));  // rows 1 2 and 3 4
+  grava("foto.mat", matDeClasses(2, 2, std::string("\1\3\2\4", 4)));  // rows 1 2 and 3 4
   confereSucesso(executa({"extraicla", "foto.ppm", "1"}), "Lendo foto.ppm\n");
   EXPECT_EQ(pngs(), (NOMES{"01-0000.png", "02-0001.png", "03-0002.png"}));
 }
@@ -142,7 +118,7 @@ TEST_F(ComandoExtrai, AsAmostrasClassificadasFicamNaPastaCorrente) {
   for (const char* nome : {"foto.ppm", "foto.ho2"}) {
     grava(std::string("p.d/") + nome, leTudo(nome));
   }
-  grava("p.d/foto.mat", mat(1, 3, "\1\2\3"));
+  grava("p.d/foto.mat", matDeClasses(1, 3, "\1\2\3"));
   confereSucesso(executa({"extraicla", "p.d/foto.ppm", "1", "1"}), "Lendo p.d/foto.ppm\n");
   EXPECT_EQ(pngs(), (NOMES{"02-0001.png"}));
   confereSucesso(executa({"extraiam", "p.d/foto.ppm", "1", "1"}),
@@ -171,7 +147,7 @@ TEST_F(ComandoExtrai, IndiceForaDaListaEhErro) {
 }
 
 TEST_F(ComandoExtrai, ImagemDeClassesPequenaDemaisEhErro) {
-  grava("foto.mat", mat(1, 2, "\1\2"));
+  grava("foto.mat", matDeClasses(1, 2, "\1\2"));
   confereErro(executa({"extraicla", "foto.ppm", "1"}), "Lendo foto.ppm\n",
               "Erro: Indice fora da imagem de classes 2");
   EXPECT_EQ(pngs(), (NOMES{"01-0000.png", "02-0001.png"}));
@@ -193,7 +169,7 @@ TEST_F(ComandoExtrai, ArquivoQueFaltaEhErro) {
               "Erro abertura arquivo nao.ppm");
   confereErro(executa({"extraicla", "foto.ppm", "1"}), "Lendo foto.ppm\n",
               "Erro abertura arquivo foto.mat");
-  grava("foto.mat", mat(1, 3, "\1\2\3").substr(0, 150));
+  grava("foto.mat", matDeClasses(1, 3, "\1\2\3").substr(0, 150));
   const EXECUCAO cortado = executa({"extraicla", "foto.ppm", "1"});
   EXPECT_EQ(cortado.estado, 1);
   EXPECT_TRUE(cortado.erro.starts_with("Erro leitura imagem foto.mat: ")) << cortado.erro;
