@@ -14,7 +14,7 @@ namespace {
 std::uint64_t numeroEm(const char* nome, std::uint64_t padrao) {
   std::ifstream f(nome);
   std::uint64_t x = 0;
-  return f >> x ? x : padrao;
+  return (f >> x) ? x : padrao;
 }
 
 std::uint64_t livreNaMaquina() {

@@ -201,7 +201,7 @@ void avaliaEmTijolos(const BLOCO<T>& b, const std::vector<KERNELPRONTO>& kernels
   const hn::Rebind<std::int32_t, decltype(d)> di;
   const hn::Rebind<REAL, decltype(d)> dr;
   const std::size_t n = hn::Lanes(d);
-  const auto pixels = static_cast<std::size_t>(b.linhas * larguraDoTijolo);
+  const std::size_t pixels = static_cast<std::size_t>(b.linhas) * larguraDoTijolo;
   std::vector<T> tudo(pixels);
   std::vector<T> nucleo(pixels);
   std::vector<float> melhor(pixels);
@@ -264,19 +264,18 @@ namespace {
 
 #if HWY_ARCH_X86
 bool temSse4() {
-  return __builtin_cpu_supports("sse4.2") != 0 && __builtin_cpu_supports("pclmul") != 0 &&
-         __builtin_cpu_supports("aes") != 0;
+  return __builtin_cpu_supports("sse4.2") && __builtin_cpu_supports("pclmul") &&
+         __builtin_cpu_supports("aes");
 }
 
 bool temAvx2() {
-  return temSse4() && __builtin_cpu_supports("avx2") != 0 && __builtin_cpu_supports("bmi") != 0 &&
-         __builtin_cpu_supports("bmi2") != 0 && __builtin_cpu_supports("fma") != 0;
+  return temSse4() && __builtin_cpu_supports("avx2") && __builtin_cpu_supports("bmi") &&
+         __builtin_cpu_supports("bmi2") && __builtin_cpu_supports("fma");
 }
 
 bool temAvx512() {
-  return temAvx2() && __builtin_cpu_supports("avx512f") != 0 &&
-         __builtin_cpu_supports("avx512vl") != 0 && __builtin_cpu_supports("avx512dq") != 0 &&
-         __builtin_cpu_supports("avx512bw") != 0;
+  return temAvx2() && __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512vl") &&
+         __builtin_cpu_supports("avx512dq") && __builtin_cpu_supports("avx512bw");
 }
 #endif
 

@@ -22,6 +22,7 @@ struct PASSAGEM {
 std::vector<PASSAGEM> passagens(const ESCADA& e) {
   const int n = e.altura();
   std::vector<PASSAGEM> lista;
+  lista.reserve(e.passos.size());
   for (int k = 0; k < n; ++k)
     lista.push_back({k, (k + 1) % n, e.passos[static_cast<std::size_t>(k)], 0});
   if (!e.desvia) return lista;

@@ -88,6 +88,7 @@ std::vector<std::vector<int>> candidatas(const std::vector<LADO>& lados, int men
                    [](const auto& a, const auto& b) { return a.first > b.first; });
   lista.resize(std::min(lista.size(), maximoDeCandidatas));
   std::vector<std::vector<int>> padroes;
+  padroes.reserve(lista.size());
   for (auto& [extremos, passos] : lista) padroes.push_back(std::move(passos));
   return padroes;
 }

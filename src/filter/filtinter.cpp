@@ -142,6 +142,7 @@ struct FILTRO {
 
   // Whether the candidate `wi` takes some kept neighbour over the maximum of its own letter.
   bool invadeVizinho(const MAXLOCAL& m, const SILHUETA& s, int wi) {
+    // NOLINTNEXTLINE(readability-use-anyofallof): it asserts as it goes
     for (const int j : vizinhos(m, s, grade, wi)) {
       pim::afirma(j >= 0, "t[i]>=0",
                   {"vorplex", __LINE__,

@@ -10,7 +10,7 @@ OPCOES_LOTE lidas(const std::vector<std::string>& args) {
   return o;
 }
 
-std::string recusa(std::vector<std::string> args) {
+std::string recusa(const std::vector<std::string>& args) {
   OPCOES_LOTE o;
   return leOpcoes(args, o);
 }
