@@ -29,14 +29,7 @@ inline std::string nomeDaLinha(const testing::TestParamInfo<RUIM>& info) {
 }
 
 // What a bad input may cost. Sanitizers take more of both.
-#if defined(__SANITIZE_ADDRESS__)
-#define VORPLEX_SANEADO 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define VORPLEX_SANEADO 1
-#endif
-#endif
-#ifdef VORPLEX_SANEADO
+#ifdef VORPLEX_SANITIZE
 inline constexpr double maximoDeSegundos = 50;
 inline constexpr long maximoDeMemoria = 4000000000;
 #else
