@@ -9,7 +9,7 @@ if(VORPLEX_SANITIZE)
   if(CMAKE_CXX_COMPILER_ID STREQUAL Clang)
     string(APPEND sanitizadores ,float-cast-overflow,implicit-integer-truncation,fuzzer-no-link)
   endif()
-  # For the sources of the program; instrumenting the tests too would double the time to build them.
+  # For the sources of the program; instrumented tests would only take longer to build.
   set(instrumentacao -fsanitize=${sanitizadores} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(opcoes INTERFACE -fsanitize=${sanitizadores})
   target_compile_definitions(opcoes INTERFACE VORPLEX_SANITIZE)

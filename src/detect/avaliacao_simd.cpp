@@ -281,8 +281,8 @@ bool temAvx512() {
 
 }  // namespace
 
-// The vector library could choose by itself, but loading it takes as long as a whole run on a small
-// image: it times its clock first.
+// The vector library could choose by itself, but loading it takes milliseconds at every start: it
+// times its clock first.
 std::vector<AVALIADOR> avaliadores() {
   std::vector<AVALIADOR> lista;
 #if HWY_TARGETS & HWY_AVX3

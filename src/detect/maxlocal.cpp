@@ -21,7 +21,7 @@ constexpr int maximoDeRegistros = 107374182;
 constexpr int reservaInicial = 1 << 20;
 
 // Appends a number as printf writes it, at least `largura` wide: integers, or reals with `casas`
-// decimals. Lists are long, and printf takes four times as long.
+// decimals. Lists are long, and printf is slow.
 void campo(std::string& linha, int x, std::size_t largura) {
   std::array<char, 24> texto;
   const char* fim = std::to_chars(texto.data(), texto.data() + texto.size(), x).ptr;

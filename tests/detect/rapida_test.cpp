@@ -7,6 +7,7 @@
 #include "detect/avaliacao.h"
 #include "detect/correlacao.h"
 #include "detect/rapida.h"
+#include "ingenua.h"
 #include "kernels/formas.h"
 #include "kernels/normaliza.h"
 #include "pim/converte.h"
@@ -43,19 +44,6 @@ MASCARA sorteiaKernel(std::mt19937& g, double maior) {
   return m;
 }
 
-// The correlation at one pixel as its definition says, in double, the border repeated.
-double somaDireta(const cv::Mat_<float>& img, const cv::Mat_<float>& K, int l, int c) {
-  double soma = 0;
-  for (int i = 0; i < K.rows; ++i) {
-    for (int j = 0; j < K.cols; ++j) {
-      const int y = std::clamp(l + i - K.rows / 2, 0, img.rows - 1);
-      const int x = std::clamp(c + j - K.cols / 2, 0, img.cols - 1);
-      soma += static_cast<double>(K(i, j)) * static_cast<double>(img(y, x));
-    }
-  }
-  return soma;
-}
-
 // Checks the maps of a group against direct sums: the best value to 1e-6, and the kernel named to
 // reach it.
 void confere(const PIRAMIDE& piramide, const std::vector<MASCARA>& kernels) {
@@ -69,7 +57,7 @@ void confere(const PIRAMIDE& piramide, const std::vector<MASCARA>& kernels) {
         double doEscolhido = -1;
         for (std::size_t k = 0; k < kernels.size(); ++k) {
           if (kernels[k].sPir < static_cast<int>(L)) continue;
-          const double x = somaDireta(piramide[L], kernels[k].kernel, l, c);
+          const double x = somaEm(piramide[L], kernels[k].kernel, l, c);
           maior = std::max(maior, x);
           if (static_cast<int>(k) == qual[L](l, c)) doEscolhido = x;
         }
