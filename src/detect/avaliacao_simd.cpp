@@ -18,7 +18,7 @@ namespace HWY_NAMESPACE {
 namespace hn = hwy::HWY_NAMESPACE;
 
 constexpr std::size_t termosDeKernelPequeno = 40;  // over its whole
-constexpr int larguraDoTijolo = folgaDeLeitura;    // columns of a tile; its rows are the block's
+constexpr int larguraDoTijolo = 256;               // columns of a tile; its rows are the block's
 
 // Four vectors of pixels side by side: enough independent additions to keep the processor busy,
 // few enough to stay in registers with the best values so far.

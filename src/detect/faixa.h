@@ -7,6 +7,7 @@
 
 #include "detect/niveis.h"
 #include "detect/termos.h"
+#include "pim/paginas.h"
 
 // The planes of prefix sums (termos.h) of a strip of columns of one level, a few rows at a time:
 // they are made just before they are used and again for every group of kernels, because reading
@@ -23,11 +24,11 @@ struct FAIXA {
   int colunas;
   std::vector<PLANO> planos;  // after X
   int aba;
-  std::size_t passo;            // elements from row to row
-  std::size_t tamanho;          // elements from plane to plane
-  std::vector<T> elementos;     // all planes
-  std::vector<T> linhaInteira;  // one row of the level in whole numbers
-  T total{};                    // of the image from the top down to the last row made
+  std::size_t passo;                          // elements from row to row
+  std::size_t tamanho;                        // elements from plane to plane
+  std::vector<T, pim::PAGINAS<T>> elementos;  // all planes
+  std::vector<T> linhaInteira;                // one row of the level in whole numbers
+  T total{};                                  // of the image from the top down to the last row made
 
   FAIXA(int margemPedida, int linhasPedidas, int colunasPedidas,
         const std::vector<PLANO>& planosPedidos);
