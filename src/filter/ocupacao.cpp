@@ -37,31 +37,31 @@ void OCUPACAO::retira(int l, int c, int wi) {
   }
 }
 
-int OCUPACAO::ocupadas(int l, int de, int ate) const {
-  const int* celula = linha(l);
-  int n = 0;
-  int comLista = 0;
-  for (int c = de; c <= ate; ++c) {
-    n += celula[c] != vazia ? 1 : 0;
-    comLista += celula[c] < vazia ? 1 : 0;
-  }
-  for (int c = de; comLista > 0 && c <= ate; ++c) {
-    if (celula[c] < vazia && listas[lista(celula[c])].empty()) --n;
-  }
-  return n;
-}
-
 bool OCUPACAO::temOutro(int celula, int indice) const {
-  if (celula >= vazia) return celula != vazia && celula != indice;
   const std::vector<int>& t = listas[lista(celula)];
   return t.size() >= 2 || (t.size() == 1 && t[0] != indice);
 }
 
+// Every cell that is not empty nor holds `indice` alone counts at first, without a look at lists,
+// so that many cells are compared at once; most stretches need no more.
 int OCUPACAO::deOutros(int l, int de, int ate, int indice) const {
   const int* celula = linha(l);
   int n = 0;
-  for (int c = de; c <= ate; ++c) n += temOutro(celula[c], indice) ? 1 : 0;
+  int comLista = 0;
+  for (int c = de; c <= ate; ++c) {
+    n += celula[c] != vazia && celula[c] != indice ? 1 : 0;
+    comLista += celula[c] < vazia ? 1 : 0;
+  }
+  for (int c = de; comLista > 0 && c <= ate; ++c) {
+    if (celula[c] >= vazia) continue;
+    if (!temOutro(celula[c], indice)) --n;
+    --comLista;
+  }
   return n;
+}
+
+int OCUPACAO::ocupadas(int l, int de, int ate) const {
+  return deOutros(l, de, ate, vazia);
 }
 
 void OCUPACAO::antecipa(int l, int de, int ate) const {

@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <vector>
 
+#include "pim/paginas.h"
+
 // Which kept detections cover each pixel of an image, in four bytes a pixel as long as shapes
 // overlap little: a cell that holds one index is that index; only a cell that has ever held more
 // has a list of its own. Indices are 0 or more. The outside of the image counts as occupied by none
@@ -36,9 +38,10 @@ struct OCUPACAO {
 
   // Cells below `vazia` stand for lists: -2 for the first, -3 for the second and so on.
   static std::size_t lista(int celula) { return static_cast<std::size_t>(-2 - celula); }
+  // Whether a cell's list holds an index other than `indice`.
   bool temOutro(int celula, int indice) const;
   const int* linha(int l) const { return celulas.data() + static_cast<std::size_t>(l) * cols; }
 
-  std::vector<int> celulas;
+  std::vector<int, pim::PAGINAS<int>> celulas;
   std::vector<std::vector<int>> listas;
 };
