@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 #include <opencv2/core.hpp>
 
 #include "pim/erro.h"
@@ -26,14 +27,14 @@ std::vector<PENEIRA> peneira(const CURVA& c, const std::vector<double>& abertura
     classes[k].ate = aberturas[k];
     classes[k + 1].de = aberturas[k];
   }
-  double total = 0;
   std::size_t k = 0;
   for (std::size_t i = 0; i < c.tamanho.size(); ++i) {
     while (c.tamanho[i] >= classes[k].ate) ++k;
     ++classes[k].graos;
     pesos[k] += c.peso[i];
-    total += c.peso[i];
   }
+  // Summed class by class, as below: what passes a sieve that retains nothing is exactly 1.
+  const double total = std::accumulate(pesos.begin(), pesos.end(), 0.0);
   double abaixo = 0;
   for (k = 0; total > 0 && k < classes.size(); ++k) {
     classes[k].retida = pesos[k] / total;

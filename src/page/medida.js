@@ -99,7 +99,7 @@ vorplex.percentis = [5, 10, 16, 25, 30, 50, 60, 75, 84, 90, 95];
   };
 
   // What stays on each sieve, de <= size < ate; the first class is the pan.
-  vorplex.peneira = ({graos, total}, aberturas) => {
+  vorplex.peneira = ({graos}, aberturas) => {
     if (aberturas.length === 0) return [];
     const classes = [0, ...aberturas].map((de, k) =>
       ({de, ate: aberturas[k] ?? Infinity, graos: 0, peso: 0, retida: null, passante: null}));
@@ -109,6 +109,7 @@ vorplex.percentis = [5, 10, 16, 25, 30, 50, 60, 75, 84, 90, 95];
       ++classes[k].graos;
       classes[k].peso += g.peso;
     }
+    const total = classes.reduce((soma, classe) => soma + classe.peso, 0);
     let abaixo = 0;
     for (const classe of graos.length > 0 ? classes : []) {
       classe.retida = classe.peso / total;

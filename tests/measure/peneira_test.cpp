@@ -90,4 +90,10 @@ TEST(Peneira, AberturasForaDeOrdemSaoErro) {
   EXPECT_EXIT(confereAberturas({std::nan("")}), testing::ExitedWithCode(1), inicio + "nan\n$");
 }
 
+TEST(Peneira, OQuePassaPorUmaPeneiraSobreTodosOsGraosEhExatamenteTudo) {
+  std::vector<MEDIDA> m;
+  for (int i = 0; i < 1000; ++i) m.push_back({1 + 0.001 * i, 0.1 + 0.37 * (i % 7)});
+  EXPECT_EQ(peneira(curva(m), {1.1, 1.25, 1.7, 2}).back().passante, 1.0);
+}
+
 }  // namespace
