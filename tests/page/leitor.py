@@ -9,13 +9,13 @@ import math
 import os
 import sys
 import tempfile
-import time
 
-from navegador import Navegador
+from navegador import Navegador, espera
 
 pasta = sys.argv[1]
 retratos = sys.argv[2] if len(sys.argv) > 2 else None
 n = Navegador()
+poe, texto, baixado = n.poe, n.texto, n.baixado
 
 
 def igual(a, b, onde):
@@ -40,23 +40,8 @@ def tabela(nome):
 
 
 def em_ordem():
-    assert n.queixas == [], n.queixas
-    aqui = "file://" + os.path.abspath(pasta)
-    alheios = [p for p in n.pedidos if not p.startswith(("data:", "blob:", aqui))]
-    arquivos = [p for p in n.pedidos if p.startswith("file:")]
-    assert alheios == [] and len(arquivos) == 1, n.pedidos
+    n.exigeCalma()
     assert n.avalia("document.title") != "mau"
-
-
-def poe(seletor, valor):
-    """Moves the slider, or types into the field."""
-    n.avalia(f"{{const e = document.querySelector('{seletor}'); e.value = {valor};"
-             "e.dispatchEvent(new Event('input', {bubbles: true}));}")
-    n.quadros()
-
-
-def texto(seletor):
-    return n.avalia(f"document.querySelector('{seletor}').textContent")
 
 
 def contados():
@@ -141,23 +126,6 @@ def confere_filtro():
     n.quadros()
     confere_d50("ingles", "minor_diameter_mm", "mm", 0.1)
     em_ordem()
-
-
-def espera(condicao, que):
-    for _ in range(100):
-        if condicao():
-            return
-        time.sleep(0.05)
-    raise AssertionError(que)
-
-
-def baixado(botao, nome):
-    with tempfile.TemporaryDirectory() as destino:
-        n.chama("Browser.setDownloadBehavior", behavior="allow", downloadPath=destino)
-        n.avalia(f"document.querySelector('{botao}').click()")
-        espera(lambda: os.listdir(destino) == [nome], f"{nome} is not downloaded")
-        with open(f"{destino}/{nome}", "rb") as f:
-            return f.read()
 
 
 def confere_downloads():
@@ -311,5 +279,6 @@ try:
         confere_downloads()
         confere_visores()
         confere_papel()
+        print("6 pages")
 finally:
     n.fecha()

@@ -2,6 +2,7 @@
 import base64
 import json
 import os
+import pathlib
 import subprocess
 import tempfile
 import time
@@ -10,22 +11,38 @@ import urllib.request
 import websocket
 
 
+def espera(condicao, que):
+    for _ in range(200):
+        if condicao():
+            return
+        time.sleep(0.05)
+    raise AssertionError(que)
+
+
 class Navegador:
     """A browser with one tab. Keeps every request, console message and exception of it."""
 
     def __init__(self):
-        self.pasta = tempfile.TemporaryDirectory()
+        self.pasta = tempfile.TemporaryDirectory(ignore_cleanup_errors=True)
+        # The sandbox refuses to run as root and in most containers; the pages are our own.
         self.processo = subprocess.Popen(
             ["chromium", "--headless=new", "--no-sandbox", "--disable-gpu", "--hide-scrollbars",
              "--remote-debugging-port=0", "--remote-allow-origins=*", "--no-first-run",
-             "--disable-background-networking", "--disable-component-update",
-             f"--user-data-dir={self.pasta.name}", "about:blank"],
-            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+             "--disable-dev-shm-usage", "--disable-background-networking",
+             "--disable-component-update", f"--user-data-dir={self.pasta.name}", "about:blank"],
+            stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        try:
+            self._liga()
+        except BaseException:
+            self._encerra()
+            raise
+
+    def _liga(self):
         porta = self._porta()
         with urllib.request.urlopen(f"http://127.0.0.1:{porta}/json") as resposta:
             abas = json.load(resposta)
         endereco = next(a["webSocketDebuggerUrl"] for a in abas if a["type"] == "page")
-        self.ws = websocket.create_connection(endereco, timeout=90)
+        self.ws = websocket.create_connection(endereco, timeout=60)
         self.numero = 0
         self.esquece()
         for dominio in ("Page", "Runtime", "Network", "Log"):
@@ -87,11 +104,36 @@ class Navegador:
         self.quadros()
         self.esquece()
         inicio = time.monotonic()
-        self.chama("Page.navigate", url="file://" + os.path.abspath(caminho))
+        self.endereco = pathlib.Path(caminho).resolve().as_uri()
+        self.chama("Page.navigate", url=self.endereco)
         while "Page.loadEventFired" not in self.eventos:
             self._guarda(json.loads(self.ws.recv()))
         self.quadros()
         return time.monotonic() - inicio
+
+    def exigeCalma(self):
+        """No complaint of the page, and no request but for itself."""
+        assert self.queixas == [], f"the page complains: {self.queixas}"
+        alheios = [p for p in self.pedidos if not p.startswith(("data:", "blob:"))]
+        assert alheios == [self.endereco], f"the page asks for more than itself: {alheios}"
+
+    def texto(self, seletor):
+        return self.avalia(f"document.querySelector('{seletor}').textContent")
+
+    def poe(self, seletor, valor):
+        """Moves the slider, or types into the field."""
+        self.avalia(f"{{const e = document.querySelector('{seletor}'); e.value = {valor};"
+                    "e.dispatchEvent(new Event('input', {bubbles: true}));}")
+        self.quadros()
+
+    def baixado(self, botao, nome):
+        """The bytes that a button downloads under this name."""
+        with tempfile.TemporaryDirectory() as destino:
+            self.chama("Browser.setDownloadBehavior", behavior="allow", downloadPath=destino)
+            self.avalia(f"document.querySelector('{botao}').click()")
+            espera(lambda: os.listdir(destino) == [nome], f"{nome} is not downloaded")
+            with open(os.path.join(destino, nome), "rb") as f:
+                return f.read()
 
     def quadros(self):
         """Waits until what was asked of the page is on the screen."""
@@ -122,8 +164,15 @@ class Navegador:
         with open(arquivo, "wb") as f:
             f.write(base64.b64decode(r["data"]))
 
+    def _encerra(self):
+        self.processo.terminate()
+        try:
+            self.processo.wait(10)
+        except subprocess.TimeoutExpired:
+            self.processo.kill()
+            self.processo.wait()
+        self.pasta.cleanup()
+
     def fecha(self):
         self.ws.close()
-        self.processo.terminate()
-        self.processo.wait(30)
-        self.pasta.cleanup()
+        self._encerra()
