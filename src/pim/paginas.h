@@ -29,7 +29,7 @@ struct PAGINAS {
     if (n * sizeof(T) >= pagina) madvise(p, n * sizeof(T), MADV_HUGEPAGE);
     return static_cast<T*>(p);
   }
-  void deallocate(T* p, std::size_t n) { ::operator delete(p, n * sizeof(T), alinhamento(n)); }
+  void deallocate(T* p, std::size_t n) { ::operator delete(p, alinhamento(n)); }
 
   bool operator==(const PAGINAS& /*outra*/) const { return true; }
 };
