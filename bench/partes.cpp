@@ -9,6 +9,7 @@
 
 #include "detect/correla.h"
 #include "detect/ordenacao.h"
+#include "detect/rapida.h"
 #include "kernels/lekernels.h"
 #include "pim/imagem.h"
 #include "referencia/correlacao.h"
@@ -56,6 +57,23 @@ void correlaRapida(benchmark::State& estado, const PIRAMIDE& piramide, const BAN
   for (auto vez : estado) {
     paraGrupos(kernels, banco.passo,
                [&](int de, int ate) { correlaGrupo(niveis, kernels, de, ate, melhor, qual); });
+  }
+}
+
+// The same in the instructions named.
+void correlaCom(benchmark::State& estado, const PIRAMIDE& piramide, const BANCO& banco,
+                const AVALIADOR& avaliador) {
+  const std::vector<MASCARA> kernels = leBanco(banco);
+  const NIVEIS niveis = preparaNiveis(piramide);
+  for (auto vez : estado) {
+    paraGrupos(kernels, banco.passo, [&](int de, int ate) {
+      const GRUPO grupo = preparaGrupo(kernels, de, ate);
+      for (std::size_t L = 0; L < niveis.size(); ++L) {
+        cv::Mat_<float> melhor(niveis[L].imagem.size());
+        cv::Mat_<int> qual(niveis[L].imagem.size());
+        correlaNivel(niveis[L], static_cast<int>(L), grupo, avaliador, melhor, qual);
+      }
+    });
   }
 }
 
@@ -120,6 +138,11 @@ std::vector<LINHA> medePartes(const std::string& cena) {
     registra("rapida " + nome, [&](auto& e) { correlaRapida(e, piramide, banco); });
     registra("simples " + nome, [&](auto& e) { correlaSimples(e, piramide, banco); });
   }
+  const std::vector<AVALIADOR> outros = avaliadores();
+  for (std::size_t i = 1; i < outros.size(); ++i) {
+    registra(std::string("rapida em ") + outros[i].nome,
+             [&, i](auto& e) { correlaCom(e, piramide, bancos[0], outros[i]); });
+  }
   registra("rapida 10^6", [](auto& e) { elimina(e, 1000000, eliminaProximo); });
   registra("simples 10^6", [](auto& e) { elimina(e, 1000000, referencia::eliminaProximo); });
   registra("rapida 10^7", [](auto& e) { elimina(e, 10000000, eliminaProximo); });
@@ -131,6 +154,11 @@ std::vector<LINHA> medePartes(const std::string& cena) {
     const std::string nome = banco.nome;
     linhas.push_back({"correlation, 12 MP: " + nome, coletor.segundos["simples " + nome],
                       coletor.segundos["rapida " + nome], ""});
+  }
+  for (std::size_t i = 1; i < outros.size(); ++i) {
+    linhas.push_back({std::string("the first of these in ") + outros[i].nome,
+                      coletor.segundos[std::string("simples ") + bancos[0].nome],
+                      coletor.segundos[std::string("rapida em ") + outros[i].nome], ""});
   }
   const double milhao = coletor.segundos["rapida 10^6"];
   const double dezMilhoes = coletor.segundos["rapida 10^7"];

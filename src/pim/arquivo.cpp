@@ -25,8 +25,12 @@ ARQUIVO abre(const std::string& nome, const char* modo, const std::string& mensa
 
 void fechaEscrita(ARQUIVO arquivo, const std::string& nome) {
   std::FILE* f = arquivo.release();
+  struct stat dados {};
+  const bool comum = fstat(fileno(f), &dados) == 0 && S_ISREG(dados.st_mode);
   const bool falhou = std::ferror(f) != 0;
-  if (std::fclose(f) != 0 || falhou) erro("Erro gravacao arquivo ", nome);
+  if (std::fclose(f) == 0 && !falhou) return;
+  if (comum) std::remove(nome.c_str());
+  erro("Erro gravacao arquivo ", nome);
 }
 
 std::vector<unsigned char> leBytes(const std::string& nome) {

@@ -20,7 +20,7 @@ ARQUIVO abre(const std::string& nome, const char* modo,
              const std::string& mensagem = "Erro abertura arquivo ");
 
 // Closes a file that was written; pim::erro naming it when any write, or the close, failed (a full
-// disk shows only then).
+// disk shows only then). An ordinary file is removed then: cut short, it could be taken for whole.
 void fechaEscrita(ARQUIVO arquivo, const std::string& nome);
 
 // All bytes of a regular file or pipe. pim::erro when it can't be opened or read, is neither of

@@ -127,6 +127,15 @@ TEST(Despacho, SaidaEhLiberadaLinhaPorLinha) {
   EXPECT_EQ(leTudo("dito"), titulo + "Relat ent.ho2 sai.rel\n" + erroDeArgumentos);
 }
 
+TEST(Despacho, DiscoQueEncheNoMeioNaoDeixaUmaImagemPelaMetade) {
+  const PASTA pasta;
+  grava("k.cfg", "circulo 21\n");
+  const std::string umBloco = "trap '' XFSZ; ulimit -f 1;";
+  EXPECT_EQ(pelaShell(umBloco, "kernel k.cfg k.pgm 2>dito >/dev/null"), 1);
+  EXPECT_EQ(leTudo("dito"), "Erro gravacao arquivo k.pgm\n");
+  EXPECT_FALSE(std::filesystem::exists("k.pgm"));
+}
+
 #ifndef VORPLEX_SANITIZE  // which reserves more than any limit set here
 TEST(Despacho, FaltaDeMemoriaEhUmaLinhaDeErro) {
   const PASTA pasta;

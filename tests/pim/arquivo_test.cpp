@@ -1,7 +1,9 @@
 #include "pim/arquivo.h"
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 
+#include <csignal>
 #include <filesystem>
 #include <thread>
 
@@ -39,6 +41,19 @@ TEST(FechaEscrita, ErroDeEscritaAnteriorNaoSePerde) {
     pim::fechaEscrita(std::move(f), "/dev/full");
   };
   ESPERA_ERRO(acao(), "Erro gravacao arquivo /dev/full");
+}
+
+TEST(FechaEscrita, OQueNaoCabeNoDiscoNaoFicaPelaMetade) {
+  const PASTA pasta;
+  grava("a.txt", "o que havia");
+  const auto acao = [] {
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limite{4096, 4096};
+    setrlimit(RLIMIT_FSIZE, &limite);
+    pim::gravaBytes("a.txt", std::vector<unsigned char>(5000));
+  };
+  ESPERA_ERRO(acao(), "Erro gravacao arquivo a.txt");
+  EXPECT_FALSE(std::filesystem::exists("a.txt"));
 }
 
 TEST(GravaBytes, LeBytesDevolveOsMesmosBytes) {
