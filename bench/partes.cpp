@@ -128,44 +128,53 @@ void registra(const std::string& nome, ACAO acao) {
   benchmark::RegisterBenchmark(nome.c_str(), acao)->Iterations(1)->Unit(benchmark::kSecond);
 }
 
-}  // namespace
-
-std::vector<LINHA> medePartes(const std::string& cena) {
-  PIRAMIDE piramide;
-  lePiramide(cena, piramide, 4);
+// What is timed lives until the benchmarks have run.
+void registraPartes(const PIRAMIDE& piramide, const std::vector<AVALIADOR>& conjuntos) {
   for (const BANCO& banco : bancos) {
     const std::string nome = banco.nome;
     registra("rapida " + nome, [&](auto& e) { correlaRapida(e, piramide, banco); });
     registra("simples " + nome, [&](auto& e) { correlaSimples(e, piramide, banco); });
   }
-  const std::vector<AVALIADOR> outros = avaliadores();
-  for (std::size_t i = 1; i < outros.size(); ++i) {
-    registra(std::string("rapida em ") + outros[i].nome,
-             [&, i](auto& e) { correlaCom(e, piramide, bancos[0], outros[i]); });
+  for (std::size_t i = 1; i < conjuntos.size(); ++i) {
+    registra(std::string("rapida em ") + conjuntos[i].nome,
+             [&, i](auto& e) { correlaCom(e, piramide, bancos[0], conjuntos[i]); });
   }
   registra("rapida 10^6", [](auto& e) { elimina(e, 1000000, eliminaProximo); });
   registra("simples 10^6", [](auto& e) { elimina(e, 1000000, referencia::eliminaProximo); });
   registra("rapida 10^7", [](auto& e) { elimina(e, 10000000, eliminaProximo); });
+}
 
-  COLETOR coletor;
-  benchmark::RunSpecifiedBenchmarks(&coletor);
+std::vector<LINHA> linhasDasPartes(std::map<std::string, double>& segundos,
+                                   const std::vector<AVALIADOR>& conjuntos) {
   std::vector<LINHA> linhas;
   for (const BANCO& banco : bancos) {
     const std::string nome = banco.nome;
-    linhas.push_back({"correlation, 12 MP: " + nome, coletor.segundos["simples " + nome],
-                      coletor.segundos["rapida " + nome], ""});
+    linhas.push_back({"correlation, 12 MP: " + nome, segundos["simples " + nome],
+                      segundos["rapida " + nome], ""});
   }
-  for (std::size_t i = 1; i < outros.size(); ++i) {
-    linhas.push_back({std::string("the first of these in ") + outros[i].nome,
-                      coletor.segundos[std::string("simples ") + bancos[0].nome],
-                      coletor.segundos[std::string("rapida em ") + outros[i].nome], ""});
+  for (std::size_t i = 1; i < conjuntos.size(); ++i) {
+    linhas.push_back({std::string("the first of these in ") + conjuntos[i].nome,
+                      segundos[std::string("simples ") + bancos[0].nome],
+                      segundos[std::string("rapida em ") + conjuntos[i].nome], ""});
   }
-  const double milhao = coletor.segundos["rapida 10^6"];
-  const double dezMilhoes = coletor.segundos["rapida 10^7"];
+  const double milhao = segundos["rapida 10^6"];
+  const double dezMilhoes = segundos["rapida 10^7"];
   linhas.push_back(
-      {"near duplicates, 10^6 records on 12 MP", coletor.segundos["simples 10^6"], milhao, ""});
+      {"near duplicates, 10^6 records on 12 MP", segundos["simples 10^6"], milhao, ""});
   char nota[64];
   std::snprintf(nota, sizeof nota, "%.1f times that of 10^6", dezMilhoes / milhao);
   linhas.push_back({"near duplicates, 10^7 records on 12 MP", 0, dezMilhoes, nota});
   return linhas;
+}
+
+}  // namespace
+
+std::vector<LINHA> medePartes(const std::string& cena) {
+  PIRAMIDE piramide;
+  lePiramide(cena, piramide, 4);
+  const std::vector<AVALIADOR> conjuntos = avaliadores();
+  registraPartes(piramide, conjuntos);
+  COLETOR coletor;
+  benchmark::RunSpecifiedBenchmarks(&coletor);
+  return linhasDasPartes(coletor.segundos, conjuntos);
 }
