@@ -153,6 +153,7 @@ void avaliaEmRegistros(const BLOCO<T>& b, const std::vector<KERNELPRONTO>& kerne
 }
 
 // Adds to the sums of a tile's pixels the elements at MAIS offsets, and takes off those at MENOS.
+// Two vectors at a time: a tile's row is a multiple of that, and more may be read than is used.
 template <std::size_t MAIS, std::size_t MENOS, class D, class T>
 HWY_INLINE void soma(D d, const BLOCO<T>& b, const T* HWY_RESTRICT pixel, int largura,
                      const std::int32_t* mais, const std::int32_t* menos, T* HWY_RESTRICT somas) {
@@ -164,11 +165,19 @@ HWY_INLINE void soma(D d, const BLOCO<T>& b, const T* HWY_RESTRICT pixel, int la
     for (std::size_t i = 0; i < MAIS; ++i) p[i] = linha + mais[i];
     for (std::size_t i = 0; i < MENOS; ++i) q[i] = linha + menos[i];
     T* s = somas + l * larguraDoTijolo;
-    for (int c = 0; c < largura; c += n) {
+    for (int c = 0; c < largura; c += 2 * n) {
       auto v = hn::LoadU(d, s + c);
-      for (std::size_t i = 0; i < MAIS; ++i) v = hn::Add(v, hn::LoadU(d, p[i] + c));
-      for (std::size_t i = 0; i < MENOS; ++i) v = hn::Sub(v, hn::LoadU(d, q[i] + c));
+      auto w = hn::LoadU(d, s + c + n);
+      for (std::size_t i = 0; i < MAIS; ++i) {
+        v = hn::Add(v, hn::LoadU(d, p[i] + c));
+        w = hn::Add(w, hn::LoadU(d, p[i] + c + n));
+      }
+      for (std::size_t i = 0; i < MENOS; ++i) {
+        v = hn::Sub(v, hn::LoadU(d, q[i] + c));
+        w = hn::Sub(w, hn::LoadU(d, q[i] + c + n));
+      }
       hn::StoreU(v, d, s + c);
+      hn::StoreU(w, d, s + c + n);
     }
   }
 }
@@ -200,6 +209,7 @@ void avaliaEmTijolos(const BLOCO<T>& b, const std::vector<KERNELPRONTO>& kernels
   const hn::Rebind<float, decltype(d)> df;
   const hn::Rebind<std::int32_t, decltype(d)> di;
   const hn::Rebind<REAL, decltype(d)> dr;
+  static_assert(larguraDoTijolo % (2 * hn::MaxLanes(hn::ScalableTag<T>())) == 0);
   const std::size_t n = hn::Lanes(d);
   const std::size_t pixels = static_cast<std::size_t>(b.linhas) * larguraDoTijolo;
   std::vector<T> tudo(pixels);
