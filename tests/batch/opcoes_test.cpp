@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 namespace {
 
 OPCOES_LOTE lidas(const std::vector<std::string>& args) {
@@ -82,9 +84,14 @@ TEST(LeOpcoes, AUltimaVezVale) {
 }
 
 struct CASO {
+  const char* nome;
   std::vector<std::string> args;
   std::string mensagem;
 };
+
+void PrintTo(const CASO& caso, std::ostream* s) {
+  *s << caso.nome;
+}
 
 struct OpcoesRuins : testing::TestWithParam<CASO> {};
 
@@ -93,43 +100,57 @@ TEST_P(OpcoesRuins, SaoRecusadasComSeuNome) {
 }
 
 const std::vector<CASO> ruins = {
-    {{}, "Falta kernel.cfg"},
-    {{"-r"}, "Falta kernel.cfg"},
-    {{"k.cfg"}, "Falta fotografia ou pasta"},
-    {{"-x", "k", "f"}, "Opcao desconhecida -x"},
-    {{"--quieto", "-rx", "k", "f"}, "Opcao desconhecida -x"},
-    {{"--nada", "k", "f"}, "Opcao desconhecida --nada"},
-    {{"--inverte=3", "k", "f"}, "A opcao nao leva valor: --inverte=3"},
-    {{"k", "f", "-o"}, "Falta o valor de -o"},
-    {{"k", "f", "--escala"}, "Falta o valor de --escala"},
-    {{"-o", "", "k", "f"}, "Pasta de saida sem nome"},
-    {{"-e", "0.05", "k", "f"},
+    {"Nada", {}, "Falta kernel.cfg"},
+    {"SoOpcao", {"-r"}, "Falta kernel.cfg"},
+    {"SoKernel", {"k.cfg"}, "Falta fotografia ou pasta"},
+    {"LetraDesconhecida", {"-x", "k", "f"}, "Opcao desconhecida -x"},
+    {"LetraDesconhecidaNoMeio", {"--quieto", "-rx", "k", "f"}, "Opcao desconhecida -x"},
+    {"NomeDesconhecido", {"--nada", "k", "f"}, "Opcao desconhecida --nada"},
+    {"ValorAMais", {"--inverte=3", "k", "f"}, "A opcao nao leva valor: --inverte=3"},
+    {"LetraSemValor", {"k", "f", "-o"}, "Falta o valor de -o"},
+    {"NomeSemValor", {"k", "f", "--escala"}, "Falta o valor de --escala"},
+    {"SaidaVazia", {"-o", "", "k", "f"}, "Pasta de saida sem nome"},
+    {"EscalaSemUnidade",
+     {"-e", "0.05", "k", "f"},
      "Escala invalida 0.05 (numero de 1e-9 a 1e9 e um, mm, cm, m ou in, como 0.05mm)"},
-    {{"-e", "-1mm", "k", "f"},
+    {"EscalaNegativa",
+     {"-e", "-1mm", "k", "f"},
      "Escala invalida -1mm (numero de 1e-9 a 1e9 e um, mm, cm, m ou in, como 0.05mm)"},
-    {{"-c", "alta", "k", "f"}, "Correlacao minima invalida alta"},
-    {{"-c", "nan", "k", "f"}, "Correlacao minima invalida nan"},
-    {{"-c", "0,3", "k", "f"}, "Correlacao minima invalida 0,3"},
-    {{"-g", "media", "k", "f"}, "Grandeza invalida media (equivalente, menor ou maior)"},
-    {{"-w", "massa", "k", "f"}, "Peso invalido massa (numero, area ou volume)"},
-    {{"-p", "", "k", "f"},
+    {"CorrelacaoPalavra", {"-c", "alta", "k", "f"}, "Correlacao minima invalida alta"},
+    {"CorrelacaoNan", {"-c", "nan", "k", "f"}, "Correlacao minima invalida nan"},
+    {"CorrelacaoComVirgula", {"-c", "0,3", "k", "f"}, "Correlacao minima invalida 0,3"},
+    {"Grandeza",
+     {"-g", "media", "k", "f"},
+     "Grandeza invalida media (equivalente, menor ou maior)"},
+    {"Peso", {"-w", "massa", "k", "f"}, "Peso invalido massa (numero, area ou volume)"},
+    {"PeneirasVazias",
+     {"-p", "", "k", "f"},
      "Peneiras invalidas  (aberturas crescentes, acima de 0, como 0.5,1,2,4)"},
-    {{"-p", "1,,2", "k", "f"},
+    {"PeneiraQueFalta",
+     {"-p", "1,,2", "k", "f"},
      "Peneiras invalidas 1,,2 (aberturas crescentes, acima de 0, como 0.5,1,2,4)"},
-    {{"-p", "2,2", "k", "f"},
+    {"PeneirasIguais",
+     {"-p", "2,2", "k", "f"},
      "Peneiras invalidas 2,2 (aberturas crescentes, acima de 0, como 0.5,1,2,4)"},
-    {{"-p", "0,1", "k", "f"},
+    {"PeneiraZero",
+     {"-p", "0,1", "k", "f"},
      "Peneiras invalidas 0,1 (aberturas crescentes, acima de 0, como 0.5,1,2,4)"},
-    {{"-p", "1,inf", "k", "f"},
+    {"PeneiraInfinita",
+     {"-p", "1,inf", "k", "f"},
      "Peneiras invalidas 1,inf (aberturas crescentes, acima de 0, como 0.5,1,2,4)"},
-    {{"-j", "0", "k", "f"}, "Numero de processos invalido 0 (1 a 1024)"},
-    {{"-j", "2x", "k", "f"}, "Numero de processos invalido 2x (1 a 1024)"},
-    {{"-j", "1025", "k", "f"}, "Numero de processos invalido 1025 (1 a 1024)"},
-    {{"--idioma", "fr", "k", "f"}, "Idioma invalido fr (pt ou en)"},
-    {{"-g", "x", "-w", "y", "k", "f"}, "Grandeza invalida x (equivalente, menor ou maior)"},
-    {{"-j", "0", "k", "f", "--idioma", "en"}, "Invalid number of processes 0 (1 to 1024)"},
+    {"ProcessosZero", {"-j", "0", "k", "f"}, "Numero de processos invalido 0 (1 a 1024)"},
+    {"ProcessosComLetra", {"-j", "2x", "k", "f"}, "Numero de processos invalido 2x (1 a 1024)"},
+    {"ProcessosDemais", {"-j", "1025", "k", "f"}, "Numero de processos invalido 1025 (1 a 1024)"},
+    {"Idioma", {"--idioma", "fr", "k", "f"}, "Idioma invalido fr (pt ou en)"},
+    {"OPrimeiroErro",
+     {"-g", "x", "-w", "y", "k", "f"},
+     "Grandeza invalida x (equivalente, menor ou maior)"},
+    {"EmIngles",
+     {"-j", "0", "k", "f", "--idioma", "en"},
+     "Invalid number of processes 0 (1 to 1024)"},
 };
-INSTANTIATE_TEST_SUITE_P(Tabela, OpcoesRuins, testing::ValuesIn(ruins));
+INSTANTIATE_TEST_SUITE_P(Tabela, OpcoesRuins, testing::ValuesIn(ruins),
+                         [](const auto& linha) { return linha.param.nome; });
 
 TEST(LeOpcoes, QuemPedeAjudaATemComErroEmVolta) {
   EXPECT_TRUE(lidas({"-j", "0", "--ajuda"}).ajuda);

@@ -3,24 +3,17 @@
 #include <algorithm>
 #include <csignal>
 
-#include "apoio/detector.h"
 #include "apoio/executa.h"
 #include "apoio/pasta.h"
 #include "detect/correlacao.h"
 #include "detect/maximos.h"
 #include "detect/ordenacao.h"
+#include "entradas_do_detector.h"
 #include "kernels/lekernels.h"
 #include "pim/converte.h"
 #include "pim/imagem.h"
 
 namespace {
-
-const std::string cfg = "escoitava 2 escala 0.5 a 1 passoang 45 circulo 21 quadrado 18";
-
-void preparaEntradas(const std::string& texto = cfg) {
-  pim::imp(fotoDeGraos(), "a.pgm");
-  grava("k.cfg", texto);
-}
 
 std::vector<MAXLOCAL> detectados(const std::string& nome) {
   std::vector<MAXLOCAL> v;
@@ -29,11 +22,11 @@ std::vector<MAXLOCAL> detectados(const std::string& nome) {
 }
 
 // What a run over a.pgm and k.cfg must say and write, put together from the steps.
-struct ESPERADO {
+struct ESPERADO_DE_CORRELA {
   std::string saida;
   std::string arquivo;
 
-  explicit ESPERADO(double minCorr) {
+  explicit ESPERADO_DE_CORRELA(double minCorr) {
     cv::Mat_<unsigned char> cinza;
     cv::Mat_<float> imagem;
     pim::le(cinza, "a.pgm");
@@ -72,7 +65,7 @@ struct ESPERADO {
   }
 };
 
-const std::string uso =
+const std::string usoCorrela =
     "Correla imagem.pgm kernel.cfg imagem.ho1 [minCorr] [maxDist]\n"
     "  maxLocal com correlacao<minCorr e' eliminado\n"
     "  um maxLocal com distancia<=maxDist de outro maxLocal e' eliminado\n"
@@ -96,7 +89,7 @@ TEST(ComandoCorrela, TresArgumentosUsamMinCorrPadrao) {
   const EXECUCAO e = executa({"correla", "a.pgm", "k.cfg", "a.ho1"});
   EXPECT_EQ(e.estado, 0);
   EXPECT_EQ(e.erro, "");
-  const ESPERADO esperado(0.001);
+  const ESPERADO_DE_CORRELA esperado(0.001);
   EXPECT_EQ(miolo(e), esperado.saida);
   EXPECT_EQ(leTudo("a.ho1"), esperado.arquivo);
 }
@@ -106,7 +99,7 @@ TEST(ComandoCorrela, QuartoArgumentoEhMinCorrEDistanciaContinua2) {
   preparaEntradas();
   const EXECUCAO e = executa({"correla", "a.pgm", "k.cfg", "a.ho1", "0.25"});
   EXPECT_EQ(e.estado, 0);
-  const ESPERADO esperado(0.25);
+  const ESPERADO_DE_CORRELA esperado(0.25);
   EXPECT_EQ(miolo(e), esperado.saida);
   EXPECT_EQ(leTudo("a.ho1"), esperado.arquivo);
   const std::vector<MAXLOCAL> v = detectados("a.ho1");
@@ -137,7 +130,7 @@ TEST(ComandoCorrela, CincoArgumentosMostramOUsoEErro) {
   for (const std::vector<std::string>& args : casos) {
     const EXECUCAO e = executa(args);
     EXPECT_EQ(e.estado, 1) << args.size();
-    EXPECT_EQ(e.saida, titulo + uso) << args.size();
+    EXPECT_EQ(e.saida, titulo + usoCorrela) << args.size();
     EXPECT_EQ(e.erro, "Erro: Numero de argumentos invalido\n") << args.size();
   }
   EXPECT_FALSE(existe("a.ho1"));
@@ -147,7 +140,7 @@ TEST(ComandoCorrela, SemMaximosAbortaSemArquivo) {
   const PASTA pasta;
   preparaEntradas();
   const EXECUCAO e = executa({"correla", "a.pgm", "k.cfg", "a.ho1", "1.5"});
-  EXPECT_EQ(e.saida, titulo + ESPERADO(1.5).saida);
+  EXPECT_EQ(e.saida, titulo + ESPERADO_DE_CORRELA(1.5).saida);
   EXPECT_TRUE(
       e.saida.ends_with("\nOrdenando os 0 maximos locais em ordem decrescente de correlacao...\n"));
   confereAborto(e);
@@ -175,7 +168,7 @@ TEST(ComandoCorrela, EscalaUnicaEntraNoGrupoSeguinte) {
   preparaEntradas("escala 1 a 1 circulo 15 escoitava 2 escala 0.5 a 1 circulo 40");
   const EXECUCAO e = executa({"correla", "a.pgm", "k.cfg", "a.ho1", "0.2"});
   EXPECT_NE(e.saida.find("...\nAplicando filtro #0-#3\r\nOrdenando"), std::string::npos) << e.saida;
-  EXPECT_EQ(miolo(e), ESPERADO(0.2).saida);
+  EXPECT_EQ(miolo(e), ESPERADO_DE_CORRELA(0.2).saida);
   EXPECT_TRUE(achou(detectados("a.ho1"), 'c', 70, 25, 15));
 }
 
@@ -248,5 +241,5 @@ TEST(ComandoCorrela, RegistroAnteriorEhTrocado) {
   preparaEntradas();
   grava("a.ho1", std::string(100000, '9'));
   executa({"correla", "a.pgm", "k.cfg", "a.ho1"});
-  EXPECT_EQ(leTudo("a.ho1"), ESPERADO(0.001).arquivo);
+  EXPECT_EQ(leTudo("a.ho1"), ESPERADO_DE_CORRELA(0.001).arquivo);
 }

@@ -71,7 +71,7 @@ CINZA cena() {
   return img;
 }
 
-void preparaEntradas() {
+void gravaCena() {
   grava("a.pgm", pgm(cena()));
   grava("k.cfg",
         "passoang 18.434948822922 escoitava 4 escala 0.4 a 1 piramide 3\n"
@@ -143,7 +143,7 @@ struct CORRIDA {
 
 // What the optimised build of g++ gave. When results change on purpose, the failures tell the lines
 // to write here.
-const RESUMOS esperados = {
+const RESUMOS resumosEsperados = {
     {"07-0001.png", "8034d2f8c0fb541c"},
     {"07-0003.png", "b886f63f7d827dae"},
     {"a.ho1", "401ca8cb095aadb6"},
@@ -170,10 +170,10 @@ const RESUMOS esperados = {
     {"velho.ho1", "b0e13bba210172b1"},
 };
 
-void confere(const RESUMOS& obtidos) {
+void confereResumos(const RESUMOS& obtidos) {
   for (const auto& [nome, valor] : obtidos) {
-    const auto esperado = esperados.find(nome);
-    EXPECT_TRUE(esperado != esperados.end() && esperado->second == valor)
+    const auto esperado = resumosEsperados.find(nome);
+    EXPECT_TRUE(esperado != resumosEsperados.end() && esperado->second == valor)
         << "    {\"" << nome << "\", \"" << valor << "\"},";
   }
 }
@@ -182,26 +182,26 @@ void confere(const RESUMOS& obtidos) {
 
 TEST(Determinismo, OsNoveSubprogramasDaoOsMesmosBytesEmQualquerCompilacao) {
   const PASTA pasta;
-  preparaEntradas();
+  gravaCena();
   CORRIDA corrida;
   corrida.detecta();
   corrida.mostra();
-  confere(corrida.resumos);
-  EXPECT_EQ(corrida.resumos.size(), esperados.size());
+  confereResumos(corrida.resumos);
+  EXPECT_EQ(corrida.resumos.size(), resumosEsperados.size());
 }
 
 TEST(Determinismo, OsBytesNaoDependemDasInstrucoesQueABibliotecaDeImagensUsa) {
   const PASTA pasta;
-  preparaEntradas();
+  gravaCena();
   CORRIDA corrida{{"OPENCV_CPU_DISABLE=SSSE3,SSE4.1,SSE4.2,AVX,FP16,AVX2,FMA3,AVX512-SKX"}, {}};
   corrida.detecta();
   ASSERT_FALSE(corrida.resumos.empty());
-  confere(corrida.resumos);
+  confereResumos(corrida.resumos);
 }
 
 TEST(Determinismo, AsCorrelacoesSaoAsMesmasEmCadaConjuntoDeInstrucoesDesteProcessador) {
   const PASTA pasta;
-  preparaEntradas();
+  gravaCena();
   PIRAMIDE piramide;
   lePiramide("a.pgm", piramide, 4);
   const NIVEIS niveis = preparaNiveis(piramide);

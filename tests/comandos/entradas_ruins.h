@@ -92,7 +92,15 @@ struct ComEntradasRuins : testing::TestWithParam<RUIM> {
   }
 };
 
+// Runs on those files.
+using ARGS = std::vector<std::string>;
+inline const ARGS filtra = {"filtra", "a.pgm", "a.ho1", "b.ho2"};
+inline const ARGS traca = {"traca", "a.pgm", "a.ho1", "b.png"};
+inline const ARGS extraiam = {"extraiam", "a.pgm", "1"};
+inline const ARGS extraicla = {"extraicla", "a.pgm", "1"};
+
 // What happens to one file.
+inline constexpr std::uintmax_t gigas = std::uintmax_t{1} << 30U;
 inline void apaga(const std::string& nome) {
   std::filesystem::remove(nome);
 }

@@ -11,7 +11,7 @@ namespace {
 
 using CINZA = cv::Mat_<unsigned char>;
 
-const std::string uso =
+const std::string usoFiltra =
     "Filtra imagem.pgm imagem.ho1 saida.ppm|saida.ho2 parametros\n"
     "  parametros: default   minCorrDef maxInterDef (0.1 e 0.3)\n"
     "              circulo   minCorrCir maxInterCir\n"
@@ -59,8 +59,8 @@ struct ComandoFiltra : testing::Test {
 
 TEST_F(ComandoFiltra, ArgumentosDeMenosMostramOUsoEErro) {
   const std::string erro = "Erro: Numero de argumentos invalido";
-  confereErro(executa({"filtra"}), uso, erro);
-  confereErro(executa({"filtra", "a.pgm", "a.ho1"}), uso, erro);
+  confereErro(executa({"filtra"}), usoFiltra, erro);
+  confereErro(executa({"filtra", "a.pgm", "a.ho1"}), usoFiltra, erro);
 }
 
 TEST_F(ComandoFiltra, SemParametrosUsa01E03EGravaOHo2) {

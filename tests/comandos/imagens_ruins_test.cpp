@@ -11,16 +11,9 @@ TEST_P(ImagensRuins, AcabamLogoComUmaLinhaClara) {
   confere(GetParam());
 }
 
-using ARGS = std::vector<std::string>;
-
-const ARGS traca = {"traca", "a.pgm", "a.ho1", "b.png"};
 const ARGS correla = {"correla", "a.pgm", "kernel.cfg", "b.ho1"};
-const ARGS filtra = {"filtra", "a.pgm", "a.ho1", "b.ho2"};
-const ARGS extraicla = {"extraicla", "a.pgm", "1"};
-const ARGS extraiam = {"extraiam", "a.pgm", "1"};
 
 const std::string leitura = "Erro leitura imagem a.pgm: ";
-constexpr std::uintmax_t gigas = std::uintmax_t{1} << 30U;
 
 // A PNG or JPEG of the photograph, made by the program itself.
 std::string fotoComo(const std::string& tipo) {
@@ -43,7 +36,7 @@ void pngCorrompido() {
   grava("a.pgm", png);
 }
 
-const std::vector<RUIM> arquivos = {
+const std::vector<RUIM> arquivosDeImagem = {
     {"CorrelaFalta", [] { apaga("a.pgm"); }, correla, "Erro abertura arquivo a.pgm", "b.ho1"},
     {"CorrelaProibida", [] { proibe("a.pgm"); }, correla, "Erro abertura arquivo a.pgm", "b.ho1",
      true},
@@ -85,7 +78,7 @@ const std::vector<RUIM> arquivos = {
     {"ExtraiclaClassesProibidas", [] { proibe("a.mat"); }, extraicla, "Erro abertura arquivo a.mat",
      "01-0000.png", true},
 };
-INSTANTIATE_TEST_SUITE_P(Arquivo, ImagensRuins, testing::ValuesIn(arquivos), nomeDaLinha);
+INSTANTIATE_TEST_SUITE_P(Arquivo, ImagensRuins, testing::ValuesIn(arquivosDeImagem), nomeDaLinha);
 
 const std::vector<RUIM> conteudos = {
     {"JpegCortadoComMarcaDeFim", jpegCortado, traca, leitura + "dados corrompidos", "b.png"},

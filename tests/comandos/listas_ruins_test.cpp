@@ -10,12 +10,6 @@ TEST_P(ListasRuins, AcabamLogoComUmaLinhaClara) {
   confere(GetParam());
 }
 
-using ARGS = std::vector<std::string>;
-
-const ARGS filtra = {"filtra", "a.pgm", "a.ho1", "b.ho2"};
-const ARGS traca = {"traca", "a.pgm", "a.ho1", "b.png"};
-const ARGS extraiam = {"extraiam", "a.pgm", "1"};
-const ARGS extraicla = {"extraicla", "a.pgm", "1"};
 const ARGS relat = {"relat", "a.ho2", "b.rel"};
 const ARGS contaform = {"contaform"};
 
@@ -27,9 +21,8 @@ void ho2(const std::string& texto) {
 }
 
 const std::string lixo("\x89PNG\r\n\x1A\n\0\0\0\rIHDR", 16);
-constexpr std::uintmax_t gigas = std::uintmax_t{1} << 30U;
 
-const std::vector<RUIM> arquivos = {
+const std::vector<RUIM> arquivosDeLista = {
     {"FiltraFalta", [] { apaga("a.ho1"); }, filtra, "Erro abertura arquivo a.ho1", "b.ho2"},
     {"FiltraProibida", [] { proibe("a.ho1"); }, filtra, "Erro abertura arquivo a.ho1", "b.ho2",
      true},
@@ -75,7 +68,7 @@ const std::vector<RUIM> arquivos = {
     {"ContaformEsparsa", [] { fazEsparso("a.ho2", 3 * gigas); }, contaform,
      "Erro: Palavra grande demais (a.ho2, linha 1)"},
 };
-INSTANTIATE_TEST_SUITE_P(Arquivo, ListasRuins, testing::ValuesIn(arquivos), nomeDaLinha);
+INSTANTIATE_TEST_SUITE_P(Arquivo, ListasRuins, testing::ValuesIn(arquivosDeLista), nomeDaLinha);
 
 // A list of one record.
 void um(const std::string& registro) {
@@ -83,7 +76,7 @@ void um(const std::string& registro) {
   ho2("1\n//\n" + registro + "\n");
 }
 
-const std::vector<RUIM> numeros = {
+const std::vector<RUIM> numerosDeLista = {
     {"ContagemMaiorQueALista", [] { ho2("3\n//\n0.5 c 1 1 9 9 0\n0.4 c 5 5 9 9 0\n"); }, relat,
      "Erro: Falta numero no fim do texto (a.ho2, linha 5)", "b.rel"},
     {"ContagemAlemDeInt", [] { ho2("3000000000\n//\n"); }, relat,
@@ -105,7 +98,7 @@ const std::vector<RUIM> numeros = {
     {"LetraQueFalta", [] { um("0.5 1 1 9 9 0"); }, relat,
      "Erro: Falta numero no fim do texto (a.ho2, linha 4)", "b.rel"},
 };
-INSTANTIATE_TEST_SUITE_P(Numero, ListasRuins, testing::ValuesIn(numeros), nomeDaLinha);
+INSTANTIATE_TEST_SUITE_P(Numero, ListasRuins, testing::ValuesIn(numerosDeLista), nomeDaLinha);
 
 // Many records, all of them as large as can be drawn and no two alike.
 void enormes(const std::string& nome, int quantos) {
@@ -116,7 +109,7 @@ void enormes(const std::string& nome, int quantos) {
 
 const std::string registro0 = " (a.ho1, registro 0)";
 
-const std::vector<RUIM> tamanhos = {
+const std::vector<RUIM> tamanhosDeLista = {
     {"TracaNan", [] { um("0.5 c 1 1 nan 9 0"); }, traca,
      "Erro: Forma grande demais c nan 9" + registro0, "b.png"},
     {"TracaInfinito", [] { um("0.5 r 1 1 9 inf 0"); }, traca,
@@ -142,7 +135,7 @@ const std::vector<RUIM> tamanhos = {
     {"RelatTransborda", [] { ho2("2\n0 c 1 1 9 9 0\n0 r 1 1 1e200 1e200 0\n"); }, relat,
      "Erro: Area fora do intervalo r 1e+200 1e+200 (a.ho2, registro 1)", "b.rel"},
 };
-INSTANTIATE_TEST_SUITE_P(Tamanho, ListasRuins, testing::ValuesIn(tamanhos), nomeDaLinha);
+INSTANTIATE_TEST_SUITE_P(Tamanho, ListasRuins, testing::ValuesIn(tamanhosDeLista), nomeDaLinha);
 
 const std::vector<RUIM> argumentos = {
     {"IndiceAlemDaLista",

@@ -2,12 +2,12 @@
 
 #include <csignal>
 
-#include "apoio/detector.h"
 #include "apoio/executa.h"
 #include "apoio/pasta.h"
 #include "detect/correlacao.h"
 #include "detect/maximos.h"
 #include "detect/ordenacao.h"
+#include "entradas_do_detector.h"
 #include "kernels/lekernels.h"
 #include "pim/converte.h"
 #include "pim/imagem.h"
@@ -17,18 +17,13 @@ namespace {
 
 using FLOAT = cv::Mat_<float>;
 
-void preparaEntradas(const std::string& cfg = "escoitava 2 passoang 45 circulo 21 quadrado 18") {
-  pim::imp(fotoDeGraos(), "a.pgm");
-  grava("k.cfg", cfg);
-}
-
 // What a run over a.pgm and k.cfg must find, put together from the steps.
-struct ESPERADO {
+struct ESPERADO_DE_OLDCORRELA {
   std::size_t nKernels = 0;
   FLOAT nivelZero;
   std::vector<MAXLOCAL> maximos;
 
-  explicit ESPERADO(double minCorr) {
+  explicit ESPERADO_DE_OLDCORRELA(double minCorr) {
     cv::Mat_<unsigned char> cinza;
     FLOAT imagem;
     pim::le(cinza, "a.pgm");
@@ -78,7 +73,7 @@ TEST(ComandoOldCorrela, TresArgumentosUsamMinCorrPadrao) {
   const EXECUCAO e = executa({"oldcorrela", "a.pgm", "k.cfg", "a.ho1"});
   EXPECT_EQ(e.estado, 0);
   EXPECT_EQ(e.erro, "");
-  const ESPERADO esperado(0.001);
+  const ESPERADO_DE_OLDCORRELA esperado(0.001);
   EXPECT_EQ(miolo(e), esperado.ateOrdenar() + "Imprimindo os maximos locais\n");
   EXPECT_EQ(leTudo("a.ho1"), esperado.arquivo());
   confereImagem(esperado.nivelZero);
@@ -88,8 +83,8 @@ TEST(ComandoOldCorrela, QuartoArgumentoEhMinCorr) {
   const PASTA pasta;
   preparaEntradas();
   executa({"oldcorrela", "a.pgm", "k.cfg", "a.ho1", "0.3"});
-  const ESPERADO esperado(0.3);
-  EXPECT_LT(esperado.maximos.size(), ESPERADO(0.001).maximos.size());
+  const ESPERADO_DE_OLDCORRELA esperado(0.3);
+  EXPECT_LT(esperado.maximos.size(), ESPERADO_DE_OLDCORRELA(0.001).maximos.size());
   EXPECT_EQ(leTudo("a.ho1"), esperado.arquivo());
   confereImagem(esperado.nivelZero);
 }
@@ -144,7 +139,7 @@ TEST(ComandoOldCorrela, ImagemFicaNaPastaCorrenteMesmoComSaidaEmOutra) {
   EXPECT_EQ(executa({"oldcorrela", "a.pgm", "k.cfg", "outra/a.ho1"}).estado, 0);
   EXPECT_TRUE(existe("outra/a.ho1"));
   EXPECT_FALSE(existe("outra/oldcorrela.img"));
-  confereImagem(ESPERADO(0.001).nivelZero);
+  confereImagem(ESPERADO_DE_OLDCORRELA(0.001).nivelZero);
 }
 
 TEST(ComandoOldCorrela, SemMaximosAbortaDepoisDaImagemESemLista) {
@@ -152,7 +147,7 @@ TEST(ComandoOldCorrela, SemMaximosAbortaDepoisDaImagemESemLista) {
   preparaEntradas();
   const EXECUCAO e = executa({"oldcorrela", "a.pgm", "k.cfg", "a.ho1", "1.5"});
   EXPECT_EQ(e.sinal, SIGABRT);
-  const ESPERADO esperado(1.5);
+  const ESPERADO_DE_OLDCORRELA esperado(1.5);
   EXPECT_EQ(e.saida, titulo + esperado.ateOrdenar());
   EXPECT_NE(e.erro.find("Vorplex: vorplex:558: void ordena(std::vector<MAXLOCAL>&, int, int): "
                         "Assertion `l<=r' failed.\n"),

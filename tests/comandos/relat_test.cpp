@@ -8,7 +8,7 @@
 
 namespace {
 
-const std::string uso = "Relat ent.ho2 sai.rel\n";
+const std::string usoRelat = "Relat ent.ho2 sai.rel\n";
 const std::string vazio = "Circulos:\n  area  quant\nRetangulos e quadrados:\n  area  quant\n";
 
 std::string lendo(const std::string& nome, int quantos) {
@@ -23,9 +23,9 @@ TEST(ComandoRelat, NumeroErradoDeArgumentosMostraOUso) {
   const PASTA pasta;
   grava("a.ho2", listaHo({}));
   const std::string erro = "Erro: Numero de argumentos invalido";
-  confereErro(executa({"relat"}), uso, erro);
-  confereErro(executa({"relat", "a.ho2"}), uso, erro);
-  confereErro(executa({"relat", "a.ho2", "b.rel", "extra"}), uso, erro);
+  confereErro(executa({"relat"}), usoRelat, erro);
+  confereErro(executa({"relat", "a.ho2"}), usoRelat, erro);
+  confereErro(executa({"relat", "a.ho2", "b.rel", "extra"}), usoRelat, erro);
   EXPECT_FALSE(existe("b.rel"));
 }
 

@@ -10,7 +10,7 @@ namespace {
 
 using FOTO = cv::Mat_<pim::VEC3B>;
 
-const std::string uso =
+const std::string usoTraca =
     "Traca imagem.ppm imagem.ho1 saida.ppm [c|C] [i] [p|P]\n"
     "  Mostra os maximos locais (ho1 ou ho2) sem filtrar\n"
     "  c=contorno C=contorno bold\n"
@@ -48,9 +48,10 @@ const std::string anel = desenhada({".........",  //
                                     "........."});
 
 TEST_F(ComandoTraca, ArgumentosDeMenosMostramOUsoEErro) {
-  confereErro(executa({"traca"}), uso, "Erro: Numero de argumentos invalido");
-  confereErro(executa({"TRACA", "a.ppm"}), uso, "Erro: Numero de argumentos invalido");
-  confereErro(executa({"traca", "a.ppm", "a.ho1"}), uso, "Erro: Numero de argumentos invalido");
+  confereErro(executa({"traca"}), usoTraca, "Erro: Numero de argumentos invalido");
+  confereErro(executa({"TRACA", "a.ppm"}), usoTraca, "Erro: Numero de argumentos invalido");
+  confereErro(executa({"traca", "a.ppm", "a.ho1"}), usoTraca,
+              "Erro: Numero de argumentos invalido");
 }
 
 TEST_F(ComandoTraca, SemOpcoesGravaSoContornosFinosVermelhosENaoDizNada) {

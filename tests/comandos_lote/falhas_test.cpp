@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <ostream>
 
 #include "apoio/executa.h"
 #include "cenario.h"
@@ -100,6 +101,10 @@ struct USO {
   TEXTOS args;
   std::string erro;  // the first line
 };
+
+void PrintTo(const USO& uso, std::ostream* s) {
+  *s << uso.nome;
+}
 
 struct UsoErrado : Lote, testing::WithParamInterface<USO> {};
 

@@ -11,8 +11,6 @@ namespace {
 
 using FLOAT = cv::Mat_<float>;
 
-constexpr double tolerancia = 1e-6;
-
 }  // namespace
 
 TEST(CorrelaPiramide, EhASomaDiretaComBordaRepetida) {

@@ -17,11 +17,6 @@ MAXLOCAL ponto(float correl, char forma, int li, int ci) {
   return {correl, forma, li, ci, 9, 9, 0};
 }
 
-bool emOrdem(const LISTA& v) {
-  return std::is_sorted(v.begin(), v.end(),
-                        [](const MAXLOCAL& p, const MAXLOCAL& q) { return p.correl > q.correl; });
-}
-
 LISTA eliminaIngenuo(const LISTA& entrada, int maxDist) {
   LISTA mantidos;
   for (const MAXLOCAL& m : entrada) {

@@ -11,8 +11,6 @@ namespace {
 
 using FLOAT = cv::Mat_<float>;
 
-constexpr double tolerancia = 1e-6;
-
 MASCARA nucleo(const FLOAT& K, int sPir) {
   MASCARA m;
   m.kernel = K;

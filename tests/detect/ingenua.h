@@ -40,6 +40,12 @@ inline void ordenaLiteral(std::vector<MAXLOCAL>& v, int l, int r) {
                    [](const MAXLOCAL& a, const MAXLOCAL& b) { return a.correl > b.correl; });
 }
 
+// Whether no record has a larger correlation than one before it.
+inline bool emOrdem(const std::vector<MAXLOCAL>& v) {
+  return std::is_sorted(v.begin(), v.end(),
+                        [](const MAXLOCAL& a, const MAXLOCAL& b) { return a.correl > b.correl; });
+}
+
 inline bool iguais(const MAXLOCAL& a, const MAXLOCAL& b) {
   return a.correl == b.correl && a.forma == b.forma && a.li == b.li && a.ci == b.ci &&
          a.d1 == b.d1 && a.d2 == b.d2 && a.ang == b.ang;
@@ -53,6 +59,9 @@ inline int primeiraDiferenca(const std::vector<MAXLOCAL>& a, const std::vector<M
   }
   return a.size() == b.size() ? -1 : static_cast<int>(n);
 }
+
+// What the correlations may differ from the direct sums, for weights that sum to 1.
+inline constexpr double tolerancia = 1e-6;
 
 // The correlation at pixel (l, c) by its definition, the border of the image repeated outside it,
 // and that of every pixel.

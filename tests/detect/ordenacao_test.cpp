@@ -27,11 +27,6 @@ void ordenaTudo(LISTA& v) {
   ordena(v, 0, static_cast<int>(v.size()) - 1);
 }
 
-bool emOrdem(const LISTA& v) {
-  return std::is_sorted(v.begin(), v.end(),
-                        [](const MAXLOCAL& a, const MAXLOCAL& b) { return a.correl > b.correl; });
-}
-
 bool cadaUmUmaVez(const LISTA& v) {
   std::vector<bool> visto(v.size(), false);
   for (const MAXLOCAL& m : v) visto[static_cast<std::size_t>(m.li)] = true;

@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr unsigned semente = 20;
+constexpr unsigned sementeDeFotos = 20;
 
 cv::Mat_<float> fotografia(int rows, int cols, std::mt19937& g) {
   std::uniform_int_distribution<int> cinza(0, 255);
@@ -46,7 +46,7 @@ MASCARA sorteiaKernel(std::mt19937& g, double maior) {
 
 // Checks the maps of a group against direct sums: the best value to 1e-6, and the kernel named to
 // reach it.
-void confere(const PIRAMIDE& piramide, const std::vector<MASCARA>& kernels) {
+void confereMapas(const PIRAMIDE& piramide, const std::vector<MASCARA>& kernels) {
   MELHORCORREL melhor;
   MELHORKERNEL qual;
   correlaGrupo(piramide, kernels, 0, static_cast<int>(kernels.size()) - 1, melhor, qual);
@@ -71,7 +71,7 @@ void confere(const PIRAMIDE& piramide, const std::vector<MASCARA>& kernels) {
 }  // namespace
 
 TEST(Niveis, FotografiaDe8BitsEhInteiraNosDoisPrimeirosNiveis) {
-  std::mt19937 g(semente);
+  std::mt19937 g(sementeDeFotos);
   PIRAMIDE piramide;
   constroiPiramide(piramide, fotografia(64, 50, g), 4);
   const NIVEIS niveis = preparaNiveis(piramide);
@@ -91,36 +91,36 @@ TEST(Niveis, ValoresNaoFinitosNaoSeRepresentam) {
 }
 
 TEST(Rapida, IgualASomaDiretaEmImagensDe1PixelAMaioresQueOKernel) {
-  std::mt19937 g(semente);
+  std::mt19937 g(sementeDeFotos);
   for (const auto& [rows, cols] : {std::pair{1, 1}, {1, 7}, {5, 2}, {17, 33}, {70, 41}}) {
     PIRAMIDE piramide;
     constroiPiramide(piramide, fotografia(rows, cols, g), 0);
     std::vector<MASCARA> kernels;
     for (int k = 0; k < 4; ++k) kernels.push_back(sorteiaKernel(g, 24));
-    confere(piramide, kernels);
+    confereMapas(piramide, kernels);
   }
 }
 
 TEST(Rapida, IgualASomaDiretaComValoresReaisQuaisquer) {
-  std::mt19937 g(semente);
+  std::mt19937 g(sementeDeFotos);
   std::uniform_real_distribution<float> valor(-1.0F, 1.0F);
   cv::Mat_<float> img(30, 37);
   for (float& x : img) x = valor(g);
   std::vector<MASCARA> kernels = {sorteiaKernel(g, 15), sorteiaKernel(g, 15)};
-  confere({img}, kernels);
+  confereMapas({img}, kernels);
 }
 
 TEST(Rapida, IgualASomaDiretaEmImagemSaturada) {
-  std::mt19937 g(semente);
+  std::mt19937 g(sementeDeFotos);
   cv::Mat_<float> img(40, 40, 0.0F);
   for (float& x : img) x = g() % 2 == 0 ? 0.0F : 1.0F;
   PIRAMIDE piramide;
   constroiPiramide(piramide, img, 4);
-  confere(piramide, {sorteiaKernel(g, 20), sorteiaKernel(g, 20)});
+  confereMapas(piramide, {sorteiaKernel(g, 20), sorteiaKernel(g, 20)});
 }
 
 TEST(Rapida, ImagemConstanteDaZeroExatoEOPrimeiroKernelEmTodosOsPixels) {
-  std::mt19937 g(semente);
+  std::mt19937 g(sementeDeFotos);
   for (const float valor : {0.0F, 77 / 255.0F, 1.0F}) {
     PIRAMIDE piramide;
     constroiPiramide(piramide, cv::Mat_<float>(90, 80, valor), 4);
@@ -140,7 +140,7 @@ TEST(Rapida, ImagemConstanteDaZeroExatoEOPrimeiroKernelEmTodosOsPixels) {
 }
 
 TEST(Rapida, KernelsIguaisEmpatamEOPrimeiroFica) {
-  std::mt19937 g(semente);
+  std::mt19937 g(sementeDeFotos);
   const MASCARA m = sorteiaKernel(g, 20);
   PIRAMIDE piramide = {fotografia(40, 50, g)};
   MELHORCORREL melhor;
@@ -150,27 +150,27 @@ TEST(Rapida, KernelsIguaisEmpatamEOPrimeiroFica) {
 }
 
 TEST(Rapida, KernelDeOutrosValoresVaiPeloFiltroGeralComOMesmoContrato) {
-  std::mt19937 g(semente);
+  std::mt19937 g(sementeDeFotos);
   MASCARA estranho;
   estranho.kernel = (cv::Mat_<float>(3, 3) << 0, 0.5F, 0, 0.25F, -1, 0.25F, 0, 0, 0);
-  confere({fotografia(20, 25, g)}, {estranho, sorteiaKernel(g, 10)});
+  confereMapas({fotografia(20, 25, g)}, {estranho, sorteiaKernel(g, 10)});
 }
 
 TEST(Rapida, AreaGrandeDemaisPara32BitsPassaADouble) {
   // Level 1 holds multiples of 1/65280: a region of 66000 pixels would overflow.
-  std::mt19937 g(semente);
+  std::mt19937 g(sementeDeFotos);
   PIRAMIDE piramide;
   constroiPiramide(piramide, cv::Mat_<float>(24, 20, 1.0F), 2);
   piramide[1](3, 3) = 0.25F;
   MASCARA m;
   kernelCirculo(m.kernel, 300);
   m.sPir = 1;
-  confere(piramide, {m});
+  confereMapas(piramide, {m});
 }
 
 TEST(Rapida, FaixasEBlocosJuntamSeSemEmenda) {
   // More columns than a strip and more rows than a block, against the plain form.
-  std::mt19937 g(semente);
+  std::mt19937 g(sementeDeFotos);
   PIRAMIDE piramide;
   constroiPiramide(piramide, fotografia(150, 601, g), 4);
   std::vector<MASCARA> kernels;
@@ -190,7 +190,7 @@ TEST(Rapida, FaixasEBlocosJuntamSeSemEmenda) {
 // Kernels of few and of many terms are evaluated in different ways.
 template <class T>
 void compara(AVALIA<T>* avalia, const char* nome, unsigned maximoDeTermos) {
-  std::mt19937 g(semente);
+  std::mt19937 g(sementeDeFotos);
   constexpr int passo = 400;
   std::vector<T> plano(std::size_t{passo} * 60);
   for (T& x : plano) {

@@ -3,33 +3,44 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <map>
 #include <random>
 #include <string>
-#include <utility>
+#include <vector>
 
 #include "detect/escolha.h"
 #include "kernels/normaliza.h"
 
 namespace {
 
-constexpr unsigned semente = 4711;
+constexpr unsigned sementeDeRegioes = 4711;
 
-using PESOS = std::map<std::pair<int, int>, int>;  // of pixels, by row and column
+// The weights of the pixels from row `topo` down and column `margem` on.
+struct PESOS {
+  int topo;
+  int margem;
+  std::vector<std::vector<int>> linhas;
+
+  int& em(int l, int c) {
+    const auto i = static_cast<std::size_t>(l - topo);
+    const auto j = static_cast<std::size_t>(c - margem);
+    if (linhas.size() <= i) linhas.resize(i + 1);
+    if (linhas[i].size() <= j) linhas[i].resize(j + 1, 0);
+    return linhas[i][j];
+  }
+};
 
 // Adds to `pesos` the pixels that plane `p` sums at (l, c), each with weight `s`: by the definition
-// of the planes, step by step up to row `topo` and along each row to column `margem`.
-void expande(const std::vector<PLANO>& planos, int p, int l, int c, int s, int topo, int margem,
-             PESOS& pesos) {
-  for (; l >= topo; --l) {
+// of the planes, step by step up to the first row and along each row to the first column.
+void expande(const std::vector<PLANO>& planos, int p, int l, int c, int s, PESOS& pesos) {
+  for (; l >= pesos.topo; --l) {
     if (p == 0) {
-      for (int x = margem; x <= c; ++x) pesos[{l, x}] += s;
+      for (int x = pesos.margem; x <= c; ++x) pesos.em(l, x) += s;
       return;
     }
     const PLANO& plano = planos[static_cast<std::size_t>(p) - 1];
-    if (plano.dosPixels && c >= margem) pesos[{l, c}] += s;
+    if (plano.dosPixels && c >= pesos.margem) pesos.em(l, c) += s;
     for (const TERMO& t : plano.soma) {
-      expande(planos, t.plano, l + t.dl, c + t.dc, s * t.sinal, topo, margem, pesos);
+      expande(planos, t.plano, l + t.dl, c + t.dc, s * t.sinal, pesos);
     }
     l -= plano.dl - 1;
     c -= plano.dc;
@@ -42,17 +53,18 @@ REGIAO refaz(const std::vector<TERMO>& termos, const std::vector<PLANO>& planos,
              int cols) {
   // Sums that start above and left of everything agree wherever they meet.
   constexpr int longe = 40;
-  PESOS pesos;
-  for (const TERMO& t : termos) {
-    expande(planos, t.plano, t.dl, t.dc, t.sinal, -rows / 2 - longe, -cols / 2 - longe * 4, pesos);
-  }
+  PESOS pesos{-rows / 2 - longe, -cols / 2 - longe * 4, {}};
+  for (const TERMO& t : termos) expande(planos, t.plano, t.dl, t.dc, t.sinal, pesos);
   REGIAO r(rows, cols, static_cast<unsigned char>(0));
-  for (const auto& [onde, peso] : pesos) {
-    const int l = onde.first + rows / 2;
-    const int c = onde.second + cols / 2;
-    if (peso == 0) continue;
-    if (peso != 1 || l < 0 || l >= rows || c < 0 || c >= cols) return {};
-    r(l, c) = 1;
+  for (std::size_t i = 0; i < pesos.linhas.size(); ++i) {
+    for (std::size_t j = 0; j < pesos.linhas[i].size(); ++j) {
+      const int peso = pesos.linhas[i][j];
+      const int l = static_cast<int>(i) + pesos.topo + rows / 2;
+      const int c = static_cast<int>(j) + pesos.margem + cols / 2;
+      if (peso == 0) continue;
+      if (peso != 1 || l < 0 || l >= rows || c < 0 || c >= cols) return {};
+      r(l, c) = 1;
+    }
   }
   return r;
 }
@@ -94,7 +106,7 @@ const std::vector<std::vector<ESCADA>> conjuntos = {
     {{{0}, true}, {{1}, true}, {{2, 1, 1}, false}, {{0, 0, -1, 0, -1}, false}},
 };
 
-void confere(const REGIAO& regiao) {
+void confereTermos(const REGIAO& regiao) {
   const auto lados = ladosDaRegiao(regiao);
   for (std::size_t i = 0; i < conjuntos.size(); ++i) {
     const auto termos = termosDosLados(lados, conjuntos[i]);
@@ -113,15 +125,15 @@ std::size_t termosCom(const REGIAO& r, const std::vector<ESCADA>& escadas) {
 }  // namespace
 
 TEST(Termos, SomamQualquerRegiaoComQualquerConjuntoDeEscadas) {
-  std::mt19937 g(semente);
-  for (int vez = 0; vez < 60; ++vez) confere(manchada(g));
+  std::mt19937 g(sementeDeRegioes);
+  for (int vez = 0; vez < 60; ++vez) confereTermos(manchada(g));
 }
 
 TEST(Termos, SomamRegioesDeLadosEmEscadaComDesvios) {
-  std::mt19937 g(semente);
+  std::mt19937 g(sementeDeRegioes);
   for (const std::vector<int>& passos : std::vector<std::vector<int>>{
            {0}, {1}, {-1}, {2}, {0, 1}, {0, -1}, {1, 0, 0}, {2, 1, 1}, {0, 0, -1, 0, -1}}) {
-    for (int vez = 0; vez < 5; ++vez) confere(emEscada(g, passos));
+    for (int vez = 0; vez < 5; ++vez) confereTermos(emEscada(g, passos));
   }
 }
 

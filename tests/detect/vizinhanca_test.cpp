@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr unsigned semente = 21;
+constexpr unsigned sementeDeListas = 21;
 
 bool iguais(const std::vector<MAXLOCAL>& a, const std::vector<MAXLOCAL>& b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const auto& x, const auto& y) {
@@ -20,7 +20,7 @@ bool iguais(const std::vector<MAXLOCAL>& a, const std::vector<MAXLOCAL>& b) {
 }
 
 // A list in decreasing order with few distinct correlations, so that ties abound.
-std::vector<MAXLOCAL> lista(std::mt19937& g, int n, int lado, int valores) {
+std::vector<MAXLOCAL> listaComEmpates(std::mt19937& g, int n, int lado, int valores) {
   std::vector<MAXLOCAL> v;
   for (int i = 0; i < n; ++i) {
     MAXLOCAL m;
@@ -38,11 +38,11 @@ std::vector<MAXLOCAL> lista(std::mt19937& g, int n, int lado, int valores) {
 }  // namespace
 
 TEST(EliminaProximoRapido, IgualAFormaSimplesInclusiveNosEmpates) {
-  std::mt19937 g(semente);
+  std::mt19937 g(sementeDeListas);
   for (int vez = 0; vez < 300; ++vez) {
     const int n = static_cast<int>(g() % 300) + 1;
     const int lado = static_cast<int>(g() % 60) + 1;
-    const auto v = lista(g, n, lado, static_cast<int>(g() % 20) + 1);
+    const auto v = listaComEmpates(g, n, lado, static_cast<int>(g() % 20) + 1);
     const int maxDist = static_cast<int>(g() % 6) - 1;
     std::vector<MAXLOCAL> rapido;
     std::vector<MAXLOCAL> simples;
@@ -69,8 +69,8 @@ TEST(EliminaProximoRapido, CoordenadasNosExtremosDoInteiro) {
 }
 
 TEST(EliminaProximoRapido, ListaEsparsaNaoPedeTabelaDoTamanhoDoPlano) {
-  std::mt19937 g(semente);
-  auto v = lista(g, 2000, 100, 5);
+  std::mt19937 g(sementeDeListas);
+  auto v = listaComEmpates(g, 2000, 100, 5);
   v[7].li = INT_MAX;  // the plane is now a billion rows high
   v[9].ci = INT_MIN;
   std::vector<MAXLOCAL> rapido;
@@ -81,10 +81,10 @@ TEST(EliminaProximoRapido, ListaEsparsaNaoPedeTabelaDoTamanhoDoPlano) {
 }
 
 TEST(OrdenaPorChaves, IgualATrocaDeRegistrosInteiros) {
-  std::mt19937 g(semente);
+  std::mt19937 g(sementeDeListas);
   for (int vez = 0; vez < 300; ++vez) {
     const int n = static_cast<int>(g() % 400) + 1;
-    std::vector<MAXLOCAL> a = lista(g, n, 50, 7);
+    std::vector<MAXLOCAL> a = listaComEmpates(g, n, 50, 7);
     std::shuffle(a.begin(), a.end(), g);
     std::vector<MAXLOCAL> b = a;
     const int l = static_cast<int>(g() % static_cast<unsigned>(n));

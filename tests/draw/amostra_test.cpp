@@ -7,10 +7,10 @@
 #include <random>
 
 #include "apoio/figuras.h"
+#include "fotos.h"
 
 namespace {
 
-using FOTO = cv::Mat_<pim::VEC3B>;
 using std::int64_t;
 
 const pim::VEC3B preto(0, 0, 0);
@@ -35,10 +35,8 @@ FOTO amostraIngenua(MAXLOCAL m, const FOTO& img, double fatorZoom) {
   return amostra;
 }
 
-int coordenada(std::mt19937& sorteio, int n) {
-  constexpr int menor = std::numeric_limits<int>::min();
-  constexpr int maior = std::numeric_limits<int>::max();
-  constexpr int longe[] = {menor, menor + 3, maior - 3, maior};
+int centroSorteado(std::mt19937& sorteio, int n) {
+  constexpr int longe[] = {menorInt, menorInt + 3, maiorInt - 3, maiorInt};
   if (sorteia(sorteio, 0, 19) == 0) return longe[sorteia(sorteio, 0, 3)];
   return sorteia(sorteio, -15, n + 15);
 }
@@ -53,8 +51,8 @@ TEST(ExtraiAm, IgualAVersaoIngenuaEmFormasSorteadas) {
     const FOTO original = img.clone();
     const MAXLOCAL m = {0.5F,
                         "cqre"[sorteia(sorteio, 0, 3)],
-                        coordenada(sorteio, img.rows),
-                        coordenada(sorteio, img.cols),
+                        centroSorteado(sorteio, img.rows),
+                        centroSorteado(sorteio, img.cols),
                         sorteia(sorteio, 2, 40) * 0.5,
                         sorteia(sorteio, 1, 40) * 0.5,
                         sorteia(sorteio, -180, 180) * 1.0};

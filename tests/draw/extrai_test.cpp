@@ -7,11 +7,10 @@
 #include "apoio/figuras.h"
 #include "apoio/pasta.h"
 #include "draw/amostra.h"
+#include "fotos.h"
 #include "pim/imagem.h"
 
 namespace {
-
-using FOTO = cv::Mat_<pim::VEC3B>;
 
 // A folder with a photograph "foto.ppm" and a list "foto.ho2" of five detections.
 struct ExtraiNaPasta : testing::Test {

@@ -3,29 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <limits>
 #include <random>
 
 #include "apoio/figuras.h"
+#include "fotos.h"
 #include "kernels/formas.h"
 
 namespace {
 
-using FOTO = cv::Mat_<pim::VEC3B>;
-using RETRATO = std::vector<std::string>;
 using std::int64_t;
-
-constexpr int menorInt = std::numeric_limits<int>::min();
-constexpr int maiorInt = std::numeric_limits<int>::max();
-const pim::VEC3B vermelho(0, 0, 255);
-
-FOTO preta(int rows, int cols) {
-  return FOTO(rows, cols, pim::VEC3B(0, 0, 0));
-}
-
-MAXLOCAL deteccao(char forma, int li, int ci, double d1, double d2 = 0, double ang = 0) {
-  return {0.5F, forma, li, ci, d1, d2, ang};
-}
 
 cv::Mat_<unsigned char> contornoDe(const MAXLOCAL& m) {
   cv::Mat_<unsigned char> g;

@@ -1,33 +1,20 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <limits>
 #include <random>
 
 #include "apoio/figuras.h"
 #include "draw/formas.h"
+#include "fotos.h"
 #include "pim/letreiro.h"
 
 // The marks at the centre of a detection: its index and its centre point.
 
 namespace {
 
-using FOTO = cv::Mat_<pim::VEC3B>;
-using RETRATO = std::vector<std::string>;
 using std::int64_t;
 
-constexpr int menorInt = std::numeric_limits<int>::min();
-constexpr int maiorInt = std::numeric_limits<int>::max();
-const pim::VEC3B vermelho(0, 0, 255);
 const pim::VEC3B verde(0, 255, 0);
-
-FOTO preta(int rows, int cols) {
-  return FOTO(rows, cols, pim::VEC3B(0, 0, 0));
-}
-
-MAXLOCAL deteccao(char forma, int li, int ci, double d1) {
-  return {0.5F, forma, li, ci, d1, d1, 0};
-}
 
 FOTO centroIngenuo(const FOTO& img, const MAXLOCAL& m, bool bold) {
   FOTO copia = img.clone();

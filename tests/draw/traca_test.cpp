@@ -7,13 +7,10 @@
 #include "apoio/figuras.h"
 #include "apoio/pasta.h"
 #include "draw/formas.h"
+#include "fotos.h"
 #include "pim/imagem.h"
 
 namespace {
-
-using FOTO = cv::Mat_<pim::VEC3B>;
-
-const pim::VEC3B vermelho(0, 0, 255);
 
 // A folder with a photograph "a.ppm" and a list "a.ho1" that has two touching detections.
 struct TracaNaPasta : testing::Test {

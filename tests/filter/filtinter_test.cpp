@@ -7,6 +7,7 @@
 #include <random>
 
 #include "apoio/figuras.h"
+#include "deteccao.h"
 #include "ingenuo.h"
 
 namespace {
@@ -15,10 +16,6 @@ using LISTA = std::vector<MAXLOCAL>;
 
 constexpr double menosQue1 = 0.9999999999999999;
 constexpr LIMITE folgado = {0, 1};
-
-MAXLOCAL deteccao(char forma, int li, int ci, double d, float correl = 0.5F) {
-  return {correl, forma, li, ci, d, d, 0};
-}
 
 // The positions in `entrada` of the detections that the filter keeps. Each must differ.
 std::vector<int> mantidos(LISTA entrada, cv::Size tamanho, const LIMITES& t) {

@@ -7,6 +7,7 @@
 #include <random>
 
 #include "apoio/figuras.h"
+#include "deteccao.h"
 #include "filter/filtinter.h"
 
 // The two measures of overlap on grids filled by hand.
@@ -22,10 +23,6 @@ GRADE gradeDe(int linhas, int colunas, const CELULAS& celulas) {
     grade(static_cast<unsigned>(lugar.first), static_cast<unsigned>(lugar.second)) = indices;
   }
   return grade;
-}
-
-MAXLOCAL deteccao(char forma, int li, int ci, double d) {
-  return {0.5F, forma, li, ci, d, d, 0};
 }
 
 TEST(CalcInter, MeioCirculoForaDaImagemDaQuaseMetadeNaGradeVazia) {

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr unsigned semente = 22;
+constexpr unsigned sementeDeListas = 22;
 
 std::vector<MAXLOCAL> lista(std::mt19937& g, int n, int lado) {
   std::uniform_real_distribution<double> tamanho(3, 14);
@@ -24,7 +24,7 @@ std::vector<MAXLOCAL> lista(std::mt19937& g, int n, int lado) {
 }
 
 // Whether `silhueta` marks exactly the zeros of the mask.
-void confere(const cv::Mat_<unsigned char>& mascara) {
+void confereSilhueta(const cv::Mat_<unsigned char>& mascara) {
   const SILHUETA s = silhueta(mascara);
   cv::Mat_<unsigned char> refeita(mascara.size(), 255);
   for (const auto& t : s.trechos) {
@@ -37,7 +37,7 @@ void confere(const cv::Mat_<unsigned char>& mascara) {
 }  // namespace
 
 TEST(FiltroRapido, IgualAFormaSimplesEmListasSorteadas) {
-  std::mt19937 g(semente);
+  std::mt19937 g(sementeDeListas);
   std::size_t retirados = 0;
   for (int vez = 0; vez < 60; ++vez) {
     const int lado = 30 + static_cast<int>(g() % 60);
@@ -57,7 +57,7 @@ TEST(FiltroRapido, IgualAFormaSimplesEmListasSorteadas) {
 }
 
 TEST(Ocupacao, ContaOcupadasEDeOutrosComoUmaPilhaPorPixel) {
-  std::mt19937 g(semente);
+  std::mt19937 g(sementeDeListas);
   OCUPACAO o(6, 9);
   std::vector<std::vector<int>> pilhas(6 * 9);
   for (int vez = 0; vez < 3000; ++vez) {
@@ -90,15 +90,15 @@ TEST(Ocupacao, RetirarOIndiceErradoOuForaDaGradeAborta) {
 }
 
 TEST(Silhueta, MarcaOsZerosDaMascara) {
-  std::mt19937 g(semente);
+  std::mt19937 g(sementeDeListas);
   for (const MAXLOCAL& m : lista(g, 100, 50)) {
     cv::Mat_<unsigned char> mascara;
     mascaraMaxLocal(m, mascara);
-    if (!mascara.empty()) confere(mascara);
+    if (!mascara.empty()) confereSilhueta(mascara);
   }
   cv::Mat_<unsigned char> furada(5, 7);
   for (unsigned char& p : furada) p = g() % 2 == 0 ? 0 : 255;
-  confere(furada);
+  confereSilhueta(furada);
 }
 
 TEST(Silhueta, EhADaMascaraParaQualquerForma) {

@@ -33,7 +33,7 @@ int centro(std::mt19937& sorteio, int n) {
   }
 }
 
-MAXLOCAL deteccao(std::mt19937& sorteio, const CASO& caso, int maiorLado) {
+MAXLOCAL sorteiaDeteccao(std::mt19937& sorteio, const CASO& caso, int maiorLado) {
   constexpr char letras[] = "cccqqqrrreeexz";
   MAXLOCAL m;
   m.correl = static_cast<float>(sorteia(sorteio, 0, 10)) / 10;
@@ -64,12 +64,14 @@ CASO sorteado(std::mt19937& sorteio) {
   // Small shapes on large images and the other way round.
   const int maiorLado = sorteia(sorteio, 2, 25);
   const int quantos = sorteia(sorteio, 1, 60);
-  for (int i = 0; i < quantos; ++i) caso.entrada.push_back(deteccao(sorteio, caso, maiorLado));
+  for (int i = 0; i < quantos; ++i) {
+    caso.entrada.push_back(sorteiaDeteccao(sorteio, caso, maiorLado));
+  }
   caso.limites = {limite(sorteio), limite(sorteio), limite(sorteio), limite(sorteio)};
   return caso;
 }
 
-std::vector<MAXLOCAL> filtra(CASO caso) {
+std::vector<MAXLOCAL> filtraCaso(CASO caso) {
   std::vector<MAXLOCAL> saida;
   const LIMITES& t = caso.limites;
   filtInter(caso.entrada, saida, caso.tamanho, t.circulo.minCorr, t.circulo.maxInter,
@@ -91,6 +93,13 @@ void confere(const std::vector<MAXLOCAL>& saida, const CASO& caso, const FILTRAD
   }
 }
 
+// With the sanitizers the literal version takes long.
+#ifdef VORPLEX_SANITIZE
+constexpr int casos = 500;
+#else
+constexpr int casos = 1500;
+#endif
+
 TEST(FiltInterSorteado, IgualAVersaoLiteral) {
   constexpr unsigned semente = 20411;
   std::mt19937 sorteio(semente);
@@ -98,7 +107,7 @@ TEST(FiltInterSorteado, IgualAVersaoLiteral) {
   int presos = 0;
   int completos = 0;
   int mudam[3] = {0, 0, 0};  // cases in which another way to withdraw would keep other shapes
-  for (int i = 0; i < 1500; ++i) {
+  for (int i = 0; i < casos; ++i) {
     SCOPED_TRACE(cv::format("semente %u caso %d", semente, i));
     const CASO caso = sorteado(sorteio);
     const FILTRADO esperado = filtraIngenuo(caso.entrada, caso.tamanho, caso.limites);
@@ -112,14 +121,14 @@ TEST(FiltInterSorteado, IgualAVersaoLiteral) {
       const FILTRADO outro = filtraIngenuo(caso.entrada, caso.tamanho, caso.limites, outras[k]);
       if (outro.mantidos != esperado.mantidos) ++mudam[k];
     }
-    ASSERT_NO_FATAL_FAILURE(confere(filtra(caso), caso, esperado));
+    ASSERT_NO_FATAL_FAILURE(confere(filtraCaso(caso), caso, esperado));
   }
   std::printf("%d casos, %d retirados, %d celulas presas; mudariam: %d %d %d\n", completos,
               retirados, presos, mudam[0], mudam[1], mudam[2]);
-  EXPECT_GT(completos, 1000);
-  EXPECT_GT(retirados, 1000);
-  EXPECT_GT(presos, 10000);
-  for (const int n : mudam) EXPECT_GT(n, 2);
+  EXPECT_GT(completos, casos * 2 / 3);
+  EXPECT_GT(retirados, casos * 2 / 3);
+  EXPECT_GT(presos, casos * 20 / 3);
+  for (const int n : mudam) EXPECT_GT(n, casos / 600);
 }
 
 TEST(FiltInterSorteado, ViolaAMesmaAfirmacaoQueAVersaoLiteral) {
@@ -133,7 +142,7 @@ TEST(FiltInterSorteado, ViolaAMesmaAfirmacaoQueAVersaoLiteral) {
     if (esperado.afirmacao.empty()) continue;
     ++violacoes;
     ASSERT_EQ(esperado.afirmacao, "l<rows && c<cols");
-    EXPECT_EXIT(filtra(caso), testing::KilledBySignal(SIGABRT),
+    EXPECT_EXIT(filtraCaso(caso), testing::KilledBySignal(SIGABRT),
                 "pimvet:[0-9]+: .*: Assertion .l<rows && c<cols' failed");
   }
   EXPECT_EQ(violacoes, 12);

@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "apoio/pasta.h"
 #include "kernels/ingenua.h"
 #include "kernels/lekernels.h"
+#include "le.h"
 
 namespace {
 
@@ -59,14 +59,6 @@ CASO sorteia(SORTEIO& g) {
   return caso;
 }
 
-std::vector<MASCARA> le(const std::string& texto) {
-  const PASTA pasta;
-  grava("kernel.cfg", texto);
-  std::vector<MASCARA> kernels;
-  leKernels("kernel.cfg", kernels);
-  return kernels;
-}
-
 void confereCampos(const std::vector<MASCARA>& obtidos, const std::vector<MASCARA>& esperados) {
   ASSERT_EQ(obtidos.size(), esperados.size());
   for (std::size_t i = 0; i < obtidos.size(); ++i) {
@@ -82,7 +74,7 @@ void confereCampos(const std::vector<MASCARA>& obtidos, const std::vector<MASCAR
   }
 }
 
-bool tabela(const MASCARA& m) {
+bool usaTabela(const MASCARA& m) {
   return m.forma == 'c' && std::nearbyint(m.d1) <= 4;
 }
 
@@ -112,7 +104,7 @@ int confereTudo(const std::vector<MASCARA>& v) {
   const auto mascara = [](const MASCARA& m) { return mascaraIngenua(m.forma, m.d1, m.d2, m.ang); };
   const int kernels = confereImagens<float>(
       v, [](const MASCARA& m) { return m.kernel; },
-      [](const MASCARA& m) { return kernelIngenuo(m.forma, m.d1, m.d2, m.ang); }, tabela);
+      [](const MASCARA& m) { return kernelIngenuo(m.forma, m.d1, m.d2, m.ang); }, usaTabela);
   const int contornos = confereImagens<unsigned char>(
       v, [](const MASCARA& m) { return m.contorno; },
       [&](const MASCARA& m) { return contornoIngenuo(mascara(m)); }, nunca);

@@ -3,15 +3,16 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <numbers>
 #include <random>
 
 #include "apoio/figuras.h"
 
 namespace {
 
-constexpr double pi = 3.141592653589793;
+using std::numbers::pi;
 
-MAXLOCAL forma(char letra, double d1, double d2, double ang, int li = 0, int ci = 0) {
+MAXLOCAL figura(char letra, double d1, double d2, double ang, int li = 0, int ci = 0) {
   return {0.5F, letra, li, ci, d1, d2, ang};
 }
 
@@ -54,7 +55,7 @@ TEST(Direcao, CossenoESenoEmQualquerAngulo) {
 }
 
 TEST(Contorno, RetanguloTemOsQuatroCantosNoSentidoPositivo) {
-  const std::vector<PONTO> v = contorno(forma('r', 20, 10, 0, 100, 200), 0.02);
+  const std::vector<PONTO> v = contorno(figura('r', 20, 10, 0, 100, 200), 0.02);
   ASSERT_EQ(v.size(), 4U);
   const double esperados[][2] = {{190, 95}, {210, 95}, {210, 105}, {190, 105}};
   for (std::size_t i = 0; i < 4; ++i) {
@@ -65,17 +66,17 @@ TEST(Contorno, RetanguloTemOsQuatroCantosNoSentidoPositivo) {
 }
 
 TEST(Contorno, OSegundoTamanhoDoQuadradoNaoConta) {
-  EXPECT_DOUBLE_EQ(areaComSinal(contorno(forma('q', 10, 3, 30), 0.02)), 100);
-  EXPECT_EQ(meiaCaixa(forma('q', 10, 3, 0)).y, 5);
-  EXPECT_EQ(meiaCaixa(forma('c', 10, 3, 45)).x, 5);
-  EXPECT_EQ(meiaCaixa(forma('c', 10, 3, 45)).y, 5);
+  EXPECT_DOUBLE_EQ(areaComSinal(contorno(figura('q', 10, 3, 30), 0.02)), 100);
+  EXPECT_EQ(meiaCaixa(figura('q', 10, 3, 0)).y, 5);
+  EXPECT_EQ(meiaCaixa(figura('c', 10, 3, 45)).x, 5);
+  EXPECT_EQ(meiaCaixa(figura('c', 10, 3, 45)).y, 5);
 }
 
 // A turn of 30 degrees clockwise on the screen brings the right end of the first axis down.
 TEST(Contorno, AngulosPositivosGiramParaBaixo) {
   double direita = -1e9;
   double linha = 0;
-  for (const PONTO& p : contorno(forma('e', 40, 4, 30), 0.02)) {
+  for (const PONTO& p : contorno(figura('e', 40, 4, 30), 0.02)) {
     if (p.x > direita) {
       direita = p.x;
       linha = p.y;
@@ -86,7 +87,7 @@ TEST(Contorno, AngulosPositivosGiramParaBaixo) {
 
 TEST(Contorno, CurvaPassaPertoDaCordaESobreOsEixos) {
   for (const double d : {0.5, 3.0, 20.0, 500.0, 1e6}) {
-    const std::vector<PONTO> v = contorno(forma('c', d, d, 0), 0.02);
+    const std::vector<PONTO> v = contorno(figura('c', d, d, 0), 0.02);
     EXPECT_EQ(v.size() % 4, 0U);
     EXPECT_GE(v.size(), 16U);
     for (std::size_t i = 0; i < v.size(); ++i) {
@@ -103,8 +104,8 @@ TEST(Contorno, CurvaPassaPertoDaCordaESobreOsEixos) {
 TEST(Contorno, ACaixaCabeOContornoSemFolga) {
   std::mt19937 sorteio(20312);
   for (int caso = 0; caso < 400; ++caso) {
-    const MAXLOCAL m = forma("cqre"[caso % 4], sorteia(sorteio, 1, 400) * 0.25,
-                             sorteia(sorteio, 1, 400) * 0.25, sorteia(sorteio, -360, 360), 7, 9);
+    const MAXLOCAL m = figura("cqre"[caso % 4], sorteia(sorteio, 1, 400) * 0.25,
+                              sorteia(sorteio, 1, 400) * 0.25, sorteia(sorteio, -360, 360), 7, 9);
     const PONTO meia = meiaCaixa(m);
     double maiorX = 0;
     double maiorY = 0;
@@ -121,8 +122,8 @@ TEST(Contorno, ACaixaCabeOContornoSemFolga) {
 TEST(Contorno, CobreOsPixelsDaMascara) {
   std::mt19937 sorteio(20313);
   for (int caso = 0; caso < 200; ++caso) {
-    const MAXLOCAL m = forma("cqre"[caso % 4], sorteia(sorteio, 20, 160) * 0.5,
-                             sorteia(sorteio, 20, 160) * 0.5, sorteia(sorteio, 0, 35) * 10);
+    const MAXLOCAL m = figura("cqre"[caso % 4], sorteia(sorteio, 20, 160) * 0.5,
+                              sorteia(sorteio, 20, 160) * 0.5, sorteia(sorteio, 0, 35) * 10);
     cv::Mat_<unsigned char> mascara;
     mascaraMaxLocal(m, mascara);
     const std::vector<PONTO> v = contorno(m, 0.02);
@@ -141,12 +142,12 @@ TEST(Contorno, CobreOsPixelsDaMascara) {
 }
 
 TEST(Aprumada, MultiplosDe90EQualquerCirculo) {
-  EXPECT_TRUE(aprumada(forma('r', 9, 4, 0)));
-  EXPECT_TRUE(aprumada(forma('e', 9, 4, 90)));
-  EXPECT_TRUE(aprumada(forma('q', 9, 4, -180)));
-  EXPECT_TRUE(aprumada(forma('c', 9, 4, 33)));
-  EXPECT_FALSE(aprumada(forma('q', 9, 4, 45)));
-  EXPECT_FALSE(aprumada(forma('e', 9, 4, 89)));
+  EXPECT_TRUE(aprumada(figura('r', 9, 4, 0)));
+  EXPECT_TRUE(aprumada(figura('e', 9, 4, 90)));
+  EXPECT_TRUE(aprumada(figura('q', 9, 4, -180)));
+  EXPECT_TRUE(aprumada(figura('c', 9, 4, 33)));
+  EXPECT_FALSE(aprumada(figura('q', 9, 4, 45)));
+  EXPECT_FALSE(aprumada(figura('e', 9, 4, 89)));
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <limits>
+#include <numbers>
 #include <random>
 
 #include "apoio/figuras.h"
@@ -12,7 +13,7 @@
 
 namespace {
 
-constexpr double pi = 3.141592653589793;
+using std::numbers::pi;
 
 MAXLOCAL forma(char letra, double d1, double d2 = 0, double ang = 0, int li = 50, int ci = 50) {
   return {0.5F, letra, li, ci, d1, d2, ang};

@@ -9,7 +9,7 @@ FOTOGRAFIA foto(const std::string& nome, int rows, int cols, ESCALA escala,
   return {nome, rows, cols, escala, medeTodos(v, rows, cols)};
 }
 
-MAXLOCAL forma(char letra, double d, int li = 50) {
+MAXLOCAL grao(char letra, double d, int li = 50) {
   return {0.5F, letra, li, 50, d, d, 0};
 }
 
@@ -17,7 +17,7 @@ const ESCALA meioMilimetro{0.5, UNIDADE::mm};
 
 TEST(Resume, ContagensAreaEDensidadeNaUnidade) {
   const FOTOGRAFIA f = foto("a", 100, 200, meioMilimetro,
-                            {forma('c', 10), forma('e', 10), forma('c', 10, 2), forma('q', 10)});
+                            {grao('c', 10), grao('e', 10), grao('c', 10, 2), grao('q', 10)});
   const RESUMO r = resume(f, GRANDEZA::equivalente, PESO::numero);
   EXPECT_EQ(r.fotos, 1U);
   EXPECT_EQ(r.graos, 4U);
@@ -31,7 +31,7 @@ TEST(Resume, ContagensAreaEDensidadeNaUnidade) {
 }
 
 TEST(Resume, SemEscalaEmPixels) {
-  const RESUMO r = resume(foto("a", 10, 20, {}, {forma('c', 7)}), GRANDEZA::menor, PESO::volume);
+  const RESUMO r = resume(foto("a", 10, 20, {}, {grao('c', 7)}), GRANDEZA::menor, PESO::volume);
   EXPECT_EQ(r.unidade, UNIDADE::px);
   EXPECT_EQ(r.area, 200);
   EXPECT_EQ(r.densidade, 1.0 / 200);
@@ -55,8 +55,8 @@ TEST(Resume, NenhumaFotoNaoTemDensidade) {
 
 TEST(Acumula, VariasFotosCadaUmaComASuaEscala) {
   ACUMULADO a;
-  acumula(a, foto("a", 100, 100, meioMilimetro, {forma('c', 10), forma('c', 20)}));
-  acumula(a, foto("b", 100, 100, {0.25, UNIDADE::mm}, {forma('q', 40)}));
+  acumula(a, foto("a", 100, 100, meioMilimetro, {grao('c', 10), grao('c', 20)}));
+  acumula(a, foto("b", 100, 100, {0.25, UNIDADE::mm}, {grao('q', 40)}));
   const RESUMO r = resume(a, {6});
   EXPECT_EQ(r.fotos, 2U);
   EXPECT_EQ(r.graos, 3U);
@@ -70,8 +70,8 @@ TEST(Acumula, VariasFotosCadaUmaComASuaEscala) {
 }
 
 TEST(Acumula, AOrdemDasFotosNaoMudaADistribuicao) {
-  const FOTOGRAFIA f = foto("a", 90, 90, meioMilimetro, {forma('c', 11.3), forma('e', 7.1)});
-  const FOTOGRAFIA g = foto("b", 90, 90, meioMilimetro, {forma('q', 9.7), forma('r', 8.9)});
+  const FOTOGRAFIA f = foto("a", 90, 90, meioMilimetro, {grao('c', 11.3), grao('e', 7.1)});
+  const FOTOGRAFIA g = foto("b", 90, 90, meioMilimetro, {grao('q', 9.7), grao('r', 8.9)});
   ACUMULADO ida;
   ida.grandeza = GRANDEZA::menor;
   ida.peso = PESO::volume;

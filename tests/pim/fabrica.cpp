@@ -8,9 +8,6 @@
 
 namespace {
 
-// Death tests fork, which worker threads of the image library would not survive.
-[[maybe_unused]] const bool semThreads = (cv::setNumThreads(1), true);
-
 void anexa32(BYTES& bytes, std::uint32_t v) {
   for (int d = 24; d >= 0; d -= 8) bytes.push_back(static_cast<unsigned char>(v >> d));
 }
