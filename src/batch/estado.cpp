@@ -18,9 +18,11 @@ constexpr std::string_view formato = "vorplex-lote 1";
 
 }  // namespace
 
-std::array<std::string, 7> arquivosDaFoto(const std::string& nome) {
-  return {nome + ".ho1", nome + ".ho2",   nome + ".rel", nome + ".png",
-          "graos.csv",   "graos.geojson", "rois.zip"};
+std::vector<std::string> arquivosDaFoto(const std::string& nome, bool comGraos) {
+  std::vector<std::string> v = {nome + ".ho1", nome + ".ho2", nome + ".rel",
+                                nome + ".png", "graos.csv",   "graos.geojson"};
+  if (comGraos) v.emplace_back("rois.zip");
+  return v;
 }
 
 void marcaFalha(const fs::path& pasta) {

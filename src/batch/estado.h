@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 // The hidden file that vorplex-lote leaves in each folder of results: from what the results were
 // made, and how they looked. All by content, never by date: copies, restored backups and clocks
@@ -19,8 +20,9 @@ inline constexpr const char* arquivoDasMensagens = "mensagens.txt";
 inline constexpr std::array<const char*, 3> arquivosDoConjunto = {"graos.csv", "resumo.csv",
                                                                   "relatorio.html"};
 
-// The seven files of a photograph called `nome`, in the order in which they are made.
-std::array<std::string, 7> arquivosDaFoto(const std::string& nome);
+// The files of a photograph called `nome`, in the order in which they are made. Without grains
+// there is no rois.zip.
+std::vector<std::string> arquivosDaFoto(const std::string& nome, bool comGraos = true);
 
 // Checksums of all that a step depends on, each step on the one before it.
 struct ORIGEM {

@@ -84,7 +84,7 @@ std::size_t mede(const RECEITA& r, const ALVO& alvo, cv::Size tamanho) {
   if (o.semBorda) std::erase_if(foto.graos, [](const GRAO& g) { return g.tocaBorda; });
   impGraosCsv(foto, "graos.csv", o.idioma);
   impGeojson(foto, "graos.geojson", o.idioma);
-  impRois(foto, "rois.zip");
+  impRois(foto, "rois.zip");  // none without grains
   return foto.graos.size();
 }
 
@@ -135,8 +135,10 @@ ORIGEM origem(const RECEITA& r, const std::string& fotoSoma) {
 }
 
 bool completos(const ESTADO& e, const fs::path& pasta, const std::string& nome) {
-  const auto feitos = arquivosDaFoto(nome);
-  return e.completo && std::all_of(feitos.begin(), feitos.end(), [&](const std::string& arquivo) {
+  const auto feitos = arquivosDaFoto(nome, e.graos > 0);
+  // Nor is anything there that this version would not make.
+  const bool estes = e.completo && e.arquivos.size() == feitos.size();
+  return estes && std::all_of(feitos.begin(), feitos.end(), [&](const std::string& arquivo) {
            return intacto(e, pasta, arquivo);
          });
 }
@@ -158,7 +160,7 @@ std::string exigeSoma(const RECEITA& r, const std::string& foto) {
 
 // What is in the working folder, the current directory.
 void registra(ESTADO& e, const std::string& nome) {
-  for (const std::string& arquivo : arquivosDaFoto(nome)) {
+  for (const std::string& arquivo : arquivosDaFoto(nome, e.graos > 0)) {
     const std::optional<std::string> soma = somaDoArquivo("./" + arquivo);
     if (!soma) pim::erro("Erro leitura arquivo ", arquivo);
     e.arquivos[arquivo] = *soma;

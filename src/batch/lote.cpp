@@ -125,17 +125,23 @@ bool fazTodas(LOTE& l, const RECEITA& receita, int aoMesmoTempo) {
   return inteira;
 }
 
-// Tables and page, in a process of their own: photographs are decoded there again. False when
-// interrupted; `porque` tells why they could not be written.
-bool juntaTodas(const LOTE& l, const std::string& comando, std::string& porque) {
-  std::vector<ALVO> prontas;
+// Tables and page, in a process of their own. False when interrupted; `porque` tells why they could
+// not be written.
+bool juntaTodas(const LOTE& l, const std::string& comando, int processos, std::string& porque) {
+  CONJUNTO c;
+  c.comando = comando;
+  c.processos = processos;
   for (std::size_t i = 0; i < l.alvos.size(); ++i) {
-    if (l.fins[i].porque.empty()) prontas.push_back(l.alvos[i]);
+    if (l.fins[i].porque.empty()) {
+      c.prontas.push_back(l.alvos[i]);
+    } else {
+      c.falharam.push_back(l.alvos[i].nome);
+    }
   }
   TAREFAS t;
   t.quantas = 1;
   t.faz = [&](std::size_t) {
-    impConjunto(l.obra, l.opcoes, prontas, comando);
+    impConjunto(l.obra, l.opcoes, c);
     return 0;
   };
   t.acabou = [&](std::size_t, const TERMINO& fim) {
@@ -202,7 +208,7 @@ int trabalha(LOTE& l, const std::string& versao, const std::string& comando) {
   l.avanco.inicio = agora();
   if (!fazTodas(l, receita, processos)) return interrompe(l);
   std::string tabelas;
-  if (!juntaTodas(l, comando, tabelas)) return interrompe(l);
+  if (!juntaTodas(l, comando, processos, tabelas)) return interrompe(l);
   dizResultado(l, tabelas);
   return l.avanco.falharam > 0 || !tabelas.empty() ? algoFalhou : tudoBem;
 }

@@ -7,13 +7,15 @@
 
 #include "batch/estado.h"
 #include "batch/frases.h"
+#include "batch/processo.h"
 #include "detect/maxlocal.h"
 #include "export/graoscsv.h"
 #include "export/resumocsv.h"
 #include "export/valor.h"
 #include "measure/resumo.h"
+#include "page/figura.h"
 #include "page/pagina.h"
-#include "pim/arquivo.h"
+#include "pim/codecs.h"
 #include "pim/erro.h"
 #include "pim/texto.h"
 
@@ -32,14 +34,40 @@ FOTOGRAFIA leFotografia(const OBRA& obra, const OPCOES_LOTE& o, const std::strin
   return foto;
 }
 
-// The photograph; the picture with the outlines if it has been taken away meanwhile.
-std::string figura(const OBRA& obra, const ALVO& alvo) {
-  const pim::ARQUIVO arquivo(std::fopen(alvo.arquivo.c_str(), "rbe"));
-  if (arquivo) return alvo.arquivo.string();
-  return (pronta(obra, alvo.nome) / (alvo.nome + ".png")).string();
+// Makes the pictures of the page, each in a process of its own: one that has been taken away or
+// damaged since it was searched ends that process alone. Then the picture with the outlines serves;
+// where that fails too there is no name.
+std::vector<std::string> fazFiguras(const OBRA& obra, const CONJUNTO& c) {
+  const fs::path pasta = obra.pasta / "figuras";
+  fs::create_directory(pasta);
+  pim::codecs();  // loaded once for all of these processes
+  std::vector<std::string> nomes(c.prontas.size());
+  for (const bool tracada : {false, true}) {
+    std::vector<std::size_t> faltam;
+    for (std::size_t i = 0; i < nomes.size(); ++i) {
+      if (nomes[i].empty()) faltam.push_back(i);
+    }
+    const auto nome = [&](std::size_t k) { return (pasta / std::to_string(faltam[k])).string(); };
+    TAREFAS t;
+    t.quantas = faltam.size();
+    t.aoMesmoTempo = c.processos;
+    t.faz = [&](std::size_t k) {
+      const ALVO& alvo = c.prontas[faltam[k]];
+      const fs::path fonte =
+          tracada ? pronta(obra, alvo.nome) / (alvo.nome + ".png") : alvo.arquivo;
+      if (!fs::is_regular_file(fonte)) return 1;  // a pipe would be waited for
+      impFigura(fonte.string(), limiteDaFigura(nomes.size()), nome(k));
+      return 0;
+    };
+    t.acabou = [&](std::size_t k, const TERMINO& fim) {
+      if (fim.estado == 0) nomes[faltam[k]] = nome(k);
+    };
+    executaTarefas(t);
+  }
+  return nomes;
 }
 
-PAGINA comecaPagina(const OPCOES_LOTE& o, const std::string& comando) {
+PAGINA comecaPagina(const OPCOES_LOTE& o, const CONJUNTO& c) {
   PAGINA p;
   const std::string pasta = fs::path(o.saida).lexically_normal().string();
   p.titulo = cv::format(diz(falas::tituloDaPagina, o.idioma), pasta.c_str());
@@ -49,7 +77,8 @@ PAGINA comecaPagina(const OPCOES_LOTE& o, const std::string& comando) {
   p.peso = o.peso;
   p.peneiras = o.peneiras;
   if (!o.minCorr.empty()) pim::convArg(p.minCorr, o.minCorr);
-  p.comando = comando;
+  p.comando = c.comando;
+  p.falharam = c.falharam;
   return p;
 }
 
@@ -61,8 +90,8 @@ void assume(const OBRA& obra, const char* nome) {
 
 }  // namespace
 
-void impConjunto(const OBRA& obra, const OPCOES_LOTE& o, const std::vector<ALVO>& prontas,
-                 const std::string& comando) {
+void impConjunto(const OBRA& obra, const OPCOES_LOTE& o, const CONJUNTO& c) {
+  const std::vector<std::string> figuras = fazFiguras(obra, c);
   const auto aqui = [&](const char* nome) { return (obra.pasta / nome).string(); };
   TABELA_GRAOS tabela = abreGraosCsv(aqui("graos.csv"), o.escala.unidade, o.idioma);
   ACUMULADO total;
@@ -70,14 +99,14 @@ void impConjunto(const OBRA& obra, const OPCOES_LOTE& o, const std::vector<ALVO>
   total.peso = o.peso;
   total.unidade = o.escala.unidade;
   std::vector<LINHA_RESUMO> linhas;
-  PAGINA pagina = comecaPagina(o, comando);
-  for (const ALVO& alvo : prontas) {
-    FOTOGRAFIA foto = leFotografia(obra, o, alvo.nome);
+  PAGINA pagina = comecaPagina(o, c);
+  for (std::size_t i = 0; i < c.prontas.size(); ++i) {
+    FOTOGRAFIA foto = leFotografia(obra, o, c.prontas[i].nome);
     acrescenta(tabela, foto);
     acumula(total, foto);
     linhas.push_back({foto.nome, resume(foto, o.grandeza, o.peso, o.peneiras)});
     pagina.fotos.push_back(
-        {foto.nome, figura(obra, alvo), cv::Size(foto.cols, foto.rows), std::move(foto.graos)});
+        {foto.nome, figuras[i], cv::Size(foto.cols, foto.rows), std::move(foto.graos)});
   }
   conclui(std::move(tabela));
   impResumoCsv(linhas, resume(total, o.peneiras), aqui("resumo.csv"), o.idioma);

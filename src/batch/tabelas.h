@@ -9,8 +9,15 @@
 
 // What stands over all photographs.
 
-// Writes graos.csv, resumo.csv and relatorio.html of these photographs, whose results are complete,
-// into the output folder; each is written in the building site and then takes its name. `comando`
-// is how the run was called. pim::erro when one can't be written whole.
-void impConjunto(const OBRA& obra, const OPCOES_LOTE& o, const std::vector<ALVO>& prontas,
-                 const std::string& comando);
+struct CONJUNTO {
+  std::vector<ALVO> prontas;          // their results are complete
+  std::vector<std::string> falharam;  // names of the others
+  std::string comando;                // how the run was called
+  int processos = 1;                  // pictures at the same time
+};
+
+// Writes graos.csv, resumo.csv and relatorio.html of these photographs into the output folder; each
+// is written in the building site and then takes its name. A photograph that can't be read any more
+// is shown by the picture with its outlines, or by none. pim::erro when a file can't be written
+// whole.
+void impConjunto(const OBRA& obra, const OPCOES_LOTE& o, const CONJUNTO& c);

@@ -2,13 +2,16 @@
 
 #include <algorithm>
 #include <bit>
+#include <cerrno>
 #include <cmath>
 #include <cstdint>
+#include <cstdio>
 #include <opencv2/core.hpp>
 #include <string_view>
 
 #include "export/zip.h"
 #include "measure/contorno.h"
+#include "pim/erro.h"
 
 namespace {
 
@@ -136,6 +139,11 @@ std::string nomeDoRoi(const GRAO& g) {
 }
 
 void impRois(const FOTOGRAFIA& foto, const std::string& nome) {
+  if (foto.graos.empty()) {
+    const bool saiu = std::remove(nome.c_str()) == 0 || errno == ENOENT;
+    if (!saiu) pim::erro("Erro gravacao arquivo ", nome);
+    return;
+  }
   std::vector<ENTRADA> entradas;
   entradas.reserve(foto.graos.size());
   for (const GRAO& g : foto.graos) {

@@ -24,6 +24,7 @@ std::string nomeDoRoi(const GRAO& g);
 
 // Writes a zip file with one NAME.roi for each grain, in order, as the ROI Manager opens it.
 // Entries are stored and dated 1980-01-01, so the same grains give the same bytes. Without grains
-// it is an archive without entries. pim::erro when it can't be written whole, or when two grains
-// have the same index.
+// there is no file, and one that stood there goes: on an archive without entries ImageJ shows a
+// message and, run as a batch, waits for ever. pim::erro when it can't be written whole, or when
+// two grains have the same index.
 void impRois(const FOTOGRAFIA& foto, const std::string& nome);

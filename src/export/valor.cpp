@@ -46,7 +46,7 @@ std::size_t tamanhoUtf8(std::string_view s) {
 
 void poeTextoCsv(std::string& s, const std::string& texto) {
   const std::string limpo = emUtf8(texto);
-  if (limpo.find_first_of(",\"\r\n") == std::string::npos) {
+  if (limpo.find_first_of(",;\t\"\r\n") == std::string::npos) {
     s += limpo;
     return;
   }

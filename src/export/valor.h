@@ -22,9 +22,10 @@ void poeNumero(std::string& s, int x);
 // Appends a number with at most `digitos` significant digits, for coordinates.
 void poeArredondado(std::string& s, double x, int digitos);
 
-// Appends a field of a CSV file by RFC 4180: quoted when it holds a comma, a quote or a line break,
-// quotes doubled. Bytes that are not UTF-8, which file names may hold, become U+FFFD. A truth value
-// is 1 or 0; no value, or a number that is not finite, is an empty field.
+// Appends a field of a CSV file by RFC 4180: quoted when it holds a comma, a semicolon (which
+// separates where the comma is the decimal mark), a tab, a quote or a line break, quotes doubled.
+// Bytes that are not UTF-8, which file names may hold, become U+FFFD. A truth value is 1 or 0; no
+// value, or a number that is not finite, is an empty field.
 void poeCsv(std::string& s, const VALOR& v);
 
 // Appends a JSON value. No value, or a number that is not finite, is null.

@@ -44,8 +44,6 @@ std::string conteudo(zip_source_t* destino, const std::string& nome) {
 }
 
 std::string arquivoZip(const std::vector<ENTRADA>& entradas, const std::string& nome) {
-  // libzip leaves no file at all when there is no entry. This is the end record alone.
-  if (entradas.empty()) return "PK\x05\x06" + std::string(18, '\0');
   zip_error_t motivo;
   zip_error_init(&motivo);
   zip_source_t* destino = zip_source_buffer_create(nullptr, 0, 0, &motivo);

@@ -83,13 +83,14 @@ std::string ajustesEmJson(const PAGINA& pagina) {
   return emScript(s);
 }
 
-std::string fotoEmJson(const FOTO_DA_PAGINA& foto, cv::Size tamanho, const std::string& miniatura) {
+std::string fotoEmJson(const FOTO_DA_PAGINA& foto, const std::string& miniatura) {
   std::string s = "{";
   std::vector<VALOR> valores;
   poeMembro(s, "nome", foto.nome);
-  poeMembro(s, "rows", tamanho.height);
-  poeMembro(s, "cols", tamanho.width);
+  poeMembro(s, "rows", foto.tamanho.height);
+  poeMembro(s, "cols", foto.tamanho.width);
   poeMembro(s, "miniatura", miniatura);
+  if (foto.figura.empty()) poeMembro(s, "semFigura", 1);
   abreMembro(s, "graos", '[');
   for (const GRAO& g : foto.graos) poeGrao(s, g, valores);
   s += "]}";

@@ -13,5 +13,6 @@ std::string ajustesEmJson(const PAGINA& pagina);
 
 // One photograph: nome, rows, cols, miniatura (JPEG in base64) and graos, an array for each grain:
 // index, letter, row, column, d1, d2, angle, correlation, area, equivalent diameter, perimeter,
-// lesser and greater diameter, aspect, 1 when it touches the border; all in px.
-std::string fotoEmJson(const FOTO_DA_PAGINA& foto, cv::Size tamanho, const std::string& miniatura);
+// lesser and greater diameter, aspect, 1 when it touches the border; all in px. semFigura when its
+// picture is lost.
+std::string fotoEmJson(const FOTO_DA_PAGINA& foto, const std::string& miniatura);

@@ -8,7 +8,9 @@
 #include <memory>
 #include <opencv2/imgproc.hpp>
 
+#include "pim/arquivo.h"
 #include "pim/erro.h"
+#include "pim/imagem.h"
 
 namespace {
 
@@ -16,6 +18,9 @@ struct SOLTA {
   void operator()(void* h) const { tjDestroy(h); }
   void operator()(unsigned char* p) const { tjFree(p); }
 };
+
+constexpr const char* miniatura = ".mini";
+constexpr int qualidadeDaMiniatura = 75;
 
 // `lado` of a picture whose longer side shrinks from `de` to `para`.
 int encolhe(int lado, int de, int para) {
@@ -58,6 +63,28 @@ std::vector<unsigned char> emJpegAte(const cv::Mat_<pim::VEC3B>& img, std::size_
     }
   }
   return bytes;
+}
+
+void impFigura(const std::string& arquivo, std::size_t limite, const std::string& nome) {
+  cv::Mat_<pim::VEC3B> img;
+  pim::le(img, arquivo);
+  pim::gravaBytes(nome + miniatura, emJpeg(reduz(img, ladoDaMiniatura), qualidadeDaMiniatura));
+  pim::gravaBytes(nome, emJpegAte(img, limite));
+}
+
+FIGURA leFigura(const std::string& nome) {
+  return {pim::leBytes(nome), pim::leBytes(nome + miniatura)};
+}
+
+FIGURA figuraVazia(cv::Size tamanho) {
+  const int maior = std::max({tamanho.width, tamanho.height, 1});
+  const auto cinza = [&](int lado) {
+    const int para = std::min(lado, maior);
+    const cv::Mat_<pim::VEC3B> img(encolhe(tamanho.height, maior, para),
+                                   encolhe(tamanho.width, maior, para), pim::VEC3B(208, 208, 208));
+    return emJpeg(img, qualidadeDaMiniatura);
+  };
+  return {cinza(ladoDaFigura), cinza(ladoDaMiniatura)};
 }
 
 std::size_t limiteDaFigura(std::size_t fotos) {

@@ -140,7 +140,7 @@ vorplex.csv = (graos) => {
   const {colunas, escala, formas} = vorplex.ajustes;
   const campo = (v) => {
     const s = String(v);
-    return /[,"\r\n]/.test(s) ? `"${s.replaceAll('"', '""')}"` : s;
+    return /[,;\t"\r\n]/.test(s) ? `"${s.replaceAll('"', '""')}"` : s;
   };
   const potencias = colunas.slice(1, 17).map((nome) =>
     nome.endsWith('_px2') ? 2 : nome.endsWith('_px') ? 1 : 0);

@@ -11,7 +11,6 @@
 #include "page/figura.h"
 #include "page/html.h"
 #include "page/recursos.h"
-#include "pim/imagem.h"
 
 namespace {
 
@@ -36,17 +35,35 @@ void poeElementos(PARCIAL& p, const char* elemento, const NOMES& nomes) {
 
 // The record and the picture of one photograph, each in an element of its own: the record is read
 // when the page opens, the picture when its viewer is made.
-void poeFoto(PARCIAL& p, const FOTO_DA_PAGINA& foto, std::size_t limite) {
-  cv::Mat_<pim::VEC3B> img;
-  pim::le(img, foto.arquivo);
-  const cv::Size tamanho = foto.tamanho.empty() ? img.size() : foto.tamanho;
-  constexpr int qualidade = 75;
-  const std::string miniatura = emBase64(emJpeg(reduz(img, ladoDaMiniatura), qualidade));
+void poeFoto(PARCIAL& p, const FOTO_DA_PAGINA& foto) {
+  const FIGURA figura = foto.figura.empty() ? figuraVazia(foto.tamanho) : leFigura(foto.figura);
   poe(p, "<script type=\"application/json\" class=\"foto\">");
-  poe(p, fotoEmJson(foto, tamanho, miniatura));
+  poe(p, fotoEmJson(foto, emBase64(figura.miniatura)));
   poe(p, "</script>\n<script type=\"text/plain\" class=\"figura\">");
-  poe(p, emBase64(emJpegAte(img, limite)));
+  poe(p, emBase64(figura.jpeg));
   poe(p, "</script>\n");
+}
+
+// Which photographs are missing; nothing when none is. It needs no script to be seen.
+void poeFalharam(PARCIAL& p, const PAGINA& pagina) {
+  const std::size_t quantas = pagina.falharam.size();
+  if (quantas == 0) return;
+  const bool uma = quantas == 1;
+  const bool en = pagina.idioma == IDIOMA::en;
+  const char* verbo = uma ? "falhou e não está" : "falharam e não estão";
+  if (en) verbo = uma ? "failed and is not" : "failed and are not";
+  const std::size_t todas = quantas + pagina.fotos.size();
+  const std::string numeros = std::to_string(quantas) + (en ? " of " : " de ") +
+                              std::to_string(todas) + (en ? " photograph" : " fotografia") +
+                              (todas == 1 ? " " : "s ");
+  poe(p, "<p class=\"falharam\" id=\"falharam\"><strong>" + numeros + verbo +
+             (en ? " in the numbers of this page:" : " nos números desta página:") + "</strong>");
+  const char* separador = " ";
+  for (const std::string& nome : pagina.falharam) {
+    poe(p, separador + ("<bdi>" + emHtml(nome)) + "</bdi>");
+    separador = ", ";
+  }
+  poe(p, "</p>\n");
 }
 
 void preenche(PARCIAL& p, const PAGINA& pagina, std::string_view nome) {
@@ -58,9 +75,9 @@ void preenche(PARCIAL& p, const PAGINA& pagina, std::string_view nome) {
   }
   if (nome == "estilos") poeElementos(p, "style", estilos);
   if (nome == "ajustes") poe(p, ajustesEmJson(pagina));
+  if (nome == "falharam") poeFalharam(p, pagina);
   if (nome == "fotos") {
-    const std::size_t limite = limiteDaFigura(pagina.fotos.size());
-    for (const FOTO_DA_PAGINA& foto : pagina.fotos) poeFoto(p, foto, limite);
+    for (const FOTO_DA_PAGINA& foto : pagina.fotos) poeFoto(p, foto);
   }
   if (nome == "licencas") poe(p, emHtml(std::string(recurso("licencas.txt"))));
   if (nome == "scripts") poeElementos(p, "script", scripts);

@@ -15,10 +15,10 @@
 
 // A photograph and what was found in it.
 struct FOTO_DA_PAGINA {
-  std::string nome;     // how the page calls it
-  std::string arquivo;  // the picture to show, as pim::le reads it
-  cv::Size tamanho;     // of the photograph that the grains were found in; the picture is
-                        // stretched to it. Empty: that of the picture
+  std::string nome;    // how the page calls it
+  std::string figura;  // the picture to show, as impFigura left it; empty when there is none
+  cv::Size tamanho;    // of the photograph that the grains were found in; the picture is
+                       // stretched to it
   std::vector<GRAO> graos;
 };
 
@@ -33,10 +33,9 @@ struct PAGINA {
   double minCorr = 0;            // where the slider of the correlation stands at first
   std::string comando;           // how the page was made, shown at its end; may be empty
   std::vector<FOTO_DA_PAGINA> fotos;
+  std::vector<std::string> falharam;  // names of photographs that are not in the numbers
 };
 
-// Writes the page aside, as `nome`.parcial, and gives it its name when it is complete. Pictures are
-// reduced to 1600 pixels on their longer side, further when there are so many that the page would
-// become too large to open. pim::erro when a picture can't be read, an aperture is refused or the
-// page can't be written whole.
+// Writes the page aside, as `nome`.parcial, and gives it its name when it is complete. pim::erro
+// when a picture can't be read, an aperture is refused or the page can't be written whole.
 void impPagina(const PAGINA& pagina, const std::string& nome);

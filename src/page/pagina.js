@@ -170,6 +170,10 @@
   if (ajustes.comando !== '') {
     porId('comando').append(t('feito'), elemento('code', {}, ajustes.comando));
   }
+  // What is scrolled to stays below the bar, whose height depends on how it wraps.
+  new ResizeObserver(() => {
+    document.documentElement.style.scrollPaddingTop = `${porId('filtro').offsetHeight + 8}px`;
+  }).observe(porId('filtro'));
   preparaCursor();
   exata.value = ajustes.minCorr;
   mostraCursor();

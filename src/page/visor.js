@@ -175,7 +175,8 @@
       }),
     };
     visor.raiz = elemento('details', {class: 'visor', id: `foto-${foto.k}`},
-      elemento('summary', {}, elemento('bdi', {}, foto.nome), ' ', visor.contagem),
+      elemento('summary', {}, elemento('bdi', {}, foto.nome), ' ', visor.contagem,
+        foto.semFigura ? ` · ${t('semFigura')}` : ''),
       elemento('div', {class: 'corpo'}, visor.lugar, visor.papel,
         elemento('aside', {}, elemento('div', {class: 'passos'},
           elemento('h3', {}, t('registro')), ...visor.botoes), visor.ficha)));

@@ -1,4 +1,5 @@
 #include <sys/mount.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -13,6 +14,13 @@ namespace fs = std::filesystem;
 namespace {
 
 using TEXTOS = std::vector<std::string>;
+
+// The element of the page that tells which photographs failed; empty when there is none.
+std::string avisoDaPagina() {
+  const std::string pagina = leTudo("resultado/relatorio.html");
+  const std::size_t de = pagina.find("<p class=\"falharam\"");
+  return de == std::string::npos ? "" : pagina.substr(de, pagina.find("</p>", de) - de);
+}
 
 TEST_F(Lote, FotosRuinsCustamSoASiMesmas) {
   grava("fotos/corrompida.png", "\x89PNG\r\n\x1A\nisto nao e' PNG");
@@ -35,6 +43,15 @@ TEST_F(Lote, FotosRuinsCustamSoASiMesmas) {
   EXPECT_NE(c.erro.find("arquivo incompleto"), std::string::npos);
   EXPECT_EQ(linhas(c.erro), 8U);
   EXPECT_NE(leTudo("resultado/resumo.csv").find("\ntotal,2,6,"), std::string::npos);
+  EXPECT_EQ(linhas(leTudo("resultado/resumo.csv")), 4U);
+  // Whoever gets the page alone must know.
+  const std::string aviso = avisoDaPagina();
+  EXPECT_NE(aviso.find("7 de 9 fotografias falharam e não estão nos números"), std::string::npos)
+      << aviso;
+  for (const char* nome :
+       {"corrompida", "cortada", "texto", "vazia", "solta", "nao existe", "zero"}) {
+    EXPECT_NE(aviso.find("<bdi>" + std::string(nome) + "</bdi>"), std::string::npos) << aviso;
+  }
 
   // Mended, they are done, and only they.
   for (const char* nome : {"corrompida.png", "cortada.pgm", "texto.jpg", "vazia.tif"}) {
@@ -45,6 +62,74 @@ TEST_F(Lote, FotosRuinsCustamSoASiMesmas) {
   EXPECT_EQ(d.estado, 0);
   EXPECT_NE(d.saida.find("(feitas 4, ja prontas 2, falhas 0)"), std::string::npos) << d.saida;
   EXPECT_FALSE(existe("resultado/texto/mensagens.txt"));
+  EXPECT_EQ(avisoDaPagina(), "");
+}
+
+TEST_F(Lote, NomeHostilDeFotoQueFalhaNaoViraMarca) {
+  grava("fotos/<img src=x onerror=mau()>.jpg", "nada");
+  EXPECT_EQ(rodaLote(comando({"--idioma", "en", "fotos"})).estado, 1);
+  EXPECT_NE(avisoDaPagina().find("1 of 3 photographs failed and is not in the numbers of this page:"
+                                 "</strong> <bdi>&lt;img src=x onerror=mau()&gt;</bdi>"),
+            std::string::npos)
+      << avisoDaPagina();
+}
+
+// The last photograph is long enough for something to happen to the first, which is done by then.
+struct FotoQueSeVai : Lote {
+  LANCADA lancada;
+
+  void lanca() {
+    grava("fotos/g.pgm", pgm(cv::Mat_<unsigned char>(cv::repeat(imagem(0), 8, 8))));
+    lancada = lancaLote(comando({"-j", "1", "fotos"}));
+    for (int i = 0; i < 2000 && !existe("resultado/f1/.vorplex-lote"); ++i) usleep(1000);
+    ASSERT_FALSE(existe("resultado/relatorio.html"));
+  }
+
+  // The page is there with all photographs, and no failure is told; so many pictures are lost.
+  void confere(std::size_t perdidas) const {
+    const CORRIDA c = esperaLote(lancada);
+    EXPECT_EQ(c.estado, 0) << c.erro;
+    EXPECT_EQ(c.erro, "");
+    ASSERT_TRUE(existe("resultado/relatorio.html"));
+    const std::string pagina = leTudo("resultado/relatorio.html");
+    const auto vezes = [&](const std::string& parte) {
+      std::size_t n = 0;
+      for (std::size_t i = pagina.find(parte); i != std::string::npos;
+           i = pagina.find(parte, i + 1))
+        ++n;
+      return n;
+    };
+    EXPECT_EQ(vezes("class=\"figura\">/9j/"), 3U);
+    EXPECT_EQ(vezes("\"semFigura\":1"), perdidas);
+    EXPECT_EQ(linhas(leTudo("resultado/resumo.csv")), 5U);
+    EXPECT_FALSE(existe("resultado/.vorplex-lote-obra"));
+  }
+};
+
+TEST_F(FotoQueSeVai, ApagadaDepoisDeFeitaFicaComOsContornos) {
+  lanca();
+  fs::remove("fotos/f0.pgm");
+  confere(0);
+}
+
+TEST_F(FotoQueSeVai, EstragadaDepoisDeFeitaFicaComOsContornos) {
+  lanca();
+  grava("fotos/f0.pgm", "P5 100 100 255\ncortada");
+  confere(0);
+}
+
+TEST_F(FotoQueSeVai, TrocadaPorUmCanoNaoPrendeACorrida) {
+  lanca();
+  fs::remove("fotos/f0.pgm");
+  ASSERT_EQ(mkfifo("fotos/f0.pgm", 0600), 0);
+  confere(0);
+}
+
+TEST_F(FotoQueSeVai, SemOsContornosTambemPerdeSoAFigura) {
+  lanca();
+  fs::remove("fotos/f0.pgm");
+  grava("resultado/f0/f0.png", "\x89PNG\r\n\x1A\nnada");
+  confere(1);
 }
 
 TEST_F(Lote, FotoQuePassaAFalharPerdeOsResultadosVelhos) {

@@ -139,7 +139,8 @@ TEST_F(Lote, FotoSemDeteccoesSaoZeroGraosENaoFalha) {
   EXPECT_EQ(leTudo("resultado/lisa/lisa.ho1"), listaHo({}));
   EXPECT_EQ(leTudo("resultado/lisa/lisa.ho2"), listaHo({}));
   EXPECT_EQ(linhas(leTudo("resultado/lisa/graos.csv")), 1U);
-  EXPECT_FALSE(existe("resultado/lisa/mensagens.txt"));
+  EXPECT_EQ(dentroDe("resultado/lisa"), (TEXTOS{".vorplex-lote", "graos.csv", "graos.geojson",
+                                                "lisa.ho1", "lisa.ho2", "lisa.png", "lisa.rel"}));
   EXPECT_NE(leTudo("resultado/resumo.csv").find("\nlisa,1,0,"), std::string::npos);
 }
 

@@ -183,6 +183,45 @@ TEST_F(Lote, MudarSoOResumoNaoRefazFotos) {
   EXPECT_NE(leTudo("resultado/resumo.csv"), resumo);
 }
 
+// An archive without regions makes ImageJ wait for ever.
+TEST_F(Lote, SemGraosNaoHaRoisEARetomadaSabe) {
+  grava("fotos/f1.pgm", pgm(cv::Mat_<unsigned char>(80, 80, static_cast<unsigned char>(128))));
+  ASSERT_EQ(rodaLote(comando()).estado, 0);
+  EXPECT_TRUE(existe("resultado/f0/rois.zip"));
+  EXPECT_FALSE(existe("resultado/f1/rois.zip"));
+  const PASTAS antes = feitas("resultado");
+  ASSERT_EQ(rodaLote(comando()).estado, 0);
+  EXPECT_EQ(refeitas(antes, "resultado"), NOMES{});
+  // With grains it is missed.
+  fs::remove("resultado/f0/rois.zip");
+  ASSERT_EQ(rodaLote(comando()).estado, 0);
+  EXPECT_EQ(refeitas(antes, "resultado"), NOMES{"f0"});
+  EXPECT_TRUE(existe("resultado/f0/rois.zip"));
+  // It goes when a photograph that had grains has none any more.
+  foto("fotos/f1.pgm", 1);
+  ASSERT_EQ(rodaLote(comando()).estado, 0);
+  EXPECT_TRUE(existe("resultado/f1/rois.zip"));
+  grava("fotos/f1.pgm", pgm(cv::Mat_<unsigned char>(80, 80, static_cast<unsigned char>(128))));
+  ASSERT_EQ(rodaLote(comando()).estado, 0);
+  EXPECT_FALSE(existe("resultado/f1/rois.zip"));
+}
+
+TEST_F(Lote, RoisVazioDeUmaVersaoAnteriorSai) {
+  grava("fotos/f1.pgm", pgm(cv::Mat_<unsigned char>(80, 80, static_cast<unsigned char>(128))));
+  ASSERT_EQ(rodaLote(comando()).estado, 0);
+  const auto inteira = arvore("resultado");
+  // What is in it does not matter here, but its checksum stands in the state: as in that of a
+  // table.
+  grava("resultado/f1/rois.zip", leTudo("resultado/f1/graos.csv"));
+  std::string estado = leTudo("resultado/f1/.vorplex-lote");
+  const std::size_t de = estado.rfind("arquivo ", estado.find(" graos.csv"));
+  const std::string soma = estado.substr(de, estado.find(" graos.csv") - de);
+  estado.insert(estado.find("completo"), soma + " rois.zip\n");
+  grava("resultado/f1/.vorplex-lote", estado);
+  ASSERT_EQ(rodaLote(comando()).estado, 0);
+  EXPECT_TRUE(arvore("resultado") == inteira);
+}
+
 TEST_F(Lote, KernelMudadoRefazTudo) {
   ASSERT_EQ(rodaLote(comando()).estado, 0);
   const PASTAS antes = feitas("resultado");

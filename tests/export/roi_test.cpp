@@ -190,10 +190,18 @@ TEST(Rois, OsMesmosGraosDaoOsMesmosBytesEDataFixa) {
   EXPECT_EQ(leTudo("a.zip").substr(8, 2), std::string("\0\0", 2));  // stored
 }
 
-TEST(Rois, SemGraosEhUmArquivoZipVazio) {
+TEST(Rois, SemGraosNaoHaArquivoEOAnteriorSai) {
   const PASTA pasta;
-  impRois({"f", 9, 9, {}, {}}, "v.zip");
-  EXPECT_TRUE(leZip("v.zip").empty());
+  const FOTOGRAFIA vazia = {"f", 9, 9, {}, {}};
+  impRois(vazia, "v.zip");
+  EXPECT_FALSE(existe("v.zip"));
+  impRois(fotoDeExemplo(), "v.zip");
+  ASSERT_TRUE(existe("v.zip"));
+  impRois(vazia, "v.zip");
+  EXPECT_FALSE(existe("v.zip"));
+  std::filesystem::create_directories("d.zip/dentro");
+  EXPECT_EXIT(impRois(vazia, "d.zip"), testing::ExitedWithCode(1),
+              "^Erro gravacao arquivo d.zip\n$");
 }
 
 TEST(Rois, SubstituiOAnterior) {

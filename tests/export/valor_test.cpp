@@ -74,7 +74,16 @@ TEST(PoeCsv, AspasSoOndePrecisa) {
   EXPECT_EQ(csv(std::string("a\"b")), "\"a\"\"b\"");
   EXPECT_EQ(csv(std::string("a\nb")), "\"a\nb\"");
   EXPECT_EQ(csv(std::string("a\rb")), "\"a\rb\"");
+  EXPECT_EQ(csv(std::string("a;b")), "\"a;b\"");
+  EXPECT_EQ(csv(std::string("a\tb")), "\"a\tb\"");
   EXPECT_EQ(csv(std::string("")), "");
+}
+
+// Names stay those of the files, whatever they begin with.
+TEST(PoeCsv, NomesNaoMudam) {
+  for (const char* nome : {"-foto", "=1", "+1", "@a", "a-b=c+d@e", "'aspas", "(x)", "%s", " x"}) {
+    EXPECT_EQ(csv(std::string(nome)), nome);
+  }
 }
 
 TEST(PoeCsv, ValoresQueFaltamSaoCelulasVazias) {

@@ -177,6 +177,8 @@ def confere(r, retratos):
             n.retrato(f"{retratos}/relatorio-{largura}.png", inteiro=True)
     exige(n.avalia("document.documentElement.lang") == ("en" if r.ingles else "pt-BR"), "language")
     r.confereEscrito()
+    falharam = n.texto("#falharam")  # the broken photograph, which is in no number
+    exige(re.match(r"1 .*: estragada\W*$", falharam), "page", "failures:", falharam)
     r.confereSelecao(r.graos, "at first")
     r.confereFotos()
     r.confereFiltro()

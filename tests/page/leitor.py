@@ -258,6 +258,52 @@ def confere_papel():
     em_ordem()
 
 
+def confere_faltas():
+    """What is missing is told on screen and paper, and nothing when all went well."""
+    mostra = "getComputedStyle(document.querySelector('#falharam')).display"
+    n.abre(f"{pasta}/cheia.html")
+    dito = texto("#falharam")
+    assert dito.startswith("2 de 7 fotografias falharam e não estão nos números"), dito
+    nomes = n.avalia("[...document.querySelectorAll('#falharam bdi')].map(e => e.textContent)")
+    assert nomes[0] == "queimada" and nomes[1].startswith("<img src=x onerror"), nomes
+    n.chama("Emulation.setEmulatedMedia", media="print")
+    assert n.avalia(mostra) == "block"
+    n.chama("Emulation.setEmulatedMedia", media="")
+    alto = n.avalia("document.querySelector('#falharam').getBoundingClientRect().bottom")
+    assert alto < 900, f"told only at {alto} px"
+    em_ordem()
+    n.abre(f"{pasta}/ingles.html")
+    assert n.avalia("document.querySelector('#falharam')") is None
+
+    # A picture that was lost: its grains are shown on plain grey.
+    n.abre(f"{pasta}/area.html")
+    assert texto("#foto-4 summary").endswith("imagem perdida")
+    assert n.avalia("vorplex.visores.filter(v => /perdida/.test(v.raiz.textContent)).length") == 1
+    n.avalia("vorplex.visores[4].raiz.open = true")
+    espera(lambda: n.avalia("vorplex.visores[4].fundo?.getElement().naturalWidth") == 640, "no grey")
+    em_ordem()
+
+
+def confere_barra():
+    """The bar covers nothing that the reader has gone to, and is one line on a usual screen."""
+    for largura, linhas in ((1280, 1), (1100, 2), (400, 4)):
+        for nome in ("cheia", "ingles"):
+            n.abre(f"{pasta}/{nome}.html", largura, 800)
+            n.avalia("document.querySelectorAll('#tabela-fotos a')[1].click()")
+            espera(lambda: n.avalia("!!vorplex.visores[1].mapa"), "the viewer does not open")
+            n.avalia("vorplex.visores[1].raiz.scrollIntoView()")
+            n.avalia("new Promise(f => setTimeout(f, 300)).then(() => 1)")
+            barra, controle, visor = n.avalia(
+                "[document.querySelector('#filtro').getBoundingClientRect().bottom,"
+                "Math.max(...[...document.querySelector('#filtro').children]"
+                ".map(e => e.getBoundingClientRect().height)),"
+                "vorplex.visores[1].raiz.getBoundingClientRect().top]")
+            assert barra <= visor <= barra + 40, (nome, largura, barra, visor)
+            assert barra < (linhas + 0.8) * controle, (nome, largura, "lines", barra, controle)
+            if retratos:
+                n.retrato(f"{retratos}/barra-{nome}-{largura}.png")
+
+
 def confere_grande():
     """Seconds to open a page of a usual batch, and its size."""
     arquivo = f"{pasta}/grande.html"
@@ -279,6 +325,8 @@ try:
         confere_downloads()
         confere_visores()
         confere_papel()
+        confere_faltas()
+        confere_barra()
         print("6 pages")
 finally:
     n.fecha()

@@ -7,6 +7,7 @@
 #include "apoio/figuras.h"
 #include "apoio/pasta.h"
 #include "page/dados.h"
+#include "page/figura.h"
 #include "pim/imagem.h"
 
 namespace {
@@ -18,7 +19,8 @@ std::vector<GRAO> doisGraos() {
 FOTO_DA_PAGINA novaFoto(const std::string& nome) {
   std::mt19937 sorteio(4);
   pim::imp(fotoSorteada(sorteio, 50, 60), "foto.png");
-  return {nome, "foto.png", {60, 50}, doisGraos()};
+  impFigura("foto.png", 100000, "figura");
+  return {nome, "figura", {60, 50}, doisGraos()};
 }
 
 PAGINA umaFoto(const std::string& nome = "foto.jpg") {
@@ -87,16 +89,21 @@ TEST(Ajustes, EmInglesAsPalavrasDaTabelaTambem) {
 }
 
 TEST(Foto, CadaGraoEhUmVetorEmPixels) {
-  const FOTO_DA_PAGINA foto{"a", "", {60, 50}, doisGraos()};
-  EXPECT_EQ(fotoEmJson(foto, {60, 50}, "bWluaQ=="),
+  const FOTO_DA_PAGINA foto{"a", "figura", {60, 50}, doisGraos()};
+  EXPECT_EQ(fotoEmJson(foto, "bWluaQ=="),
             R"({"nome":"a","rows":50,"cols":60,"miniatura":"bWluaQ==","graos":[)"
             R"([0,"r",8,20,40,10,90,0.523733,400,22.567583341910254,100,10,40,4,1],)"
             R"([1,"c",30,25,12,12,0,0.1,113.09733552923255,12,37.69911184307752,12,12,1,0]]})");
 }
 
 TEST(Foto, SemGraosTemVetorVazio) {
-  EXPECT_EQ(fotoEmJson({"", "", {}, {}}, {3, 2}, ""),
+  EXPECT_EQ(fotoEmJson({"", "figura", {3, 2}, {}}, ""),
             R"({"nome":"","rows":2,"cols":3,"miniatura":"","graos":[]})");
+}
+
+TEST(Foto, SemFiguraEhDito) {
+  EXPECT_EQ(fotoEmJson({"", "", {3, 2}, {}}, ""),
+            R"({"nome":"","rows":2,"cols":3,"miniatura":"","semFigura":1,"graos":[]})");
 }
 
 TEST(Pagina, NomesHostisNaoViramMarcas) {
@@ -155,11 +162,55 @@ TEST(Pagina, UmRegistroEUmaFiguraPorFotografia) {
   EXPECT_TRUE(contem(vazia, "</html>"));
 }
 
-TEST(Pagina, SemTamanhoValeODaFigura) {
+TEST(Pagina, FotografiaSemFiguraTemUmaCinzentaEOsSeusGraos) {
   const PASTA pasta;
   PAGINA p = umaFoto();
-  p.fotos[0].tamanho = {};
-  EXPECT_TRUE(contem(escrita(p), "\"rows\":50,\"cols\":60"));
+  p.fotos[0].figura = "";
+  const std::string pagina = escrita(p);
+  EXPECT_TRUE(contem(pagina, "\"semFigura\":1,\"graos\":[[0,\"r\","));
+  EXPECT_EQ(vezes(pagina, "class=\"figura\">/9j/"), 1U);
+  EXPECT_FALSE(contem(escrita(umaFoto()), "\"semFigura\":1"));
+}
+
+// What a reader sees without any script: the text of the element, or nothing.
+std::string aviso(const std::string& pagina) {
+  const std::string marcas = soMarcas(pagina);
+  const std::size_t de = marcas.find("id=\"falharam\"");
+  if (de == std::string::npos) return "";
+  const std::string texto = marcas.substr(de, marcas.find("</p>", de) - de);
+  return std::regex_replace(texto.substr(texto.find('>') + 1), std::regex("<[^>]*>"), "");
+}
+
+TEST(Pagina, DizQuaisFotografiasFaltamNosNumeros) {
+  const PASTA pasta;
+  PAGINA p = umaFoto();
+  EXPECT_EQ(aviso(escrita(p)), "");
+  p.falharam = {"norte"};
+  EXPECT_EQ(aviso(escrita(p)),
+            "1 de 2 fotografias falhou e não está nos números desta página: norte");
+  p.falharam = {"norte", "sul"};
+  EXPECT_EQ(aviso(escrita(p)),
+            "2 de 3 fotografias falharam e não estão nos números desta página: norte, sul");
+  p.idioma = IDIOMA::en;
+  EXPECT_EQ(aviso(escrita(p)),
+            "2 of 3 photographs failed and are not in the numbers of this page: norte, sul");
+  p.fotos.clear();
+  p.falharam = {"sul"};
+  EXPECT_EQ(aviso(escrita(p)),
+            "1 of 1 photograph failed and is not in the numbers of this page: sul");
+}
+
+TEST(Pagina, NomesHostisDasQueFaltamNaoViramMarcas) {
+  const PASTA pasta;
+  PAGINA p = umaFoto();
+  p.falharam = {"</p></main><script>mau()</script>", "<img src=x onerror=mau()>", "\xFF{{fotos}}"};
+  const std::string pagina = escrita(p);
+  EXPECT_EQ(vezes(soMarcas(pagina), "<script"), vezes(soMarcas(escrita(umaFoto())), "<script"));
+  EXPECT_FALSE(contem(soMarcas(pagina), "<img"));
+  EXPECT_TRUE(contem(aviso(pagina),
+                     ": &lt;/p&gt;&lt;/main&gt;&lt;script&gt;mau()&lt;/script&gt;, "
+                     "&lt;img src=x onerror=mau()&gt;, \uFFFD{{fotos}}"))
+      << aviso(pagina);
 }
 
 TEST(Pagina, MesmosDadosMesmosBytes) {
@@ -171,8 +222,8 @@ TEST(Pagina, FiguraIlegivelNaoTocaAPaginaAnterior) {
   const PASTA pasta;
   grava("p.html", "anterior");
   PAGINA p = umaFoto();
-  p.fotos[0].arquivo = "nenhuma.png";
-  EXPECT_EXIT(impPagina(p, "p.html"), testing::ExitedWithCode(1), "nenhuma.png");
+  p.fotos[0].figura = "nenhuma";
+  EXPECT_EXIT(impPagina(p, "p.html"), testing::ExitedWithCode(1), "nenhuma");
   EXPECT_EQ(leTudo("p.html"), "anterior");
 }
 

@@ -9,6 +9,7 @@
 #include "export/valor.h"
 #include "measure/contorno.h"
 #include "measure/resumo.h"
+#include "page/figura.h"
 #include "page/pagina.h"
 #include "pim/erro.h"
 #include "pim/imagem.h"
@@ -68,7 +69,8 @@ FOTO_DA_PAGINA novaFoto(const std::string& pasta, const std::string& nome,
   static int quantas = 0;
   const std::string arquivo = pasta + "/foto" + std::to_string(quantas++) + ".jpg";
   desenhaFoto(v, tamanho.height, tamanho.width, arquivo);
-  return {nome, arquivo, tamanho, medeTodos(v, tamanho.height, tamanho.width)};
+  impFigura(arquivo, limiteDaFigura(50), arquivo + ".figura");
+  return {nome, arquivo + ".figura", tamanho, medeTodos(v, tamanho.height, tamanho.width)};
 }
 
 // What is said of the grains of at least `minCorr`.
@@ -145,9 +147,11 @@ void escrevePequenas(const std::string& pasta) {
   }
   p.fotos.push_back(novaFoto(pasta, ruim, sorteiaGraos(sorteio, 5, 700, 300), {300, 700}));
   p.fotos.push_back(novaFoto(pasta, "sem grãos.jpg", {}, {640, 480}));
+  p.falharam = {"queimada", ruim};
   escreve(p, pasta + "/cheia");
 
   PAGINA en = p;
+  en.falharam.clear();
   en.idioma = IDIOMA::en;
   en.titulo = "River sand, site 4";
   en.peneiras.clear();
@@ -157,6 +161,8 @@ void escrevePequenas(const std::string& pasta) {
   escreve(en, pasta + "/ingles");
 
   PAGINA area = p;
+  area.falharam = {"um"};
+  area.fotos.back().figura = "";
   area.titulo = "Areia em polegadas";
   area.escala = {0.002, UNIDADE::in};
   area.grandeza = GRANDEZA::maior;
