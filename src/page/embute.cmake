@@ -23,7 +23,8 @@ foreach(entrada IN LISTS ENTRADAS)
   string(APPEND tabela "    {\"${nome}\", texto(r${quantos})},\n")
   math(EXPR quantos "${quantos} + 1")
 endforeach()
-file(WRITE "${SAIDA}" "#include \"page/recursos.h\"
+file(WRITE "${SAIDA}" "// NOLINTBEGIN: made from files of other kinds
+#include \"page/recursos.h\"
 
 #include <cstddef>
 #include <string>
@@ -54,4 +55,5 @@ std::string_view recurso(std::string_view nome) {
   }
   pim::erro(\"Erro: Pagina sem \", std::string(nome));
 }
+// NOLINTEND
 ")
