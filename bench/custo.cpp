@@ -28,8 +28,8 @@ PIRAMIDE fotografia(int rows, int cols) {
   return piramide;
 }
 
-CUSTO mede(const std::string& trabalho, const PIRAMIDE& piramide, const std::string& banco) {
-  std::ofstream("custo.cfg") << banco << '\n';
+CUSTO mede(const std::string& trabalho, const PIRAMIDE& piramide, const std::string& texto) {
+  std::ofstream("custo.cfg") << texto << '\n';
   std::vector<MASCARA> kernels;
   leKernels("custo.cfg", kernels);
   const auto inicio = std::chrono::steady_clock::now();
@@ -59,12 +59,12 @@ std::vector<CUSTO> medeCustos() {
   custos.push_back(mede("12 MP, 18 kernels", fotografia(3000, 4000), poucos));
   custos.push_back(mede("48 MP, 18 kernels", fotografia(6000, 8000), poucos));
   const PIRAMIDE pequena = fotografia(1000, 1000);
-  const auto banco = [](const char* passo) {
+  const auto bancoDe = [](const char* passo) {
     return std::string("escoitava 9 passoang ") + passo + " retangulo 30 12";
   };
-  custos.push_back(mede("1 MP, 10 kernels", pequena, banco("180")));
-  custos.push_back(mede("1 MP, 100 kernels", pequena, banco("18")));
-  custos.push_back(mede("1 MP, 1000 kernels", pequena, banco("1.8")));
+  custos.push_back(mede("1 MP, 10 kernels", pequena, bancoDe("180")));
+  custos.push_back(mede("1 MP, 100 kernels", pequena, bancoDe("18")));
+  custos.push_back(mede("1 MP, 1000 kernels", pequena, bancoDe("1.8")));
   return custos;
 }
 

@@ -24,11 +24,4 @@ function(biblioteca nome)
   file(GLOB fontes CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
   add_library(${nome} STATIC ${fontes})
   target_link_libraries(${nome} PUBLIC opcoes ${ARGN})
-  # Compiled headers save the sanitizer build a second or more for each source. The optimised build
-  # goes without them, and so shows that every source includes what it uses.
-  if(VORPLEX_SANITIZE AND nome STREQUAL pim)
-    target_precompile_headers(pim PRIVATE <opencv2/core.hpp> <algorithm> <filesystem> <map>)
-  elseif(VORPLEX_SANITIZE)
-    target_precompile_headers(${nome} REUSE_FROM pim)
-  endif()
 endfunction()

@@ -11,10 +11,10 @@ namespace {
 
 // The least float that is not below `minCorr`; everything passes when that is not a number.
 float limiar(double minCorr) {
-  constexpr float infinito = std::numeric_limits<float>::infinity();
-  if (std::isnan(minCorr)) return -infinito;
+  constexpr float semFim = std::numeric_limits<float>::infinity();
+  if (std::isnan(minCorr)) return -semFim;
   const auto f = static_cast<float>(minCorr);
-  return static_cast<double>(f) < minCorr ? std::nextafter(f, infinito) : f;
+  return static_cast<double>(f) < minCorr ? std::nextafter(f, semFim) : f;
 }
 
 // Sets marca[c] to whether interior pixel (r, c) is not below `minimo` nor below any of its eight

@@ -17,7 +17,7 @@ namespace {
 
 constexpr int semLimite = 0;  // of pyramid levels
 
-void exigeArgumentos(int argc) {
+void exigeArgumentosDaVelha(int argc) {
   if (argc == 4 || argc == 5) return;
   std::puts("OldCorrela imagem.pgm kernel.cfg imagem.ho1 [minCorr]");
   std::puts("  minCorr: default=0.001");
@@ -27,7 +27,7 @@ void exigeArgumentos(int argc) {
 }  // namespace
 
 void OldCorrela(int argc, char** argv) {
-  exigeArgumentos(argc);
+  exigeArgumentosDaVelha(argc);
   double minCorr = 0.001;
   if (argc == 5) pim::convArg(minCorr, argv[4]);
 

@@ -9,19 +9,18 @@
 
 namespace {
 
-constexpr double desvio = 0.02;  // px
-constexpr int digitos = 10;
+constexpr int casas = 10;
 
 void poePonto(std::string& s, const PONTO& p, const ESCALA& e) {
   s += '[';
-  poeArredondado(s, comprimento(p.x, e), digitos);
+  poeArredondado(s, comprimento(p.x, e), casas);
   s += ',';
-  poeArredondado(s, comprimento(p.y, e), digitos);
+  poeArredondado(s, comprimento(p.y, e), casas);
   s += ']';
 }
 
 void poeAnel(std::string& s, const GRAO& g, const ESCALA& e) {
-  const std::vector<PONTO> v = contorno(g.maximo, desvio);
+  const std::vector<PONTO> v = contorno(g.maximo, desvioUsual);
   s += '[';
   for (const PONTO& p : v) {
     poePonto(s, p, e);

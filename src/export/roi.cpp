@@ -17,8 +17,6 @@ namespace {
 
 using BYTES = std::vector<unsigned char>;
 
-constexpr double desvio = 0.02;  // px
-
 // Layout of a .roi file, big-endian: a header of 64 bytes, for polygons 16-bit coordinates relative
 // to the bounds and then 32-bit floats (all x, then all y), then a second header of 64 bytes and
 // the name in 16-bit characters.
@@ -128,7 +126,7 @@ std::vector<unsigned char> roiDoGrao(const GRAO& g, const std::string& nome) {
     poeCaixa(b, c);
   } else {
     poeCabecalho(b, TIPO::poligono, c);
-    poePoligono(b, contorno(m, desvio), c);
+    poePoligono(b, contorno(m, desvioUsual), c);
   }
   poeNome(b, nome);
   return b;

@@ -80,14 +80,14 @@ void poeValor(std::string& s, const VALOR& v, const char* nada, const char* fals
               const char* verdadeiro, POETEXTO poeTexto) {
   std::visit(
       [&](const auto& x) {
-        using TIPO = std::decay_t<decltype(x)>;
-        if constexpr (std::is_same_v<TIPO, std::monostate>) {
+        using DITO = std::decay_t<decltype(x)>;
+        if constexpr (std::is_same_v<DITO, std::monostate>) {
           s += nada;
-        } else if constexpr (std::is_same_v<TIPO, bool>) {
+        } else if constexpr (std::is_same_v<DITO, bool>) {
           s += x ? verdadeiro : falso;
-        } else if constexpr (std::is_same_v<TIPO, std::string>) {
+        } else if constexpr (std::is_same_v<DITO, std::string>) {
           poeTexto(s, x);
-        } else if constexpr (std::is_floating_point_v<TIPO>) {
+        } else if constexpr (std::is_floating_point_v<DITO>) {
           if (std::isfinite(x)) {
             poeNumero(s, x);
           } else {

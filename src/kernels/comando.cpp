@@ -23,7 +23,7 @@ void listaTodos(const std::vector<MASCARA>& kernels) {
 
 // The mosaic is no larger than the images that the program reads.
 constexpr std::int64_t maiorLadoDoMosaico = 1 << 20;
-constexpr std::int64_t maximoDePixels = 1 << 30;
+constexpr std::int64_t maximoDoMosaico = 1 << 30;
 
 // A column of the mosaic: kernels `de` to `ate`, the last excluded.
 struct COLUNA {
@@ -59,7 +59,7 @@ void exigeQueCaiba(const std::vector<MASCARA>& kernels, const std::vector<COLUNA
     cols += largura + 1;
   }
   const bool cabe = rows <= maiorLadoDoMosaico && cols <= maiorLadoDoMosaico;
-  if (!cabe || rows * cols > maximoDePixels) {
+  if (!cabe || rows * cols > maximoDoMosaico) {
     pim::erro("Erro: Mosaico grande demais ", nome,
               " (" + std::to_string(cols) + " x " + std::to_string(rows) + " pixels)");
   }

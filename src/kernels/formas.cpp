@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
+#include <numbers>
 #include <string_view>
 
 #include "pim/converte.h"
@@ -16,7 +17,6 @@ namespace {
 
 constexpr unsigned char dentro = 0;
 constexpr unsigned char fora = 255;
-constexpr double raiz2 = 1.4142135623730951;
 
 // The discs of 1 to 4 pixels, where a truncated radius would be too coarse. '#' is the shape.
 constexpr std::array<std::string_view, 4> discosPequenos = {
@@ -96,7 +96,7 @@ double ladoDaMascara(char forma, double d1, double d2) {
       return ladoImpar(maior, 2);
     case 'q':
     case 'r':
-      return ladoImpar(maior * raiz2, 0);
+      return ladoImpar(maior * std::numbers::sqrt2, 0);
     default:
       return ladoImpar(maior, 0);
   }

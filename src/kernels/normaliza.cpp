@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
+#include <numbers>
 #include <string_view>
 
 #include "kernels/formas.h"
@@ -16,10 +17,9 @@ namespace {
 
 constexpr float anel = 1.0F;
 constexpr float nucleo = -1.0F;
-constexpr double raiz2 = 1.4142135623730951;
 
 // The kernels of discs of 1 to 4 pixels: '+' ring, '-' core, '.' zero.
-constexpr std::array<std::string_view, 4> discosPequenos = {
+constexpr std::array<std::string_view, 4> kernelsPequenos = {
     "+++"
     "+-+"
     "+++",
@@ -48,7 +48,7 @@ constexpr std::array<std::string_view, 4> discosPequenos = {
     "....+...."
     "........."};
 
-cv::Mat_<float> discoPequeno(std::string_view desenho) {
+cv::Mat_<float> kernelPequeno(std::string_view desenho) {
   const int n = pim::arredonda(std::sqrt(static_cast<double>(desenho.size())));
   cv::Mat_<float> K(n, n);
   for (int i = 0; i < n * n; ++i) {
@@ -64,10 +64,10 @@ int meioNucleo(double d) {
 }
 
 int meioAnel(double d) {
-  return pim::trunca(d * raiz2 * 0.5);
+  return pim::trunca(d * std::numbers::sqrt2 * 0.5);
 }
 
-int ladoExigido(char forma, double d1, double d2) {
+int ladoExigidoDoKernel(char forma, double d1, double d2) {
   return exigeLado(ladoDoKernel(forma, d1, d2), forma, d1, d2, maiorLadoKernel);
 }
 
@@ -80,7 +80,7 @@ double ladoDoKernel(char forma, double d1, double d2) {
   switch (forma) {
     case 'c':
     case 'e':
-      return ladoImpar(maior * raiz2, 2);
+      return ladoImpar(maior * std::numbers::sqrt2, 2);
     default:
       return ladoImpar(2 * maior, 0);
   }
@@ -105,20 +105,20 @@ void NegPosUm(cv::Mat_<float>& K) {
 }
 
 void kernelCirculo(cv::Mat_<float>& K, double d) {
-  const int n = ladoExigido('c', d, d);
+  const int n = ladoExigidoDoKernel('c', d, d);
   const int classe = pim::arredonda(d);
   if (classe > 4) {
     prepara(K, n, 0.0F);
     pim::circulo(K, n / 2, n / 2, meioAnel(d), anel, -1);
     pim::circulo(K, n / 2, n / 2, meioNucleo(d), nucleo, -1);
   } else if (classe >= 1) {
-    K = discoPequeno(discosPequenos[static_cast<std::size_t>(classe - 1)]);
+    K = kernelPequeno(kernelsPequenos[static_cast<std::size_t>(classe - 1)]);
   }
   NegPosUm(K);
 }
 
 void kernelQuadrado(cv::Mat_<float>& K, double d, double ang) {
-  const int n = ladoExigido('q', d, d);
+  const int n = ladoExigidoDoKernel('q', d, d);
   prepara(K, n, 0.0F);
   pim::rotRetang(K, n / 2, n / 2, meioAnel(d), meioAnel(d), anel, -1, ang);
   pim::rotRetang(K, n / 2, n / 2, meioNucleo(d), meioNucleo(d), nucleo, -1, ang);
@@ -126,7 +126,7 @@ void kernelQuadrado(cv::Mat_<float>& K, double d, double ang) {
 }
 
 void kernelRetangulo(cv::Mat_<float>& K, double d1, double d2, double ang) {
-  const int n = ladoExigido('r', d1, d2);
+  const int n = ladoExigidoDoKernel('r', d1, d2);
   prepara(K, n, 0.0F);
   pim::rotRetang(K, n / 2, n / 2, meioAnel(d1), meioAnel(d2), anel, -1, ang);
   pim::rotRetang(K, n / 2, n / 2, meioNucleo(d1), meioNucleo(d2), nucleo, -1, ang);
@@ -134,7 +134,7 @@ void kernelRetangulo(cv::Mat_<float>& K, double d1, double d2, double ang) {
 }
 
 void kernelElipse(cv::Mat_<float>& K, double d1, double d2, double ang) {
-  const int n = ladoExigido('e', d1, d2);
+  const int n = ladoExigidoDoKernel('e', d1, d2);
   prepara(K, n, 0.0F);
   pim::elipse(K, n / 2, n / 2, meioAnel(d1), meioAnel(d2), anel, -1, ang);
   pim::elipse(K, n / 2, n / 2, meioNucleo(d1), meioNucleo(d2), nucleo, -1, ang);

@@ -3,11 +3,10 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <numbers>
 #include <utility>
 
 namespace {
-
-constexpr double pi = 3.141592653589793;
 
 // Half the sizes, as the shape's letter reads them.
 PONTO meios(const MAXLOCAL& m) {
@@ -24,7 +23,7 @@ PONTO direcaoDe(const MAXLOCAL& m) {
 std::size_t quantosPontos(double raio, double desvio) {
   constexpr double menosPontos = 16;
   const double folga = std::min(desvio / raio, 1.0);
-  const double n = std::max(menosPontos, pi / std::acos(1 - folga));
+  const double n = std::max(menosPontos, std::numbers::pi / std::acos(1 - folga));
   return static_cast<std::size_t>(std::ceil(n / 4)) * 4;
 }
 
@@ -32,7 +31,7 @@ std::size_t quantosPontos(double raio, double desvio) {
 
 PONTO direcao(double ang) {
   int quartos = 0;
-  const double resto = std::remquo(ang, 90.0, &quartos) * (pi / 180);
+  const double resto = std::remquo(ang, 90.0, &quartos) * (std::numbers::pi / 180);
   PONTO p{std::cos(resto), std::sin(resto)};
   for (int i = quartos & 3; i > 0; --i) p = {-p.y, p.x};
   return p;

@@ -24,6 +24,9 @@ PONTO meiaCaixa(const MAXLOCAL& m);
 // Whether the sides or axes lie along the rows and columns, so that the box says it all.
 bool aprumada(const MAXLOCAL& m);
 
+// The deviation of the outlines that are written for other programs, in pixels.
+inline constexpr double desvioUsual = 0.02;
+
 // Vertices of the outline, the first not repeated. A square or rectangle has its four corners. A
 // circle or ellipse has points of the curve, a multiple of four of them, ends of the axes included,
 // so many that no chord lies further than `desvio` pixels from the curve. The signed area

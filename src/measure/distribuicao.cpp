@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 #include <tuple>
 
 #include "measure/folkward.h"
@@ -32,7 +33,6 @@ double desvioDe(const CURVA& c, double total, double media) {
 }  // namespace
 
 MEDIDA medida(const GRAO& g, const ESCALA& e, GRANDEZA grandeza, PESO peso) {
-  constexpr double pi = 3.141592653589793;
   MEDIDA m;
   if (grandeza == GRANDEZA::equivalente) m.tamanho = comprimento(g.equivalente, e);
   if (grandeza == GRANDEZA::menor) m.tamanho = comprimento(g.menor, e);
@@ -40,7 +40,7 @@ MEDIDA medida(const GRAO& g, const ESCALA& e, GRANDEZA grandeza, PESO peso) {
   if (peso == PESO::area) m.peso = area(g.area, e);
   if (peso == PESO::volume) {
     const double d = comprimento(g.equivalente, e);
-    m.peso = pi / 6 * (d * d * d);
+    m.peso = std::numbers::pi / 6 * (d * d * d);
   }
   return m;
 }

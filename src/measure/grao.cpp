@@ -2,14 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 #include "measure/contorno.h"
 #include "measure/perimetro.h"
 #include "pim/erro.h"
 
 namespace {
-
-constexpr double pi = 3.141592653589793;
 
 bool temDoisTamanhos(char forma) {
   return forma == 'r' || forma == 'e';
@@ -24,7 +23,7 @@ bool tamanhoValido(double d) {
 }
 
 double perimetro(char forma, double d1, double d2) {
-  if (forma == 'c') return pi * d1;
+  if (forma == 'c') return std::numbers::pi * d1;
   if (forma == 'e') return perimetroElipse(d1, d2);
   return 2 * (d1 + d2);
 }
@@ -53,9 +52,10 @@ GRAO mede(const MAXLOCAL& m, std::size_t indice, int rows, int cols) {
   GRAO g;
   g.indice = indice;
   g.maximo = m;
-  g.area = m.d1 * d2 * (redonda(m.forma) ? pi / 4 : 1);
+  g.area = m.d1 * d2 * (redonda(m.forma) ? std::numbers::pi / 4 : 1);
   // Without the detour over pi where it cancels.
-  g.equivalente = redonda(m.forma) ? std::sqrt(m.d1 * d2) : std::sqrt(g.area * (4 / pi));
+  g.equivalente =
+      redonda(m.forma) ? std::sqrt(m.d1 * d2) : std::sqrt(g.area * (4 / std::numbers::pi));
   g.perimetro = perimetro(m.forma, m.d1, d2);
   g.menor = std::min(m.d1, d2);
   g.maior = std::max(m.d1, d2);

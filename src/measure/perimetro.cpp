@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 double perimetroElipse(double eixo1, double eixo2) {
-  constexpr double pi = 3.141592653589793;
   const double maior = std::max(eixo1, eixo2) / 2;
   if (maior == 0) return 0;
   const double razao = std::min(eixo1, eixo2) / 2 / maior;
@@ -19,5 +19,5 @@ double perimetroElipse(double eixo1, double eixo2) {
     g = std::sqrt(a * g);
     a -= c;
   }
-  return 2 * pi * maior * (1 - soma) / ((a + g) / 2);
+  return 2 * std::numbers::pi * maior * (1 - soma) / ((a + g) / 2);
 }

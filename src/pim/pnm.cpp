@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "pim/arquivo.h"
+#include "pim/texto.h"
 
 namespace pim {
 namespace {
@@ -27,10 +28,6 @@ struct CABECALHO {
     return amostrasPorLinha() * (maximo > 255 ? 2 : 1);
   }
 };
-
-constexpr bool espaco(int c) {
-  return c == ' ' || (c >= '\t' && c <= '\r');
-}
 
 // A reading position in the bytes of the file.
 struct CURSOR {

@@ -4,6 +4,11 @@
 
 namespace pim {
 
+// Whether a character separates words in the C library's own locale; EOF does not.
+constexpr bool espaco(int c) {
+  return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
 // A copy of `texto` with the letters A to Z made lower case; other bytes stay as they are.
 std::string minuscula(std::string texto);
 

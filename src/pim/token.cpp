@@ -9,10 +9,6 @@
 namespace pim {
 namespace {
 
-constexpr bool espaco(int c) {
-  return c == ' ' || (c >= '\t' && c <= '\r');
-}
-
 // One-character readers, so that files and memory share one tokeniser.
 int leCar(std::FILE* f) {
   return getc_unlocked(f);
