@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr int niveis = 4;
+constexpr int maximoDeNiveis = 4;
 
 void exigeArgumentos(int argc) {
   if (argc == 4 || argc == 5) return;
@@ -69,7 +69,7 @@ void Correla(int argc, char** argv) {
 
   std::printf("Lendo %s e construindo piramide...\n", argv[1]);
   PIRAMIDE piramide;
-  lePiramide(argv[1], piramide, niveis);
+  lePiramide(argv[1], piramide, maximoDeNiveis);
 
   std::printf("Lendo %s e construindo kernels...\n", argv[2]);
   std::vector<MASCARA> kernels;
