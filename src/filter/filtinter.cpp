@@ -1,8 +1,10 @@
 #include "filter/filtinter.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <limits>
+#include <span>
 
 #include "filter/ocupacao.h"
 #include "filter/silhueta.h"
@@ -10,7 +12,7 @@
 
 namespace {
 
-constexpr std::size_t aFrente = 4;  // candidates
+constexpr std::size_t maiorLote = 32;  // candidates
 constexpr double semValor = std::numeric_limits<double>::quiet_NaN();
 
 struct LIMIAR {
@@ -60,6 +62,18 @@ void paraCadaTrecho(const MAXLOCAL& m, const SILHUETA& s, unsigned rows, unsigne
   paraCadaTrecho(m, s, rows, cols, acao, [] { return true; });
 }
 
+// The pixels of the shape that lie outside the grid.
+std::int64_t pixelsFora(const MAXLOCAL& m, const SILHUETA& s, const OCUPACAO& grade) {
+  const auto longeDaBorda = [](std::int64_t x, int lado, unsigned n) {
+    return x >= lado && x + lado < n;
+  };
+  if (longeDaBorda(m.li, s.rows, grade.rows) && longeDaBorda(m.ci, s.cols, grade.cols)) return 0;
+  std::int64_t dentro = 0;
+  paraCadaTrecho(m, s, grade.rows, grade.cols,
+                 [&](int /*l*/, int de, int ate) { dentro += ate - de + 1; });
+  return s.pixels - dentro;
+}
+
 // Whether the share of the shape's pixels that count exceeds `maximo`: all those outside the grid
 // count, and of the stretches inside it what `conta(l, de, ate)` says. Never for a shape without
 // pixels nor for a maximum that is no number. The rows are looked at only until that is certain.
@@ -67,11 +81,8 @@ template <class CONTA>
 bool excede(const MAXLOCAL& m, const SILHUETA& s, const OCUPACAO& grade, double maximo,
             CONTA conta) {
   if (s.pixels == 0) return false;
-  std::int64_t dentro = 0;
+  const std::int64_t fora = pixelsFora(m, s, grade);
   std::int64_t contados = 0;
-  paraCadaTrecho(m, s, grade.rows, grade.cols,
-                 [&](int /*l*/, int de, int ate) { dentro += ate - de + 1; });
-  const std::int64_t fora = s.pixels - dentro;
   const auto passou = [&] {
     return static_cast<double>(fora + contados) / static_cast<double>(s.pixels) > maximo;
   };
@@ -159,28 +170,31 @@ struct FILTRO {
     return static_cast<double>(m.correl) < limiares.de(m.forma).minCorr;
   }
 
-  // Has the cells of a later candidate brought near while this one is dealt with: on a large image
-  // most of the time would be spent waiting for them.
-  void antecipa(const MAXLOCAL& m) {
-    if (fraca(m)) return;
-    paraCadaTrecho(m, silhuetas.de(m), grade.rows, grade.cols,
+  void considera(const MAXLOCAL& m, const SILHUETA& s) {
+    if (cobreDemais(m, s, grade, limiares.de(m.forma).maxInter)) return;
+    // All cells are asked for at once: most of the time would be spent waiting for one at a time.
+    paraCadaTrecho(m, s, grade.rows, grade.cols,
                    [&](int l, int de, int ate) { grade.antecipa(l, de, ate); });
-  }
-
-  void considera(const MAXLOCAL& m) {
-    const LIMIAR& limiar = limiares.de(m.forma);
-    if (fraca(m)) return;
-    silhuetas.arruma();
-    const SILHUETA& s = silhuetas.de(m);
-    if (cobreDemais(m, s, grade, limiar.maxInter)) return;
     saida.push_back(m);
     const int wi = static_cast<int>(saida.size()) - 1;
-    paraCadaTrecho(m, s, grade.rows, grade.cols, [&](int l, int de, int ate) {
-      for (int c = de; c <= ate; ++c) grade.acrescenta(l, c, wi);
-    });
+    paraCadaTrecho(m, s, grade.rows, grade.cols,
+                   [&](int l, int de, int ate) { grade.acrescenta(l, de, ate, wi); });
     if (invadeVizinho(m, s, wi)) {
       saida.pop_back();
       retira(m, s, grade, wi);
+    }
+  }
+
+  // A few candidates in their order: their silhouettes are looked up together, so that the
+  // processor fetches them side by side.
+  void consideraLote(std::span<const MAXLOCAL> lote) {
+    silhuetas.arruma();
+    std::array<const SILHUETA*, maiorLote> formas{};
+    for (std::size_t k = 0; k < lote.size(); ++k) {
+      if (!fraca(lote[k])) formas[k] = &silhuetas.de(lote[k]);
+    }
+    for (std::size_t k = 0; k < lote.size(); ++k) {
+      if (formas[k] != nullptr) considera(lote[k], *formas[k]);
     }
   }
 };
@@ -206,8 +220,8 @@ void filtInter(std::vector<MAXLOCAL>& entrada, std::vector<MAXLOCAL>& saida, cv:
                              {minCorrQua, maxInterQua},
                              {minCorrEli, maxInterEli}};
   FILTRO filtro{limiares, saida, OCUPACAO(tamanho.height, tamanho.width), {}};
-  for (std::size_t i = 0; i < entrada.size(); ++i) {
-    if (i + aFrente < entrada.size()) filtro.antecipa(entrada[i + aFrente]);
-    filtro.considera(entrada[i]);
+  const std::span<const MAXLOCAL> candidatos = entrada;
+  for (std::size_t i = 0; i < candidatos.size(); i += maiorLote) {
+    filtro.consideraLote(candidatos.subspan(i, std::min(maiorLote, candidatos.size() - i)));
   }
 }

@@ -1,83 +1,102 @@
 #include "filter/ocupacao.h"
 
+#include <bit>
+#include <new>
+
 #include "pim/erro.h"
 #include "pim/matriz.h"
 
-OCUPACAO::OCUPACAO(int linhas, int colunas)
+namespace {
+
+constexpr int bits = 64;
+
+// Calls `acao(word, mask)` for the words that hold bits [de, ate] of a row.
+template <class ACAO>
+void paraCadaPalavra(int de, int ate, ACAO acao) {
+  for (int p = de / bits; p <= ate / bits; ++p) {
+    std::uint64_t mascara = ~std::uint64_t{0};
+    if (p == de / bits) mascara &= ~std::uint64_t{0} << de % bits;
+    if (p == ate / bits) mascara &= ~std::uint64_t{0} >> (bits - 1 - ate % bits);
+    acao(static_cast<std::size_t>(p), mascara);
+  }
+}
+
+}  // namespace
+
+OCUPACAO::OCUPACAO(int linhas, int colunas, std::size_t maximo)
     : rows(static_cast<unsigned>(linhas)),
       cols(static_cast<unsigned>(colunas)),
-      celulas(std::size_t{rows} * cols, vazia) {}
+      celulas(std::size_t{rows} * cols, vazia),
+      maximoDeElos(maximo),
+      palavras(cols / bits + 1),
+      ocupada(palavras * rows) {}
 
-void OCUPACAO::acrescenta(int l, int c, int i) {
-  int& celula = celulas[static_cast<std::size_t>(l) * cols + static_cast<unsigned>(c)];
-  if (celula == vazia) {
-    celula = i;
-  } else if (celula >= 0) {
-    listas.push_back({celula, i});
-    celula = -1 - static_cast<int>(listas.size());
-  } else {
-    listas[lista(celula)].push_back(i);
+void OCUPACAO::acrescenta(int l, int de, int ate, int i) {
+  int* celula = celulas.data() + inicio(l);
+  for (int c = de; c <= ate; ++c) {
+    if (celula[c] == vazia) {
+      celula[c] = i;
+    } else {
+      if (elos.size() == maximoDeElos) throw std::bad_alloc();
+      elos.push_back({i, celula[c]});
+      celula[c] = -1 - static_cast<int>(elos.size());
+    }
   }
+  std::uint64_t* linha = marcas(l);
+  paraCadaPalavra(de, ate, [&](std::size_t p, std::uint64_t mascara) { linha[p] |= mascara; });
 }
 
 void OCUPACAO::retira(int l, int c, int wi) {
   pim::afirmaDentro(static_cast<unsigned>(l), static_cast<unsigned>(c), rows, cols);
-  int& celula = celulas[static_cast<std::size_t>(l) * cols + static_cast<unsigned>(c)];
-  const bool temLista = celula < vazia;
-  if (celula == vazia || (temLista && listas[lista(celula)].empty())) return;
-  const int ultimo = temLista ? listas[lista(celula)].back() : celula;
-  pim::afirma(ultimo == wi, "t.back()==int(wi)",
+  int& celula = celulas[inicio(l) + static_cast<unsigned>(c)];
+  if (celula == vazia) return;
+  const ELO ultimo = celula < vazia ? elos[elo(celula)] : ELO{celula, vazia};
+  pim::afirma(ultimo.indice == wi, "t.back()==int(wi)",
               {"vorplex", __LINE__,
                "void filtInter(std::vector<MAXLOCAL>&, std::vector<MAXLOCAL>&, cv::Size, double, "
                "double, double, double, double, double, double, double)"});
-  if (temLista) {
-    listas[lista(celula)].pop_back();
-  } else {
-    celula = vazia;
-  }
+  celula = ultimo.resto;
+  if (celula != vazia) return;
+  std::uint64_t* linha = marcas(l);
+  paraCadaPalavra(c, c, [&](std::size_t p, std::uint64_t mascara) { linha[p] &= ~mascara; });
 }
 
-bool OCUPACAO::temOutro(int celula, int indice) const {
-  const std::vector<int>& t = listas[lista(celula)];
-  return t.size() >= 2 || (t.size() == 1 && t[0] != indice);
-}
-
-// Every cell that is not empty nor holds `indice` alone counts at first, without a look at lists,
-// so that many cells are compared at once; most stretches need no more.
+// A cell with a link holds two indices at least.
 int OCUPACAO::deOutros(int l, int de, int ate, int indice) const {
-  const int* celula = linha(l);
+  const int* celula = celulas.data() + inicio(l);
   int n = 0;
-  int comLista = 0;
-  for (int c = de; c <= ate; ++c) {
-    n += celula[c] != vazia && celula[c] != indice ? 1 : 0;
-    comLista += celula[c] < vazia ? 1 : 0;
-  }
-  for (int c = de; comLista > 0 && c <= ate; ++c) {
-    if (celula[c] >= vazia) continue;
-    if (!temOutro(celula[c], indice)) --n;
-    --comLista;
-  }
+  for (int c = de; c <= ate; ++c) n += celula[c] != vazia && celula[c] != indice ? 1 : 0;
   return n;
 }
 
 int OCUPACAO::ocupadas(int l, int de, int ate) const {
-  return deOutros(l, de, ate, vazia);
+  const std::uint64_t* linha = ocupada.data() + static_cast<std::size_t>(l) * palavras;
+  int n = 0;
+  paraCadaPalavra(de, ate, [&](std::size_t p, std::uint64_t mascara) {
+    n += std::popcount(linha[p] & mascara);
+  });
+  return n;
+}
+
+bool OCUPACAO::mesmos(int a, int b) const {
+  return a == b || (a < vazia && b < vazia && elos[elo(a)] == elos[elo(b)]);
 }
 
 void OCUPACAO::antecipa(int l, int de, int ate) const {
-  __builtin_prefetch(linha(l) + de);
-  __builtin_prefetch(linha(l) + ate);
+  const int* celula = celulas.data() + inicio(l);
+  __builtin_prefetch(celula + de);
+  __builtin_prefetch(celula + ate);
 }
 
 void OCUPACAO::junta(int l, int de, int ate, std::vector<int>& indices) const {
-  const int* celula = linha(l);
+  const int* celula = celulas.data() + inicio(l);
   int anterior = vazia;
   for (int c = de; c <= ate; ++c) {
-    if (celula[c] == anterior) continue;  // a run of cells with the same content
+    const bool repete = mesmos(celula[c], anterior);
     anterior = celula[c];
-    if (celula[c] >= 0) indices.push_back(celula[c]);
-    if (celula[c] >= vazia) continue;
-    const std::vector<int>& t = listas[lista(celula[c])];
-    indices.insert(indices.end(), t.begin(), t.end());
+    if (repete) continue;
+    int i = celula[c];
+    for (; i < vazia; i = elos[elo(i)].resto) indices.push_back(elos[elo(i)].indice);
+    if (i != vazia) indices.push_back(i);
   }
 }

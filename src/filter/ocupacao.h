@@ -1,22 +1,25 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <deque>
 #include <vector>
 
 #include "pim/paginas.h"
 
-// Which kept detections cover each pixel of an image, in four bytes a pixel as long as shapes
-// overlap little: a cell that holds one index is that index; only a cell that has ever held more
-// has a list of its own. Indices are 0 or more. The outside of the image counts as occupied by none
-// of them.
+// Which kept detections cover each pixel of an image, in four bytes and a bit a pixel as long as
+// shapes overlap little: a cell that holds one index is that index, and each further index takes
+// eight bytes. Indices are 0 or more. The outside of the image counts as occupied by none of them.
 struct OCUPACAO {
   unsigned rows;
   unsigned cols;
 
-  OCUPACAO(int linhas, int colunas);
+  // An empty grid for at most `maximo` indices beside the first of each cell: 8 GiB if not given.
+  OCUPACAO(int linhas, int colunas, std::size_t maximo = std::size_t{1} << 30);
 
-  // Adds index i to a cell inside the grid.
-  void acrescenta(int l, int c, int i);
+  // Adds index i to the cells (l, de) to (l, ate), which lie inside the grid. std::bad_alloc when
+  // that makes more than `maximo`.
+  void acrescenta(int l, int de, int ate, int i);
 
   // Takes the last index added off a cell; an empty cell stays so. Outside the grid the assertion
   // "l<rows && c<cols" fails, and so does "t.back()==int(wi)" when that index is not `wi`.
@@ -36,12 +39,27 @@ struct OCUPACAO {
  private:
   static constexpr int vazia = -1;
 
-  // Cells below `vazia` stand for lists: -2 for the first, -3 for the second and so on.
-  static std::size_t lista(int celula) { return static_cast<std::size_t>(-2 - celula); }
-  // Whether a cell's list holds an index other than `indice`.
-  bool temOutro(int celula, int indice) const;
-  const int* linha(int l) const { return celulas.data() + static_cast<std::size_t>(l) * cols; }
+  // An index and, in the terms of a cell, those that were there before it.
+  struct ELO {
+    int indice;
+    int resto;
+
+    bool operator==(const ELO&) const = default;
+  };
+  // Cells below `vazia` stand for links: -2 for the first, -3 for the second and so on.
+  static std::size_t elo(int celula) { return static_cast<std::size_t>(-2 - celula); }
+
+  // Whether two cells are seen at once to hold the same indices: neighbours mostly do.
+  bool mesmos(int a, int b) const;
+
+  std::size_t inicio(int l) const { return static_cast<std::size_t>(l) * cols; }
+  std::uint64_t* marcas(int l) { return ocupada.data() + static_cast<std::size_t>(l) * palavras; }
 
   std::vector<int, pim::PAGINAS<int>> celulas;
-  std::vector<std::vector<int>> listas;
+  std::size_t maximoDeElos;
+  std::deque<ELO> elos;
+  // A bit a cell, whether it is occupied: most candidates are refused by a look at these, which
+  // stay in the caches, while cells must be fetched from memory.
+  std::size_t palavras;  // a row
+  std::vector<std::uint64_t> ocupada;
 };

@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <new>
 #include <random>
+#include <set>
 
 #include "filter/filtinter.h"
 #include "filter/ocupacao.h"
@@ -57,34 +60,52 @@ TEST(FiltroRapido, IgualAFormaSimplesEmListasSorteadas) {
 }
 
 TEST(Ocupacao, ContaOcupadasEDeOutrosComoUmaPilhaPorPixel) {
+  constexpr int linhas = 3;
+  constexpr int colunas = 150;
   std::mt19937 g(sementeDeListas);
-  OCUPACAO o(6, 9);
-  std::vector<std::vector<int>> pilhas(6 * 9);
-  for (int vez = 0; vez < 3000; ++vez) {
-    const int l = static_cast<int>(g() % 6);
-    const int c = static_cast<int>(g() % 9);
-    auto& pilha = pilhas[static_cast<std::size_t>(l * 9 + c)];
-    if (g() % 2 == 0) {
-      const int i = static_cast<int>(g() % 4);
-      o.acrescenta(l, c, i);
-      pilha.push_back(i);
-    } else {
-      o.retira(l, c, pilha.empty() ? 99 : pilha.back());  // an empty cell stays empty
-      if (!pilha.empty()) pilha.pop_back();
+  OCUPACAO o(linhas, colunas);
+  std::vector<std::vector<int>> pilhas(linhas * colunas);
+  for (int vez = 0; vez < 20000; ++vez) {
+    const int l = static_cast<int>(g() % linhas);
+    const int de = static_cast<int>(g() % colunas);
+    const int ate = std::min(colunas - 1, de + static_cast<int>(g() % 140));
+    const bool poe = g() % 2 == 0;
+    const int i = static_cast<int>(g() % 4);
+    if (poe) o.acrescenta(l, de, ate, i);
+    int ocupadas = 0;
+    int deOutros = 0;
+    std::vector<int> esperados;
+    for (int c = de; c <= ate; ++c) {
+      auto& pilha = pilhas[static_cast<std::size_t>(l * colunas + c)];
+      if (poe) {
+        pilha.push_back(i);
+      } else {
+        o.retira(l, c, pilha.empty() ? 99 : pilha.back());  // an empty cell stays empty
+        if (!pilha.empty()) pilha.pop_back();
+      }
+      ocupadas += pilha.empty() ? 0 : 1;
+      deOutros += pilha.size() >= 2 || (pilha.size() == 1 && pilha[0] != 2) ? 1 : 0;
+      esperados.insert(esperados.end(), pilha.begin(), pilha.end());
     }
-    const bool ocupada = !pilha.empty();
-    const bool deOutro = pilha.size() >= 2 || (pilha.size() == 1 && pilha[0] != 2);
     std::vector<int> junto;
-    o.junta(l, c, c, junto);
-    ASSERT_EQ(o.ocupadas(l, c, c), ocupada ? 1 : 0);
-    ASSERT_EQ(o.deOutros(l, c, c, 2), deOutro ? 1 : 0);
-    ASSERT_EQ(junto, pilha);
+    o.junta(l, de, ate, junto);
+    ASSERT_EQ(o.ocupadas(l, de, ate), ocupadas);
+    ASSERT_EQ(o.deOutros(l, de, ate, 2), deOutros);
+    ASSERT_EQ(std::set<int>(junto.begin(), junto.end()),
+              std::set<int>(esperados.begin(), esperados.end()));
   }
+}
+
+TEST(Ocupacao, IndicesDemaisSaoMemoriaInsuficiente) {
+  OCUPACAO o(1, 10, 15);
+  o.acrescenta(0, 0, 9, 0);  // the first of each cell needs no memory
+  o.acrescenta(0, 0, 9, 1);
+  EXPECT_THROW(o.acrescenta(0, 0, 9, 2), std::bad_alloc);
 }
 
 TEST(Ocupacao, RetirarOIndiceErradoOuForaDaGradeAborta) {
   OCUPACAO o(2, 2);
-  o.acrescenta(1, 1, 5);
+  o.acrescenta(1, 1, 1, 5);
   EXPECT_DEATH(o.retira(1, 1, 4), "Assertion `t.back\\(\\)==int\\(wi\\)' failed");
   EXPECT_DEATH(o.retira(2, 0, 4), "Assertion `l<rows && c<cols' failed");
 }
