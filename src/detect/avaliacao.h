@@ -7,9 +7,15 @@
 // The innermost work of the detector: the correlation of many pixels with many kernels, and which
 // kernel did best.
 
-// A kernel ready for evaluation on planes of prefix sums that lie one after the other in memory.
-// The terms are offsets, in elements, from the pixel's place in the first plane. The sum over a
-// region is the sum of the elements at `mais` less that at `menos`; the correlation is
+// Where the sums over a kernel's whole and core come from, on planes of prefix sums that lie one
+// after the other in memory: offsets, in elements, from the pixel's place in the first plane. A sum
+// is that of the elements at `mais` less that of those at `menos`.
+struct SOMAS {
+  std::vector<std::int32_t> maisTudo, menosTudo;
+  std::vector<std::int32_t> maisNucleo, menosNucleo;
+};
+
+// A kernel ready for evaluation. Its correlation is
 //
 //   (ring * nucleo - core * anel) * escala,  ring = whole - core,
 //
@@ -17,8 +23,8 @@
 // being the plane's value of an image value 1. A constant image gives exactly 0 as long as float
 // holds its sums (2^24).
 struct KERNELPRONTO {
-  std::vector<std::int32_t> maisTudo, menosTudo;
-  std::vector<std::int32_t> maisNucleo, menosNucleo;
+  std::vector<SOMAS> partes;  // for planes of 16 bits those of a few rows of the kernel each, so
+                              // that the sums fit; otherwise one
   double anel;
   double nucleo;
   double escala;
@@ -44,13 +50,15 @@ struct BLOCO {
 
 // Sets, for every pixel of the block, the highest correlation and the index of its kernel; -1 and
 // -1 where no kernel exceeds -1. The kernels are tried in order and the first wins a tie. Planes of
-// 32-bit integers wrap around; the sums themselves must fit.
+// integers wrap around; the sums over ring and core of each part must fit their type. Those of 16
+// bits are added up in 32 and give the same results as planes of 32 bits.
 template <class T>
 using AVALIA = void(const BLOCO<T>& bloco, const std::vector<KERNELPRONTO>& kernels);
 
-// That operation for both kinds of planes, in the instructions named.
+// That operation for all kinds of planes, in the instructions named.
 struct AVALIADOR {
   const char* nome;
+  AVALIA<std::int16_t>* curtos;
   AVALIA<std::int32_t>* inteiros;
   AVALIA<double>* reais;
 };
@@ -59,5 +67,6 @@ struct AVALIADOR {
 std::vector<AVALIADOR> avaliadores();
 
 // The same one pixel at a time: what all of them must equal to the last bit.
+AVALIA<std::int16_t> avaliaSimples;
 AVALIA<std::int32_t> avaliaSimples;
 AVALIA<double> avaliaSimples;

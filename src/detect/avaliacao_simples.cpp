@@ -4,9 +4,11 @@
 
 namespace {
 
-// Sums wrap around as the planes do.
+// Sums wrap around as the planes do; those of parts are added up in 32 bits.
 template <class T>
 using ACUMULADOR = std::conditional_t<std::is_integral_v<T>, std::uint32_t, T>;
+template <class T>
+using TOTAL = std::conditional_t<std::is_integral_v<T>, std::int32_t, T>;
 
 template <class T>
 ACUMULADOR<T> soma(const T* pixel, const std::vector<std::int32_t>& mais,
@@ -23,13 +25,17 @@ using REAL = std::conditional_t<std::is_integral_v<T>, float, double>;
 
 template <class T>
 float correlacao(const T* pixel, const KERNELPRONTO& k) {
-  const auto tudo = soma(pixel, k.maisTudo, k.menosTudo);
-  const auto nucleo = soma(pixel, k.maisNucleo, k.menosNucleo);
-  const auto anel = static_cast<REAL<T>>(static_cast<T>(tudo - nucleo));
-  const auto centro = static_cast<REAL<T>>(static_cast<T>(nucleo));
-  return static_cast<float>(
-      (anel * static_cast<REAL<T>>(k.nucleo) - centro * static_cast<REAL<T>>(k.anel)) *
-      static_cast<REAL<T>>(k.escala));
+  TOTAL<T> anel = 0;
+  TOTAL<T> centro = 0;
+  for (const SOMAS& s : k.partes) {
+    const auto tudo = soma(pixel, s.maisTudo, s.menosTudo);
+    const auto nucleo = soma(pixel, s.maisNucleo, s.menosNucleo);
+    anel += static_cast<T>(tudo - nucleo);
+    centro += static_cast<T>(nucleo);
+  }
+  return static_cast<float>((static_cast<REAL<T>>(anel) * static_cast<REAL<T>>(k.nucleo) -
+                             static_cast<REAL<T>>(centro) * static_cast<REAL<T>>(k.anel)) *
+                            static_cast<REAL<T>>(k.escala));
 }
 
 template <class T>
@@ -53,6 +59,10 @@ void avaliaPixelAPixel(const BLOCO<T>& b, const std::vector<KERNELPRONTO>& kerne
 }
 
 }  // namespace
+
+void avaliaSimples(const BLOCO<std::int16_t>& bloco, const std::vector<KERNELPRONTO>& kernels) {
+  avaliaPixelAPixel(bloco, kernels);
+}
 
 void avaliaSimples(const BLOCO<std::int32_t>& bloco, const std::vector<KERNELPRONTO>& kernels) {
   avaliaPixelAPixel(bloco, kernels);

@@ -20,21 +20,33 @@ inline double inteiro(float v, double unidade, double /*desconto*/) {
   return (static_cast<double>(v) * unidade + meio) - meio;
 }
 
-// A row of the level from column `x0` on, its ends repeated.
-template <class T>
-void leLinha(const NIVEL& nivel, int y, int x0, std::span<T> saida) {
-  using UNIDADE = std::conditional_t<std::is_integral_v<T>, float, double>;
-  const auto unidade = static_cast<UNIDADE>(nivel.unidade);
-  const auto desconto = static_cast<T>(nivel.desconto);
-  const int cols = nivel.imagem.cols;
-  const float* linha = nivel.imagem[std::clamp(y, 0, nivel.imagem.rows - 1)];
+// A row of the level from column `x0` on, its ends repeated; `em(c)` is its pixel c.
+template <class T, class PIXEL>
+void leLinha(int x0, int cols, PIXEL em, std::span<T> saida) {
   const int n = static_cast<int>(saida.size());
   const int de = std::clamp(-x0, 0, n);
   const int ate = std::clamp(cols - x0, de, n);
   T* q = saida.data();
-  std::fill(q, q + de, inteiro(linha[0], unidade, desconto));
-  for (int j = de; j < ate; ++j) q[j] = inteiro(linha[x0 + j], unidade, desconto);
-  std::fill(q + ate, q + n, inteiro(linha[cols - 1], unidade, desconto));
+  std::fill(q, q + de, em(0));
+  for (int j = de; j < ate; ++j) q[j] = em(x0 + j);
+  std::fill(q + ate, q + n, em(cols - 1));
+}
+
+template <class T>
+void leLinha(const NIVEL& nivel, int y, int x0, std::span<T> saida) {
+  using UNIDADE = std::conditional_t<std::is_integral_v<T>, float, double>;
+  [[maybe_unused]] const auto unidade = static_cast<UNIDADE>(nivel.unidade);
+  const auto desconto = static_cast<T>(nivel.desconto);
+  const int l = std::clamp(y, 0, nivel.imagem.rows - 1);
+  if constexpr (std::is_same_v<T, std::int16_t>) {
+    const unsigned char* linha = nivel.bytes[l];
+    leLinha(
+        x0, nivel.imagem.cols, [=](int c) { return static_cast<T>(linha[c] - desconto); }, saida);
+  } else {
+    const float* linha = nivel.imagem[l];
+    leLinha(
+        x0, nivel.imagem.cols, [=](int c) { return inteiro(linha[c], unidade, desconto); }, saida);
+  }
 }
 
 // Sums that wrap around are made in unsigned arithmetic.
@@ -160,5 +172,6 @@ void FAIXA<T>::avanca(int feitas) {
   }
 }
 
+template struct FAIXA<std::int16_t>;
 template struct FAIXA<std::int32_t>;
 template struct FAIXA<double>;

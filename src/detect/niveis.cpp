@@ -6,18 +6,18 @@
 
 namespace {
 
-constexpr std::array<double, 2> unidadesInteiras = {255.0, 65280.0};
+constexpr std::array<double, 2> unidadesInteiras = {unidadeDeBytes, 65280.0};
 constexpr double unidadeReal = 16777216.0;  // 2^24
 constexpr double erroMaximo = 1.8e-7;
 
-// Whether every value is a multiple of 1/unidade to within `erroMaximo`.
+// Whether every value is a multiple of 1/unidade, 0 or more, to within `erroMaximo`.
 bool ehInteira(const cv::Mat_<float>& imagem, double unidade) {
   for (int l = 0; l < imagem.rows; ++l) {
     const float* linha = imagem[l];
     double pior = 0;
     for (int c = 0; c < imagem.cols; ++c) {
       const double x = linha[c] * unidade;
-      pior = std::max(pior, std::abs(x - std::nearbyint(x)));
+      pior = std::max({pior, std::abs(x - std::nearbyint(x)), -x});
     }
     if (pior > erroMaximo * unidade) return false;
   }
@@ -37,19 +37,21 @@ double maiorValor(const cv::Mat_<float>& imagem) {
 
 NIVEL preparaNivel(const cv::Mat_<float>& imagem) {
   const double maior = maiorValor(imagem);
-  if (!std::isfinite(maior)) return {imagem, REPRESENTACAO::nenhuma, 1, 0, maior};
+  if (!std::isfinite(maior)) return {imagem, REPRESENTACAO::nenhuma, 1, 0, maior, {}};
   for (const double unidade : unidadesInteiras) {
     if (maior <= 1 + erroMaximo && ehInteira(imagem, unidade)) {
-      return {imagem, REPRESENTACAO::inteira, unidade, std::floor(unidade / 2), maior};
+      NIVEL nivel{imagem, REPRESENTACAO::inteira, unidade, std::floor(unidade / 2), maior, {}};
+      if (unidade == unidadeDeBytes) imagem.convertTo(nivel.bytes, CV_8U, unidade);
+      return nivel;
     }
   }
-  return comoReal({imagem, REPRESENTACAO::real, 1, 0, maior});
+  return comoReal({imagem, REPRESENTACAO::real, 1, 0, maior, {}});
 }
 
 }  // namespace
 
 NIVEL comoReal(const NIVEL& nivel) {
-  return {nivel.imagem, REPRESENTACAO::real, unidadeReal, 0, nivel.maior};
+  return {nivel.imagem, REPRESENTACAO::real, unidadeReal, 0, nivel.maior, {}};
 }
 
 NIVEIS preparaNiveis(const PIRAMIDE& piramide) {

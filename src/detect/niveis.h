@@ -19,17 +19,21 @@
 // (two means of at most 1, each through a conversion and a product; a difference and a scaling),
 // and the kernel's float weights differ from 1/P and 1/N by 6e-8 each. In all less than 1e-6.
 enum class REPRESENTACAO {
-  inteira,  // |value * unidade| is a whole number up to `unidade`: 32-bit integers
+  inteira,  // value * unidade is a whole number from 0 to `unidade`: integers
   real,     // double multiples of 1/unidade
   nenhuma   // not finite, or too large to be exact
 };
 
+// What a photograph's value of 1 becomes.
+inline constexpr double unidadeDeBytes = 255.0;
+
 struct NIVEL {
   cv::Mat_<float> imagem;  // shares the level's pixels
   REPRESENTACAO tipo;
-  double unidade;   // what an image value of 1 becomes
-  double desconto;  // what is taken off the whole numbers
-  double maior;     // largest absolute value of the image
+  double unidade;                 // what an image value of 1 becomes
+  double desconto;                // what is taken off the whole numbers
+  double maior;                   // largest absolute value of the image
+  cv::Mat_<unsigned char> bytes;  // the whole numbers before that, where they are bytes
 };
 
 using NIVEIS = std::vector<NIVEL>;

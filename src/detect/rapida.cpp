@@ -1,12 +1,10 @@
 #include "detect/rapida.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdint>
-#include <cstdlib>
+#include <span>
+#include <type_traits>
 
-#include "detect/avaliacao.h"
-#include "detect/escolha.h"
 #include "detect/faixa.h"
 
 namespace {
@@ -14,12 +12,6 @@ namespace {
 constexpr int linhasDeTrabalho = 64;
 constexpr int colunasDeTrabalho = 256;
 constexpr double maximoDeBytes = 256.0 * (1 << 20);
-
-int alcance(const std::vector<TERMO>& termos) {
-  int maior = 0;
-  for (const TERMO& t : termos) maior = std::max({maior, std::abs(t.dl), std::abs(t.dc)});
-  return maior;
-}
 
 template <class T>
 void separa(const std::vector<TERMO>& termos, const FAIXA<T>& faixa,
@@ -35,15 +27,27 @@ void separa(const std::vector<TERMO>& termos, const FAIXA<T>& faixa,
 }
 
 template <class T>
+std::span<const PARTE> partes(const ESQUEMA& e) {
+  if constexpr (std::is_same_v<T, std::int16_t>) {
+    return e.curtas;
+  } else {
+    return {&e.inteira, 1};
+  }
+}
+
+template <class T>
 std::vector<KERNELPRONTO> prontos(const std::vector<const ESQUEMA*>& kernels, double unidade,
                                   const FAIXA<T>& faixa) {
   std::vector<KERNELPRONTO> lista;
   for (const ESQUEMA* e : kernels) {
     const double anel = e->nAnel;
     const double nucleo = e->nNucleo;
-    KERNELPRONTO k{{}, {}, {}, {}, anel, nucleo, 1 / (anel * nucleo * unidade), e->indice};
-    separa(e->tudo, faixa, k.maisTudo, k.menosTudo);
-    separa(e->nucleo, faixa, k.maisNucleo, k.menosNucleo);
+    KERNELPRONTO k{{}, anel, nucleo, 1 / (anel * nucleo * unidade), e->indice};
+    for (const PARTE& p : partes<T>(*e)) {
+      SOMAS& s = k.partes.emplace_back();
+      separa(p.tudo, faixa, s.maisTudo, s.menosTudo);
+      separa(p.nucleo, faixa, s.maisNucleo, s.menosNucleo);
+    }
     lista.push_back(std::move(k));
   }
   return lista;
@@ -84,6 +88,12 @@ void percorre(const NIVEL& nivel, const std::vector<const ESQUEMA*>& kernels, co
   }
 }
 
+// Whether planes of 16 bits will do: a photograph's bytes, and kernels divided for them.
+bool ehCurto(const NIVEL& nivel, const std::vector<const ESQUEMA*>& kernels) {
+  return !nivel.bytes.empty() && std::all_of(kernels.begin(), kernels.end(),
+                                             [](const ESQUEMA* e) { return !e->curtas.empty(); });
+}
+
 // Whether the sums over ring and core fit the planes' type.
 bool cabe(const NIVEL& nivel, const std::vector<const ESQUEMA*>& kernels, const GRUPO& grupo,
           int colunas) {
@@ -100,34 +110,6 @@ bool cabe(const NIVEL& nivel, const std::vector<const ESQUEMA*>& kernels, const 
 }
 
 }  // namespace
-
-GRUPO preparaGrupo(const std::vector<MASCARA>& kernels, int primeiro, int ultimo) {
-  GRUPO grupo;
-  std::vector<LADO> todos;
-  std::vector<std::vector<LADO>> lados;  // two regions a kernel
-  for (int k = primeiro; k <= ultimo; ++k) {
-    const MASCARA& m = kernels[static_cast<std::size_t>(k)];
-    const std::optional<REGIOES> r = regioesDoKernel(m.kernel);
-    if (!r) {
-      grupo.serve = false;
-      return grupo;
-    }
-    for (const REGIAO& regiao : {r->tudo, r->nucleo}) {
-      lados.push_back(ladosDaRegiao(regiao));
-      todos.insert(todos.end(), lados.back().begin(), lados.back().end());
-    }
-    grupo.kernels.push_back({k, m.sPir, {}, {}, r->nAnel, r->nNucleo});
-  }
-  const std::vector<ESCADA> escadas = escolheEscadas(todos);
-  grupo.planos = planosDasEscadas(escadas);
-  for (std::size_t i = 0; i < grupo.kernels.size(); ++i) {
-    ESQUEMA& e = grupo.kernels[i];
-    e.tudo = termosDosLados(lados[2 * i], escadas);
-    e.nucleo = termosDosLados(lados[2 * i + 1], escadas);
-    grupo.margem = std::max({grupo.margem, alcance(e.tudo), alcance(e.nucleo)});
-  }
-  return grupo;
-}
 
 bool correlaNivel(const NIVEL& nivel, int L, const GRUPO& grupo, const AVALIADOR& avaliador,
                   cv::Mat_<float>& melhor, cv::Mat_<int>& qual) {
@@ -146,6 +128,10 @@ bool correlaNivel(const NIVEL& nivel, int L, const GRUPO& grupo, const AVALIADOR
   const double bytes =
       FAIXA<double>::bytes(grupo.margem, linhasDaFaixa(grupo.margem), colunas, grupo.planos);
   if (bytes > maximoDeBytes) return false;
+  if (ehCurto(nivel, kernels)) {
+    percorre(nivel, kernels, grupo, colunas, avaliador.curtos, melhor, qual);
+    return true;
+  }
   const bool inteira = nivel.tipo == REPRESENTACAO::inteira;
   if (!cabe(nivel, kernels, grupo, colunas)) {
     if (!inteira) return false;

@@ -37,6 +37,34 @@ std::optional<REGIOES> regioesDoKernel(const cv::Mat_<float>& K) {
   return x;
 }
 
+std::vector<cv::Range> divideLinhas(const REGIOES& r, int maximo) {
+  std::vector<cv::Range> partes;
+  cv::Range parte(0, 0);
+  int anel = 0;
+  int nucleo = 0;
+  for (int l = 0; l < r.tudo.rows; ++l) {
+    const int doNucleo = cv::countNonZero(r.nucleo.row(l));
+    const int doAnel = cv::countNonZero(r.tudo.row(l)) - doNucleo;
+    if (doAnel > maximo || doNucleo > maximo) return {};
+    if (!parte.empty() && (anel + doAnel > maximo || nucleo + doNucleo > maximo)) {
+      partes.push_back(parte);
+      parte = cv::Range(l, l);
+      anel = nucleo = 0;
+    }
+    parte.end = l + 1;
+    anel += doAnel;
+    nucleo += doNucleo;
+  }
+  partes.push_back(parte);
+  return partes;
+}
+
+REGIAO soLinhas(const REGIAO& regiao, const cv::Range& linhas) {
+  REGIAO parte(regiao.size(), 0);
+  regiao.rowRange(linhas).copyTo(parte.rowRange(linhas));
+  return parte;
+}
+
 std::vector<LADO> ladosDaRegiao(const REGIAO& regiao) {
   std::vector<LADO> prontos;
   std::vector<LADO> abertos;  // that of the j-th end of the row before

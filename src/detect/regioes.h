@@ -24,6 +24,13 @@ struct REGIOES {
 // 1e-6); nothing for any other kernel.
 std::optional<REGIOES> regioesDoKernel(const cv::Mat_<float>& K);
 
+// Consecutive ranges of rows that make up the kernel, each with at most `maximo` pixels of the ring
+// and of the core; none when a single row has more.
+std::vector<cv::Range> divideLinhas(const REGIOES& r, int maximo);
+
+// The region without its pixels in other rows.
+REGIAO soLinhas(const REGIAO& regiao, const cv::Range& linhas);
+
 // One side of a region: where a stretch of pixels ends in each of some consecutive rows.
 struct LADO {
   int sinal;                // +1: at the last pixel of the stretch; -1: just before the first

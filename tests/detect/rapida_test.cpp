@@ -119,6 +119,43 @@ TEST(Rapida, IgualASomaDiretaEmImagemSaturada) {
   confereMapas(piramide, {sorteiaKernel(g, 20), sorteiaKernel(g, 20)});
 }
 
+// Photographs that drive the sums over ring and core to their extremes: the ring of a kernel white
+// and its core black, or the reverse.
+TEST(Rapida, SomasExtremasNaoTransbordam) {
+  for (const double d : {15.0, 18.0, 20.5, 24.0, 29.0, 33.0}) {
+    MASCARA m;
+    kernelCirculo(m.kernel, d);
+    const cv::Mat_<unsigned char> nucleo(m.kernel < 0);
+    for (const float claro : {0.0F, 1.0F}) {
+      cv::Mat_<float> img(m.kernel.rows + 3, m.kernel.cols + 3, claro);
+      img(cv::Rect(1, 2, nucleo.cols, nucleo.rows)).setTo(1 - claro, nucleo);
+      confereMapas({img}, {m});
+    }
+  }
+}
+
+TEST(Rapida, SomasDe16E32BitsDaoMapasIguais) {
+  std::mt19937 g(sementeDeFotos);
+  for (int vez = 0; vez < 20; ++vez) {
+    const NIVEIS niveis = preparaNiveis({fotografia(90, 310, g)});
+    std::vector<MASCARA> kernels;
+    for (int k = 0; k < 4; ++k) kernels.push_back(sorteiaKernel(g, 24));
+    const GRUPO grupo = preparaGrupo(kernels, 0, 3);
+    for (const ESQUEMA& e : grupo.kernels) ASSERT_FALSE(e.curtas.empty());
+    NIVEL semBytes = niveis[0];
+    semBytes.bytes.release();
+    cv::Mat_<float> curta(90, 310);
+    cv::Mat_<float> longa(90, 310);
+    cv::Mat_<int> qualCurta(90, 310);
+    cv::Mat_<int> qualLonga(90, 310);
+    const AVALIADOR avaliador = avaliadores().front();
+    ASSERT_TRUE(correlaNivel(niveis[0], 0, grupo, avaliador, curta, qualCurta));
+    ASSERT_TRUE(correlaNivel(semBytes, 0, grupo, avaliador, longa, qualLonga));
+    EXPECT_EQ(cv::countNonZero(curta != longa), 0);
+    EXPECT_EQ(cv::countNonZero(qualCurta != qualLonga), 0);
+  }
+}
+
 TEST(Rapida, ImagemConstanteDaZeroExatoEOPrimeiroKernelEmTodosOsPixels) {
   std::mt19937 g(sementeDeFotos);
   for (const float valor : {0.0F, 77 / 255.0F, 1.0F}) {
@@ -199,9 +236,13 @@ void compara(AVALIA<T>* avalia, const char* nome, unsigned maximoDeTermos) {
   std::vector<KERNELPRONTO> kernels(3);
   for (std::size_t k = 0; k < kernels.size(); ++k) {
     KERNELPRONTO& x = kernels[k];
-    for (auto* lista : {&x.maisTudo, &x.menosTudo, &x.maisNucleo, &x.menosNucleo}) {
-      for (auto i = g() % (maximoDeTermos + 1); i > 0; --i) {
-        lista->push_back(static_cast<std::int32_t>(g() % 20) * passo + static_cast<int>(g() % 20));
+    x.partes.resize(sizeof(T) == 2 ? k + 1 : 1);
+    for (SOMAS& s : x.partes) {
+      for (auto* lista : {&s.maisTudo, &s.menosTudo, &s.maisNucleo, &s.menosNucleo}) {
+        for (auto i = g() % (maximoDeTermos + 1); i > 0; --i) {
+          const auto linha = static_cast<std::int32_t>(g() % 20);
+          lista->push_back(linha * passo + static_cast<std::int32_t>(g() % 20));
+        }
       }
     }
     x.anel = 40;
@@ -231,6 +272,7 @@ TEST(Avaliacao, TodosOsConjuntosDeInstrucoesDaoOMesmoQuePixelAPixel) {
   ASSERT_FALSE(todos.empty());
   for (const AVALIADOR& a : todos) {
     for (const unsigned maximoDeTermos : {6U, 20U, 80U}) {
+      compara(a.curtos, a.nome, maximoDeTermos);
       compara(a.inteiros, a.nome, maximoDeTermos);
       compara(a.reais, a.nome, maximoDeTermos);
     }

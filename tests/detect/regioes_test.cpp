@@ -22,6 +22,34 @@ TEST(RegioesDoKernel, ContamAnelENucleo) {
   EXPECT_EQ(cv::countNonZero(r->nucleo), 1);
 }
 
+TEST(DivideLinhas, CadaParteCabeETodasJuntasSaoOKernel) {
+  cv::Mat_<float> K;
+  kernelElipse(K, 40, 25, 30);
+  const REGIOES r = regioesDoKernel(K).value();
+  const auto partes = divideLinhas(r, 150);
+  ASSERT_GT(partes.size(), 3U);
+  REGIAO somaTudo(K.size(), 0);
+  REGIAO somaNucleo(K.size(), 0);
+  for (const cv::Range& x : partes) {
+    const REGIAO tudo = soLinhas(r.tudo, x);
+    const REGIAO nucleo = soLinhas(r.nucleo, x);
+    EXPECT_LE(cv::countNonZero(nucleo), 150);
+    EXPECT_LE(cv::countNonZero(tudo) - cv::countNonZero(nucleo), 150);
+    somaTudo += tudo;
+    somaNucleo += nucleo;
+  }
+  EXPECT_EQ(cv::countNonZero(somaTudo != r.tudo), 0);
+  EXPECT_EQ(cv::countNonZero(somaNucleo != r.nucleo), 0);
+}
+
+TEST(DivideLinhas, LinhaQueNaoCabeNaoTemPartes) {
+  cv::Mat_<float> K;
+  kernelRetangulo(K, 40, 6, 0);
+  const REGIOES r = regioesDoKernel(K).value();
+  EXPECT_FALSE(divideLinhas(r, 60).empty());
+  EXPECT_TRUE(divideLinhas(r, 39).empty());
+}
+
 TEST(LadosDaRegiao, UmTrechoPorLinhaDaDoisLados) {
   const REGIAO regiao = (REGIAO(3, 4) << 0, 1, 1, 0,  //
                          1, 1, 1, 0,                  //
