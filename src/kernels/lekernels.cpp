@@ -234,7 +234,9 @@ void leKernels(const std::string& nome, std::vector<MASCARA>& kernels) {
     const std::string palavra = pim::minuscula(pim::leStr(leitor.f, nome));
     if (palavra == "eof") return;
     if (leAjuste(leitor, palavra, ajustes)) continue;
-    if (!leForma(leitor, palavra, base)) pim::erro("Erro: Palavra desconhecida ", palavra);
+    if (!leForma(leitor, palavra, base)) {
+      pim::erro("Erro: Palavra desconhecida ", pim::mostravel(palavra));
+    }
     expande(conjunto, leitor, base, ajustes);
   }
 }

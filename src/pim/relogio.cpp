@@ -7,8 +7,10 @@ namespace pim {
 
 int centseg() {
   using CENTESIMOS = std::chrono::duration<std::int64_t, std::centi>;
-  const auto agora = std::chrono::steady_clock::now().time_since_epoch();
-  const auto contagem = std::chrono::duration_cast<CENTESIMOS>(agora).count();
+  // Counted from the first call, so that a run shorter than a hundredth never shows as one.
+  static const auto origem = std::chrono::steady_clock::now();
+  const auto contagem =
+      std::chrono::duration_cast<CENTESIMOS>(std::chrono::steady_clock::now() - origem).count();
   return static_cast<int>(static_cast<std::uint32_t>(contagem));
 }
 

@@ -61,6 +61,16 @@ std::string semSufixo(const std::string& nome) {
   return nome.substr(0, pontoDoSufixo(nome));
 }
 
+std::string mostravel(std::string texto) {
+  constexpr std::size_t maximo = 80;
+  const bool cortado = texto.size() > maximo;
+  if (cortado) texto.resize(maximo);
+  for (char& c : texto) {
+    if (std::iscntrl(static_cast<unsigned char>(c)) != 0) c = '?';
+  }
+  return cortado ? texto + "..." : texto;
+}
+
 bool paraNumero(const std::string& texto, int& x) {
   long valor = 0;
   const auto decimal = [](const char* s, char** fim) { return std::strtol(s, fim, 10); };

@@ -1,6 +1,5 @@
 #include "pim/token.h"
 
-#include <cctype>
 #include <string_view>
 
 #include "pim/erro.h"
@@ -82,17 +81,6 @@ template <class FONTE>
 std::string leStrDe(FONTE&& fonte, const std::string& nome) {
   std::string texto = token(fonte, nome);
   return texto.empty() ? "eof" : texto;
-}
-
-// A token as a message shows it: a file that is no text must not flood the terminal.
-std::string mostravel(std::string texto) {
-  constexpr std::size_t maximo = 80;
-  const bool cortado = texto.size() > maximo;
-  if (cortado) texto.resize(maximo);
-  for (char& c : texto) {
-    if (std::iscntrl(static_cast<unsigned char>(c)) != 0) c = '?';
-  }
-  return cortado ? texto + "..." : texto;
 }
 
 template <class T>

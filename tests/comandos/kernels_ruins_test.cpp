@@ -65,6 +65,8 @@ const std::vector<RUIM> numerosDeKernels = {
      "Erro: Numero invalido 5.0 (kernel.cfg, linha 1)", png},
     {"PalavraDesconhecida", [] { cfg("escoitava 2 HEXAGONO 9"); }, gera,
      "Erro: Palavra desconhecida hexagono", png},
+    {"PalavraSemFim", [] { cfg(std::string(1000000, 'x')); }, gera,
+     "Erro: Palavra desconhecida " + std::string(80, 'x') + "...", png},
     {"NumeroAMais", [] { cfg("circulo 21 22"); }, gera, "Erro: Palavra desconhecida 22", png},
     {"EscOitavaZero", [] { cfg("escoitava 0"); }, gera, "Erro: deve ter 1<=escOitava", png},
     {"EscMinNegativa", [] { cfg("escmin -1e-300"); }, gera, "Erro: deve ter 0<=escMin", png},

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <limits>
 #include <opencv2/imgcodecs.hpp>
 #include <opencv2/imgproc.hpp>
 #include <random>
@@ -274,6 +275,16 @@ TEST(DecodificaImagem, TiffDeReaisEhEscaladoDeZeroAUmECortado) {
   const cv::Mat_<float> img = (cv::Mat_<float>(1, 6) << -1.F, 0.F, 0.5F, 1.F, 2.F, 100.F / 255.F);
   const cv::Mat lida = decodificada(codificada("tiff", img));
   EXPECT_EQ(maiorDiferenca(lida, (cv::Mat_<unsigned char>(1, 6) << 0, 0, 128, 255, 255, 100)), 0);
+}
+
+TEST(DecodificaImagem, TiffDeReaisMuitoClarosEhBranco) {
+  const float semFim = std::numeric_limits<float>::infinity();
+  const cv::Mat_<float> img = (cv::Mat_<float>(1, 4) << 8.5e6F, 1e10F, 3.4e38F, semFim);
+  cv::Mat_<double> dupla;
+  img.convertTo(dupla, CV_64F);
+  const cv::Mat_<unsigned char> branco(1, 4, 255);
+  EXPECT_EQ(maiorDiferenca(decodificada(codificada("tiff", img)), branco), 0);
+  EXPECT_EQ(maiorDiferenca(decodificada(codificada("tiff", dupla)), branco), 0);
 }
 
 TEST(JpegInteiro, MarcaDeFimDaMiniaturaNaoContaComoFim) {

@@ -11,6 +11,13 @@ TEST(Minuscula, SoMudaAsLetrasDeAAZ) {
   EXPECT_EQ(pim::minuscula(""), "");
 }
 
+TEST(Mostravel, TextoComumFicaComoEstaEOMaisEhCortadoOuMascarado) {
+  EXPECT_EQ(pim::mostravel("tri\xC3\xA2ngulo"), "tri\xC3\xA2ngulo");
+  EXPECT_EQ(pim::mostravel(std::string(80, 'x')), std::string(80, 'x'));
+  EXPECT_EQ(pim::mostravel(std::string(81, 'x')), std::string(80, 'x') + "...");
+  EXPECT_EQ(pim::mostravel("a\x1B[2J\x07"), "a?[2J?");
+}
+
 TEST(Sufixo, DeNomeSemPontoEhVazio) {
   EXPECT_EQ(pim::sufixo("saida"), "");
   EXPECT_EQ(pim::sufixo(""), "");

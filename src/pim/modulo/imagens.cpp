@@ -96,7 +96,9 @@ bool jpegInteiro(const std::vector<unsigned char>& bytes) {
 
 cv::Mat para8BitsSemAlfa(const cv::Mat& img) {
   cv::Mat oito = img;
-  if (img.depth() != CV_8U) img.convertTo(oito, CV_8U, escalaPara8Bits(img.depth()));
+  // Brighter than white is white: values beyond the integers would wrap around to black.
+  if (img.depth() == CV_32F || img.depth() == CV_64F) oito = cv::min(img, 1.0);
+  if (img.depth() != CV_8U) oito.convertTo(oito, CV_8U, escalaPara8Bits(img.depth()));
   return oito.channels() == 4 ? sobreBranco(oito) : oito;
 }
 
