@@ -66,6 +66,12 @@ struct AVALIADOR {
 // Those that this processor can run, the fastest first.
 std::vector<AVALIADOR> avaliadores();
 
+// The same in plain C++, in loops that compilers turn into the vectors that every processor of
+// their kind has.
+AVALIA<std::int16_t> avaliaLinhas;
+AVALIA<std::int32_t> avaliaLinhas;
+AVALIA<double> avaliaLinhas;
+
 // The same one pixel at a time: what all of them must equal to the last bit.
 AVALIA<std::int16_t> avaliaSimples;
 AVALIA<std::int32_t> avaliaSimples;

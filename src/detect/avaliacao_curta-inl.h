@@ -14,11 +14,6 @@ HWY_BEFORE_NAMESPACE();
 namespace HWY_NAMESPACE {
 namespace hn = hwy::HWY_NAMESPACE;
 
-#if HWY_TARGET == HWY_SCALAR
-void avaliaCurtos(const BLOCO<std::int16_t>& b, const std::vector<KERNELPRONTO>& kernels) {
-  avaliaSimples(b, kernels);  // one lane at a time holds no pair of 16-bit lanes
-}
-#else
 template <class V>
 struct DOIS {
   V a, b;
@@ -120,8 +115,6 @@ void avaliaCurtos(const BLOCO<std::int16_t>& b, const std::vector<KERNELPRONTO>&
                  [&](const std::int16_t* pixel, float* correl, std::int32_t* indice)
                      HWY_ATTR { avaliaDois(di, pixel, kernels, correl, indice); });
 }
-#endif
-
 }  // namespace HWY_NAMESPACE
 HWY_AFTER_NAMESPACE();
 

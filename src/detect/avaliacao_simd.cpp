@@ -12,6 +12,8 @@
 
 #include <algorithm>
 
+#if HWY_TARGET != \
+    HWY_SCALAR  // vectors of one element: plain C++ does better (avaliacao_linhas.cpp)
 #include "detect/avaliacao_comum-inl.h"
 #include "detect/avaliacao_curta-inl.h"
 #include "detect/avaliacao_tijolos-inl.h"
@@ -117,6 +119,7 @@ void avaliaReais(const BLOCO<double>& b, const std::vector<KERNELPRONTO>& kernel
 
 }  // namespace HWY_NAMESPACE
 HWY_AFTER_NAMESPACE();
+#endif
 
 #if HWY_ONCE
 namespace {
@@ -156,8 +159,11 @@ std::vector<AVALIADOR> avaliadores() {
   if (temSse4())
     lista.push_back({"SSE4", N_SSE4::avaliaCurtos, N_SSE4::avaliaInteiros, N_SSE4::avaliaReais});
 #endif
+#if HWY_STATIC_TARGET != HWY_SCALAR
   lista.push_back({hwy::TargetName(HWY_STATIC_TARGET), HWY_STATIC_DISPATCH(avaliaCurtos),
                    HWY_STATIC_DISPATCH(avaliaInteiros), HWY_STATIC_DISPATCH(avaliaReais)});
+#endif
+  lista.push_back({"C++", avaliaLinhas, avaliaLinhas, avaliaLinhas});
   return lista;
 }
 #endif
