@@ -78,9 +78,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t n) 
   LISTA simples;
   const std::string fim = fimDe(filtInter, entrada, rapido, tamanho, limiares);
   const std::string fimSimples = fimDe(referencia::filtInter, entrada, simples, tamanho, limiares);
-  confere(fim == fimSimples, "fins diferentes: " + fim + " / " + fimSimples);
+  // The fast form looks a few detections ahead: it may meet a shape that is too large before the
+  // plain one ends otherwise.
+  const bool grandeDemais = fim.find("Forma grande demais") != std::string::npos;
+  confere(fim == fimSimples || (grandeDemais && !fimSimples.empty()),
+          "fins diferentes: " + fim + " / " + fimSimples);
   confere(fim.find("t[i]>=0") == std::string::npos, "indice negativo na grade");
-  if (!fim.empty()) return 0;  // the fast form looks a few detections ahead and so ends earlier
+  if (!fim.empty()) return 0;
   confere(rapido.size() == simples.size(), "numero de mantidos");
   for (std::size_t i = 0; i < rapido.size(); ++i) confere(mesma(rapido[i], simples[i]), "mantido");
   return 0;
