@@ -2,14 +2,28 @@
 
 #include <dlfcn.h>
 
+#include <filesystem>
+#include <string>
+
 #include "pim/erro.h"
 
 namespace pim {
 namespace {
 
+namespace fs = std::filesystem;
+
+// Named in full, so that no other folder is searched, least of all the one with the photographs.
+std::string caminhoDoModulo() {
+  std::error_code falha;
+  const fs::path pasta = fs::read_symlink("/proc/self/exe", falha).parent_path();
+  const fs::path aoLado = pasta / "pimcodecs.so";
+  const fs::path instalado = pasta.parent_path() / "lib" / "vorplex" / "pimcodecs.so";
+  return fs::exists(aoLado, falha) ? aoLado : instalado;
+}
+
 // The module stays open to the end of the process: the images that it makes may outlive any call.
 const CODECS& abreModulo() {
-  void* modulo = dlopen("pimcodecs.so", RTLD_NOW | RTLD_LOCAL);
+  void* modulo = dlopen(caminhoDoModulo().c_str(), RTLD_NOW | RTLD_LOCAL);
   const void* tabela = modulo != nullptr ? dlsym(modulo, "pimTabelaDeCodecs") : nullptr;
   if (tabela == nullptr) erro("Erro: Modulo de imagens: ", dlerror());
   return *static_cast<const CODECS*>(tabela);

@@ -115,6 +115,19 @@ TEST(Despacho, ExecucaoMaisCurtaQueUmCentesimoMostraZero) {
   EXPECT_TRUE(curta);
 }
 
+// A folder of photographs from others may hold files named like the program's own libraries.
+TEST(Despacho, NadaEhCarregadoDaPastaCorrente) {
+  const PASTA pasta;
+  for (const char* nome : {"pimcodecs.so", "libc.so.6", "libm.so.6", "libz.so.1", "libstdc++.so.6",
+                           "libgcc_s.so.1", "libmatio.so.11", "libtbb.so.12"}) {
+    grava(nome, "nada");
+  }
+  grava("vazia.ho2", "0\n//\n");
+  EXPECT_EQ(executa({"relat", "vazia.ho2", "vazia.rel"}).estado, 0);
+  grava("kernel.cfg", "circulo 9");
+  EXPECT_EQ(executa({"kernel", "kernel.cfg", "k.png"}).estado, 0);
+}
+
 TEST(Despacho, SaidaPadraoCheiaEhErro) {
   const PASTA pasta;
   EXPECT_EQ(pelaShell("", "contaform 2>dito >/dev/full"), 1);
