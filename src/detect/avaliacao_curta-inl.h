@@ -29,7 +29,7 @@ HWY_INLINE hn::Vec<D> comTermo(D d, hn::Vec<D> v, const std::int16_t* HWY_RESTRI
 // counting.
 template <bool MAIS, class D>
 HWY_INLINE void juntaTermos(D d, const std::int16_t* HWY_RESTRICT pixel,
-                            const std::vector<std::int32_t>& desloc, DOIS<hn::Vec<D> >& x) {
+                            const std::vector<std::int32_t>& desloc, DOIS<hn::Vec<D>>& x) {
   const std::size_t n = hn::Lanes(d);
   const std::int32_t* i = desloc.data();
   const std::int32_t* const fim = i + desloc.size();
@@ -46,10 +46,10 @@ HWY_INLINE void juntaTermos(D d, const std::int16_t* HWY_RESTRICT pixel,
 
 // The sum over one region for two vectors of pixels.
 template <class D>
-HWY_INLINE DOIS<hn::Vec<D> > somaCurta(D d, const std::int16_t* HWY_RESTRICT pixel,
-                                       const std::vector<std::int32_t>& mais,
-                                       const std::vector<std::int32_t>& menos) {
-  DOIS<hn::Vec<D> > x{hn::Zero(d), hn::Zero(d)};
+HWY_INLINE DOIS<hn::Vec<D>> somaCurta(D d, const std::int16_t* HWY_RESTRICT pixel,
+                                      const std::vector<std::int32_t>& mais,
+                                      const std::vector<std::int32_t>& menos) {
+  DOIS<hn::Vec<D>> x{hn::Zero(d), hn::Zero(d)};
   juntaTermos<true>(d, pixel, mais, x);
   juntaTermos<false>(d, pixel, menos, x);
   return x;
@@ -58,7 +58,7 @@ HWY_INLINE DOIS<hn::Vec<D> > somaCurta(D d, const std::int16_t* HWY_RESTRICT pix
 // The even lanes of two vectors of 16 bits as 32-bit integers, in `a` and `c`, and the odd ones, in
 // `b` and `d`.
 template <class DI, class V>
-HWY_INLINE QUATRO<hn::Vec<DI> > alarga(DI di, DOIS<V> x) {
+HWY_INLINE QUATRO<hn::Vec<DI>> alarga(DI di, DOIS<V> x) {
   const auto par = [&](V v) HWY_ATTR {
     return hn::ShiftRight<16>(hn::ShiftLeft<16>(hn::BitCast(di, v)));
   };
@@ -82,16 +82,16 @@ HWY_INLINE void avaliaDois(DI di, const std::int16_t* HWY_RESTRICT pixel,
   const std::size_t n = hn::Lanes(d);
   const auto menosUm = hn::Set(df, -1.0F);
   const auto nenhum = hn::Set(di, -1);
-  QUATRO<hn::Vec<decltype(df)> > melhor{menosUm, menosUm, menosUm, menosUm};
-  QUATRO<hn::Vec<DI> > qual{nenhum, nenhum, nenhum, nenhum};
+  QUATRO<hn::Vec<decltype(df)>> melhor{menosUm, menosUm, menosUm, menosUm};
+  QUATRO<hn::Vec<DI>> qual{nenhum, nenhum, nenhum, nenhum};
   for (const KERNELPRONTO& k : kernels) {
     const auto zero = hn::Zero(di);
-    QUATRO<hn::Vec<DI> > anel{zero, zero, zero, zero};
-    QUATRO<hn::Vec<DI> > nucleo = anel;
+    QUATRO<hn::Vec<DI>> anel{zero, zero, zero, zero};
+    QUATRO<hn::Vec<DI>> nucleo = anel;
     for (const SOMAS& s : k.partes) {
       const auto t = somaCurta(d, pixel, s.maisTudo, s.menosTudo);
       const auto c = somaCurta(d, pixel, s.maisNucleo, s.menosNucleo);
-      acumula(anel, alarga(di, DOIS<hn::Vec<decltype(d)> >{hn::Sub(t.a, c.a), hn::Sub(t.b, c.b)}));
+      acumula(anel, alarga(di, DOIS<hn::Vec<decltype(d)>>{hn::Sub(t.a, c.a), hn::Sub(t.b, c.b)}));
       acumula(nucleo, alarga(di, c));
     }
     const FATORES<decltype(df)> f(df, k);
