@@ -12,7 +12,7 @@ namespace {
 // A byte less half of the range of bytes is at most 128, and 16 bits hold sums up to 32767.
 constexpr int maximoDePixelsCurtos = 32767 / 128;
 // Each part costs terms of its own; with more of them 32-bit sums are faster.
-constexpr std::size_t maximoDePartes = 4;
+constexpr std::size_t maximoDePartes = 10;
 
 int alcance(const std::vector<TERMO>& termos) {
   int maior = 0;

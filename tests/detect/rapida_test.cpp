@@ -122,7 +122,7 @@ TEST(Rapida, IgualASomaDiretaEmImagemSaturada) {
 // Photographs that drive the sums over ring and core to their extremes: the ring of a kernel white
 // and its core black, or the reverse.
 TEST(Rapida, SomasExtremasNaoTransbordam) {
-  for (const double d : {15.0, 18.0, 20.5, 24.0, 29.0, 33.0}) {
+  for (const double d : {15.0, 18.0, 20.5, 24.0, 29.0, 37.0, 46.0}) {
     MASCARA m;
     kernelCirculo(m.kernel, d);
     const cv::Mat_<unsigned char> nucleo(m.kernel < 0);
