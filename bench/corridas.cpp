@@ -31,21 +31,21 @@ CORRIDA mediana(std::vector<CORRIDA> v) {
 
 // Both forms in turn, `vezes` times; the median of each.
 LINHA compara(const std::string& trabalho, const std::vector<std::string>& rapida,
-              const std::vector<std::string>& simples, int vezes = 1) {
+              const std::vector<std::string>& simples, std::size_t vezes = 1) {
   std::fprintf(stderr, "  %s\n", trabalho.c_str());
-  std::vector<CORRIDA> r;
-  std::vector<CORRIDA> s;
-  for (int i = 0; i < vezes; ++i) {
-    r.push_back(corre(rapida));
-    s.push_back(corre(simples));
+  std::vector<CORRIDA> r(vezes);
+  std::vector<CORRIDA> s(vezes);
+  for (std::size_t i = 0; i < vezes; ++i) {
+    r[i] = corre(rapida);
+    s[i] = corre(simples);
   }
   return {trabalho, mediana(s).segundos, mediana(r).segundos, nota(mediana(s), mediana(r))};
 }
 
 // The median of several runs, for those that take milliseconds.
 LINHA curta(const std::string& trabalho, const std::vector<std::string>& linha) {
-  std::vector<CORRIDA> v;
-  for (int i = 0; i < 21; ++i) v.push_back(corre(linha));
+  std::vector<CORRIDA> v(21);
+  for (CORRIDA& c : v) c = corre(linha);
   return {trabalho, 0, mediana(v).segundos, "median of 21"};
 }
 
@@ -72,6 +72,7 @@ CORRIDA corre(const std::vector<std::string>& linha) {
     const std::string programa = std::string(VORPLEX_PASTA) + "/" + linha[0];
     std::vector<std::string> textos = linha;
     std::vector<char*> argv;
+    argv.reserve(textos.size() + 1);
     for (std::string& t : textos) argv.push_back(t.data());
     argv.push_back(nullptr);
     execv(programa.c_str(), argv.data());
