@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstdio>
 #include <fstream>
@@ -16,10 +17,10 @@ namespace {
 constexpr const char* banco = "circulo 21 quadrado 20 retangulo 30 12 elipse 30 18\n";
 
 std::string nota(const CORRIDA& simples, const CORRIDA& rapida) {
-  char texto[96];
-  std::snprintf(texto, sizeof texto, "memory %.0f MB, plain %.0f MB", rapida.megabytes,
+  std::array<char, 96> texto;
+  std::snprintf(texto.data(), texto.size(), "memory %.0f MB, plain %.0f MB", rapida.megabytes,
                 simples.megabytes);
-  return texto;
+  return texto.data();
 }
 
 CORRIDA mediana(std::vector<CORRIDA> v) {

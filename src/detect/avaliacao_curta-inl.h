@@ -115,6 +115,7 @@ void avaliaCurtos(const BLOCO<std::int16_t>& b, const std::vector<KERNELPRONTO>&
                  [&](const std::int16_t* pixel, float* correl, std::int32_t* indice)
                      HWY_ATTR { avaliaDois(di, pixel, kernels, correl, indice); });
 }
+
 }  // namespace HWY_NAMESPACE
 HWY_AFTER_NAMESPACE();
 

@@ -12,8 +12,8 @@
 
 #include <algorithm>
 
-#if HWY_TARGET != \
-    HWY_SCALAR  // vectors of one element: plain C++ does better (avaliacao_linhas.cpp)
+// Not for vectors of one element: plain C++ does better there (avaliacao_linhas.cpp).
+#if HWY_TARGET != HWY_SCALAR
 #include "detect/avaliacao_comum-inl.h"
 #include "detect/avaliacao_curta-inl.h"
 #include "detect/avaliacao_tijolos-inl.h"
