@@ -7,12 +7,24 @@
 // The innermost work of the detector: the correlation of many pixels with many kernels, and which
 // kernel did best.
 
-// Where the sums over a kernel's whole and core come from, on planes of prefix sums that lie one
-// after the other in memory: offsets, in elements, from the pixel's place in the first plane. A sum
-// is that of the elements at `mais` less that of those at `menos`.
+// Where a sum over a region comes from, on planes of prefix sums that lie one after the other in
+// memory: offsets, in elements, from the pixel's place in the first plane. The sum is that of the
+// elements at `mais` less that of those at `menos`.
+struct SOMA {
+  std::vector<std::int32_t> mais, menos;
+};
+
+// Those over whole and core, of a kernel or of a part of it.
 struct SOMAS {
-  std::vector<std::int32_t> maisTudo, menosTudo;
-  std::vector<std::int32_t> maisNucleo, menosNucleo;
+  SOMA tudo;
+  SOMA nucleo;
+};
+
+// The sum over pixels side by side, on the first plane: the element at `ultimo` less that at
+// `antes`.
+struct EXTREMOS {
+  std::int32_t ultimo;
+  std::int32_t antes;
 };
 
 // A kernel ready for evaluation. Its correlation is
@@ -23,12 +35,12 @@ struct SOMAS {
 // being the plane's value of an image value 1. A constant image gives exactly 0 as long as float
 // holds its sums (2^24).
 struct KERNELPRONTO {
-  std::vector<SOMAS> partes;  // for planes of 16 bits those of a few rows of the kernel each, so
-                              // that the sums fit; otherwise one
+  std::vector<SOMAS> partes;  // for planes of 16 bits those of parts of the kernel; otherwise one
   double anel;
   double nucleo;
   double escala;
-  int indice;  // in the kernel set
+  int indice;                                            // in the kernel set
+  std::vector<EXTREMOS> pedacosDoTudo, pedacosDoNucleo;  // for evaluation downward
 };
 
 // Elements that may be read beyond the last pixel of a row: four of the longest vectors.
@@ -55,10 +67,34 @@ struct BLOCO {
 template <class T>
 using AVALIA = void(const BLOCO<T>& bloco, const std::vector<KERNELPRONTO>& kernels);
 
-// That operation for all kinds of planes, in the instructions named.
+// What evaluation downward takes along from block to block of a strip: for every column of it, the
+// sum over a region at the last row evaluated, and the 16-bit sum over each part of the region.
+struct DESCIDA {
+  struct REGIAO {
+    std::vector<std::int32_t> somas;
+    std::vector<std::vector<std::int16_t>> restos;
+  };
+  struct KERNEL {
+    REGIAO tudo;
+    REGIAO nucleo;
+  };
+  std::vector<KERNEL> kernels;  // none at the top of a strip
+};
+
+// The same, equal to the last bit, on planes of 16 bits for kernels whose sums don't fit them. The
+// sum over each part of whole or core is then known up to multiples of 2^16 only; but what it
+// changes by from one row to the next must fit, so that those changes, taken as signed numbers, are
+// exact and lead from the sums of one row to those of the next. The sums of the top row of a strip
+// are those of the kernels' stretches, which must fit 16 bits each. The blocks of a strip follow
+// each other downward.
+using DESCE = void(const BLOCO<std::int16_t>& bloco, const std::vector<KERNELPRONTO>& kernels,
+                   DESCIDA& descida);
+
+// Those operations for all kinds of planes, in the instructions named.
 struct AVALIADOR {
   const char* nome;
   AVALIA<std::int16_t>* curtos;
+  DESCE* descendo;  // none where 32 bits do as well
   AVALIA<std::int32_t>* inteiros;
   AVALIA<double>* reais;
 };

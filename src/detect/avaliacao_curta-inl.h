@@ -47,11 +47,10 @@ HWY_INLINE void juntaTermos(D d, const std::int16_t* HWY_RESTRICT pixel,
 // The sum over one region for two vectors of pixels.
 template <class D>
 HWY_INLINE DOIS<hn::Vec<D>> somaCurta(D d, const std::int16_t* HWY_RESTRICT pixel,
-                                      const std::vector<std::int32_t>& mais,
-                                      const std::vector<std::int32_t>& menos) {
+                                      const SOMA& soma) {
   DOIS<hn::Vec<D>> x{hn::Zero(d), hn::Zero(d)};
-  juntaTermos<true>(d, pixel, mais, x);
-  juntaTermos<false>(d, pixel, menos, x);
+  juntaTermos<true>(d, pixel, soma.mais, x);
+  juntaTermos<false>(d, pixel, soma.menos, x);
   return x;
 }
 
@@ -89,8 +88,8 @@ HWY_INLINE void avaliaDois(DI di, const std::int16_t* HWY_RESTRICT pixel,
     QUATRO<hn::Vec<DI>> anel{zero, zero, zero, zero};
     QUATRO<hn::Vec<DI>> nucleo = anel;
     for (const SOMAS& s : k.partes) {
-      const auto t = somaCurta(d, pixel, s.maisTudo, s.menosTudo);
-      const auto c = somaCurta(d, pixel, s.maisNucleo, s.menosNucleo);
+      const auto t = somaCurta(d, pixel, s.tudo);
+      const auto c = somaCurta(d, pixel, s.nucleo);
       acumula(anel, alarga(di, DOIS<hn::Vec<decltype(d)>>{hn::Sub(t.a, c.a), hn::Sub(t.b, c.b)}));
       acumula(nucleo, alarga(di, c));
     }

@@ -44,8 +44,9 @@ void junta(const T* pixel, int n, std::span<const std::int32_t>& desloc, ELEMENT
 }
 
 template <class T, class ELEMENTO>
-void soma(const T* pixel, int n, std::span<const std::int32_t> mais,
-          std::span<const std::int32_t> menos, ELEMENTO* somas) {
+void soma(const T* pixel, int n, const SOMA& soma, ELEMENTO* somas) {
+  std::span<const std::int32_t> mais = soma.mais;
+  std::span<const std::int32_t> menos = soma.menos;
   std::fill_n(somas, n, ELEMENTO{});
   junta<true, 4>(pixel, n, mais, somas);
   junta<true, 1>(pixel, n, mais, somas);
@@ -64,8 +65,8 @@ void compara(const T* pixel, int n, const KERNELPRONTO& k, TRECHO<float>& melhor
   TRECHO<typename TIPOS<T>::TOTAL> anel{};
   TRECHO<typename TIPOS<T>::TOTAL> centro{};
   for (const SOMAS& s : k.partes) {
-    soma(pixel, n, s.maisTudo, s.menosTudo, tudo.data());
-    soma(pixel, n, s.maisNucleo, s.menosNucleo, nucleo.data());
+    soma(pixel, n, s.tudo, tudo.data());
+    soma(pixel, n, s.nucleo, nucleo.data());
     for (std::size_t j = 0; j < comprimento; ++j) {
       anel[j] += static_cast<T>(tudo[j] - nucleo[j]);
       centro[j] += static_cast<T>(nucleo[j]);

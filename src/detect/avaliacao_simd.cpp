@@ -16,6 +16,7 @@
 #if HWY_TARGET != HWY_SCALAR
 #include "detect/avaliacao_comum-inl.h"
 #include "detect/avaliacao_curta-inl.h"
+#include "detect/avaliacao_descida-inl.h"
 #include "detect/avaliacao_tijolos-inl.h"
 
 HWY_BEFORE_NAMESPACE();
@@ -25,22 +26,20 @@ namespace hn = hwy::HWY_NAMESPACE;
 constexpr std::size_t termosDeKernelPequeno = 40;  // over its whole
 
 template <class D, class T>
-HWY_INLINE QUATRO<hn::Vec<D>> soma(D d, const T* HWY_RESTRICT pixel,
-                                   const std::vector<std::int32_t>& mais,
-                                   const std::vector<std::int32_t>& menos) {
+HWY_INLINE QUATRO<hn::Vec<D>> soma(D d, const T* HWY_RESTRICT pixel, const SOMA& x) {
   const std::size_t n = hn::Lanes(d);
   auto a = hn::Zero(d);
   auto b = a;
   auto c = a;
   auto e = a;
-  for (const std::int32_t desloc : mais) {
+  for (const std::int32_t desloc : x.mais) {
     const T* p = pixel + desloc;
     a = hn::Add(a, hn::LoadU(d, p));
     b = hn::Add(b, hn::LoadU(d, p + n));
     c = hn::Add(c, hn::LoadU(d, p + 2 * n));
     e = hn::Add(e, hn::LoadU(d, p + 3 * n));
   }
-  for (const std::int32_t desloc : menos) {
+  for (const std::int32_t desloc : x.menos) {
     const T* p = pixel + desloc;
     a = hn::Sub(a, hn::LoadU(d, p));
     b = hn::Sub(b, hn::LoadU(d, p + n));
@@ -62,8 +61,8 @@ HWY_INLINE void avaliaQuatro(D d, DF df, DI di, DR dr, const T* HWY_RESTRICT pix
   QUATRO<hn::Vec<DI>> qual{nenhum, nenhum, nenhum, nenhum};
   for (const KERNELPRONTO& k : kernels) {
     const SOMAS& s = k.partes.front();
-    const auto t = soma(d, pixel, s.maisTudo, s.menosTudo);
-    const auto c = soma(d, pixel, s.maisNucleo, s.menosNucleo);
+    const auto t = soma(d, pixel, s.tudo);
+    const auto c = soma(d, pixel, s.nucleo);
     const FATORES<DR> f(dr, k);
     const auto este = hn::Set(di, k.indice);
     const T tipo{};
@@ -100,7 +99,7 @@ template <class T, class REAL>
 void avaliaBloco(const BLOCO<T>& b, const std::vector<KERNELPRONTO>& kernels) {
   const bool muitos = std::any_of(kernels.begin(), kernels.end(), [](const KERNELPRONTO& k) {
     const SOMAS& s = k.partes.front();
-    return s.maisTudo.size() + s.menosTudo.size() > termosDeKernelPequeno;
+    return s.tudo.mais.size() + s.tudo.menos.size() > termosDeKernelPequeno;
   });
   if (muitos) {
     avaliaEmTijolos<T, REAL>(b, kernels);
@@ -149,21 +148,25 @@ std::vector<AVALIADOR> avaliadores() {
   std::vector<AVALIADOR> lista;
 #if HWY_TARGETS & HWY_AVX3
   if (temAvx512())
-    lista.push_back({"AVX-512", N_AVX3::avaliaCurtos, N_AVX3::avaliaInteiros, N_AVX3::avaliaReais});
+    lista.push_back({"AVX-512", N_AVX3::avaliaCurtos, N_AVX3::avaliaDescendo,
+                     N_AVX3::avaliaInteiros, N_AVX3::avaliaReais});
 #endif
 #if HWY_TARGETS & HWY_AVX2
   if (temAvx2())
-    lista.push_back({"AVX2", N_AVX2::avaliaCurtos, N_AVX2::avaliaInteiros, N_AVX2::avaliaReais});
+    lista.push_back({"AVX2", N_AVX2::avaliaCurtos, N_AVX2::avaliaDescendo, N_AVX2::avaliaInteiros,
+                     N_AVX2::avaliaReais});
 #endif
 #if HWY_TARGETS & HWY_SSE4
   if (temSse4())
-    lista.push_back({"SSE4", N_SSE4::avaliaCurtos, N_SSE4::avaliaInteiros, N_SSE4::avaliaReais});
+    lista.push_back({"SSE4", N_SSE4::avaliaCurtos, N_SSE4::avaliaDescendo, N_SSE4::avaliaInteiros,
+                     N_SSE4::avaliaReais});
 #endif
 #if HWY_STATIC_TARGET != HWY_SCALAR
   lista.push_back({hwy::TargetName(HWY_STATIC_TARGET), HWY_STATIC_DISPATCH(avaliaCurtos),
-                   HWY_STATIC_DISPATCH(avaliaInteiros), HWY_STATIC_DISPATCH(avaliaReais)});
+                   HWY_STATIC_DISPATCH(avaliaDescendo), HWY_STATIC_DISPATCH(avaliaInteiros),
+                   HWY_STATIC_DISPATCH(avaliaReais)});
 #endif
-  lista.push_back({"C++", avaliaLinhas, avaliaLinhas, avaliaLinhas});
+  lista.push_back({"C++", avaliaLinhas, nullptr, avaliaLinhas, avaliaLinhas});
   return lista;
 }
 #endif

@@ -11,11 +11,10 @@ template <class T>
 using TOTAL = std::conditional_t<std::is_integral_v<T>, std::int32_t, T>;
 
 template <class T>
-ACUMULADOR<T> soma(const T* pixel, const std::vector<std::int32_t>& mais,
-                   const std::vector<std::int32_t>& menos) {
+ACUMULADOR<T> soma(const T* pixel, const SOMA& x) {
   ACUMULADOR<T> total = 0;
-  for (const std::int32_t d : mais) total += static_cast<ACUMULADOR<T>>(pixel[d]);
-  for (const std::int32_t d : menos) total -= static_cast<ACUMULADOR<T>>(pixel[d]);
+  for (const std::int32_t d : x.mais) total += static_cast<ACUMULADOR<T>>(pixel[d]);
+  for (const std::int32_t d : x.menos) total -= static_cast<ACUMULADOR<T>>(pixel[d]);
   return total;
 }
 
@@ -28,8 +27,8 @@ float correlacao(const T* pixel, const KERNELPRONTO& k) {
   TOTAL<T> anel = 0;
   TOTAL<T> centro = 0;
   for (const SOMAS& s : k.partes) {
-    const auto tudo = soma(pixel, s.maisTudo, s.menosTudo);
-    const auto nucleo = soma(pixel, s.maisNucleo, s.menosNucleo);
+    const auto tudo = soma(pixel, s.tudo);
+    const auto nucleo = soma(pixel, s.nucleo);
     anel += static_cast<T>(tudo - nucleo);
     centro += static_cast<T>(nucleo);
   }

@@ -50,13 +50,12 @@ HWY_INLINE void soma(D d, const BLOCO<T>& b, const T* HWY_RESTRICT pixel, int la
 // what they read is in the nearest cache.
 template <class D, class T>
 HWY_INLINE void somaTijolo(D d, const BLOCO<T>& b, const T* HWY_RESTRICT pixel, int largura,
-                           const std::vector<std::int32_t>& mais,
-                           const std::vector<std::int32_t>& menos, T* HWY_RESTRICT somas) {
+                           const SOMA& x, T* HWY_RESTRICT somas) {
   std::fill_n(somas, b.linhas * larguraDoTijolo, T{});
-  const std::int32_t* p = mais.data();
-  const std::int32_t* q = menos.data();
-  const std::int32_t* const fimP = p + mais.size();
-  const std::int32_t* const fimQ = q + menos.size();
+  const std::int32_t* p = x.mais.data();
+  const std::int32_t* q = x.menos.data();
+  const std::int32_t* const fimP = p + x.mais.size();
+  const std::int32_t* const fimQ = q + x.menos.size();
   for (; fimP - p >= 4 && fimQ - q >= 4; p += 4, q += 4) {
     soma<4, 4>(d, b, pixel, largura, p, q, somas);
   }
@@ -64,6 +63,17 @@ HWY_INLINE void somaTijolo(D d, const BLOCO<T>& b, const T* HWY_RESTRICT pixel, 
   for (; fimQ - q >= 4; q += 4) soma<0, 4>(d, b, pixel, largura, p, q, somas);
   for (; p < fimP; ++p) soma<1, 0>(d, b, pixel, largura, p, q, somas);
   for (; q < fimQ; ++q) soma<0, 1>(d, b, pixel, largura, p, q, somas);
+}
+
+// Stores the results of the tile whose first column is `c`.
+template <class T>
+void entrega(const std::vector<float>& melhor, const std::vector<std::int32_t>& qual, int c,
+             int largura, const BLOCO<T>& b) {
+  const auto coluna = static_cast<std::size_t>(c);
+  for (std::size_t l = 0; l < static_cast<std::size_t>(b.linhas); ++l) {
+    std::copy_n(&melhor[l * larguraDoTijolo], largura, b.correl + l * b.passoCorrel + coluna);
+    std::copy_n(&qual[l * larguraDoTijolo], largura, b.indice + l * b.passoIndice + coluna);
+  }
 }
 
 // Tile after tile, kernel after kernel.
@@ -87,8 +97,8 @@ void avaliaEmTijolos(const BLOCO<T>& b, const std::vector<KERNELPRONTO>& kernels
     std::fill(qual.begin(), qual.end(), -1);
     for (const KERNELPRONTO& k : kernels) {
       const SOMAS& s = k.partes.front();
-      somaTijolo(d, b, pixel, cabem, s.maisTudo, s.menosTudo, tudo.data());
-      somaTijolo(d, b, pixel, cabem, s.maisNucleo, s.menosNucleo, nucleo.data());
+      somaTijolo(d, b, pixel, cabem, s.tudo, tudo.data());
+      somaTijolo(d, b, pixel, cabem, s.nucleo, nucleo.data());
       const FATORES<decltype(dr)> f(dr, k);
       const auto este = hn::Set(di, k.indice);
       for (std::size_t i = 0; i < pixels; i += n) {
@@ -101,11 +111,7 @@ void avaliaEmTijolos(const BLOCO<T>& b, const std::vector<KERNELPRONTO>& kernels
         hn::StoreU(q, di, &qual[i]);
       }
     }
-    for (std::size_t l = 0; l < static_cast<std::size_t>(b.linhas); ++l) {
-      const auto coluna = static_cast<std::size_t>(c);
-      std::copy_n(&melhor[l * larguraDoTijolo], cabem, b.correl + l * b.passoCorrel + coluna);
-      std::copy_n(&qual[l * larguraDoTijolo], cabem, b.indice + l * b.passoIndice + coluna);
-    }
+    entrega(melhor, qual, c, cabem, b);
   }
 }
 

@@ -2,31 +2,43 @@
 
 #include <vector>
 
+#include "detect/regioes.h"
 #include "detect/termos.h"
 #include "kernels/mascara.h"
 
 // A group of kernels as terms (termos.h) on planes that they share.
 
-// The terms of the sums over whole and core, of a kernel or of some rows of it.
+// The terms of the sums over whole and core, of a kernel or of a part of it.
 struct PARTE {
   std::vector<TERMO> tudo;
   std::vector<TERMO> nucleo;
+};
+
+// What the kernels of a group are divided into for planes of 16 bits of a photograph's bytes.
+enum class DIVISAO {
+  nenhuma,
+  linhas,  // a few rows a part: its sums over ring and core fit 16 bits
+  colunas  // some columns a part: its sums over whole and core don't fit, but what they change by
+           // from one row of the photograph to the next does
 };
 
 // A kernel of the group as terms.
 struct ESQUEMA {
   int indice;  // in the kernel set
   int sPir;    // last level that it is applied to
-  PARTE inteira;
-  std::vector<PARTE> curtas;  // the same for 16-bit sums of bytes; none when they would be too many
   int nAnel;
   int nNucleo;
+  PARTE inteira;
+  std::vector<PARTE> partes;
+  // Whole and core as stretches whose sums fit 16 bits, where it is divided by columns.
+  std::vector<PEDACO> pedacosDoTudo, pedacosDoNucleo;
 };
 
 struct GRUPO {
   std::vector<ESQUEMA> kernels;
+  DIVISAO divisao = DIVISAO::nenhuma;
   std::vector<PLANO> planos;  // that the terms use, after X
-  int margem = 0;             // farthest row or column that a term needs
+  int margem = 0;             // farthest row or column that a term or piece needs
   bool serve = true;          // false when some kernel has other than three values
 };
 

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <span>
 #include <type_traits>
+#include <utility>
 
 #include "detect/faixa.h"
 
@@ -14,27 +15,30 @@ constexpr int colunasDeTrabalho = 256;
 constexpr double maximoDeBytes = 256.0 * (1 << 20);
 
 template <class T>
-void separa(const std::vector<TERMO>& termos, const FAIXA<T>& faixa,
-            std::vector<std::int32_t>& mais, std::vector<std::int32_t>& menos) {
+SOMA separa(const std::vector<TERMO>& termos, const FAIXA<T>& faixa) {
+  SOMA soma;
   for (const TERMO& t : termos) {
     const auto desloc = static_cast<std::ptrdiff_t>(faixa.tamanho) * t.plano +
                         static_cast<std::ptrdiff_t>(faixa.passo) * t.dl + t.dc;
-    (t.sinal > 0 ? mais : menos).push_back(static_cast<std::int32_t>(desloc));
+    (t.sinal > 0 ? soma.mais : soma.menos).push_back(static_cast<std::int32_t>(desloc));
   }
   // In order of memory, the nearest reads follow each other.
-  std::sort(mais.begin(), mais.end());
-  std::sort(menos.begin(), menos.end());
+  std::sort(soma.mais.begin(), soma.mais.end());
+  std::sort(soma.menos.begin(), soma.menos.end());
+  return soma;
 }
 
 template <class T>
-std::span<const PARTE> partes(const ESQUEMA& e) {
-  if constexpr (std::is_same_v<T, std::int16_t>) {
-    return e.curtas;
-  } else {
-    return {&e.inteira, 1};
+std::vector<EXTREMOS> extremos(const std::vector<PEDACO>& pedacos, const FAIXA<T>& faixa) {
+  std::vector<EXTREMOS> lista;
+  for (const PEDACO& t : pedacos) {
+    const auto linha = static_cast<std::int32_t>(faixa.passo) * t.linha;
+    lista.push_back({linha + t.ultima, linha + t.antes});
   }
+  return lista;
 }
 
+// Planes of 16 bits are for the parts of a kernel.
 template <class T>
 std::vector<KERNELPRONTO> prontos(const std::vector<const ESQUEMA*>& kernels, double unidade,
                                   const FAIXA<T>& faixa) {
@@ -42,12 +46,13 @@ std::vector<KERNELPRONTO> prontos(const std::vector<const ESQUEMA*>& kernels, do
   for (const ESQUEMA* e : kernels) {
     const double anel = e->nAnel;
     const double nucleo = e->nNucleo;
-    KERNELPRONTO k{{}, anel, nucleo, 1 / (anel * nucleo * unidade), e->indice};
-    for (const PARTE& p : partes<T>(*e)) {
-      SOMAS& s = k.partes.emplace_back();
-      separa(p.tudo, faixa, s.maisTudo, s.menosTudo);
-      separa(p.nucleo, faixa, s.maisNucleo, s.menosNucleo);
+    KERNELPRONTO k{{}, anel, nucleo, 1 / (anel * nucleo * unidade), e->indice, {}, {}};
+    const bool curto = std::is_same_v<T, std::int16_t>;
+    for (const PARTE& p : curto ? std::span(e->partes) : std::span(&e->inteira, 1)) {
+      k.partes.push_back({separa(p.tudo, faixa), separa(p.nucleo, faixa)});
     }
+    k.pedacosDoTudo = extremos(e->pedacosDoTudo, faixa);
+    k.pedacosDoNucleo = extremos(e->pedacosDoNucleo, faixa);
     lista.push_back(std::move(k));
   }
   return lista;
@@ -60,16 +65,19 @@ int linhasDaFaixa(int margem) {
   return std::max(1, blocos) * linhasDeTrabalho;
 }
 
-// Strip by strip from left to right, and in each block by block downward.
-template <class T>
+// Strip by strip from left to right, and in each block by block downward: calls `avalia(block,
+// kernels)`, with `comeca()` before the first block of a strip.
+template <class T, class COMECA, class AVALIACAO>
 void percorre(const NIVEL& nivel, const std::vector<const ESQUEMA*>& kernels, const GRUPO& grupo,
-              int colunas, AVALIA<T>* avalia, cv::Mat_<float>& melhor, cv::Mat_<int>& qual) {
+              int colunas, COMECA comeca, AVALIACAO avalia, cv::Mat_<float>& melhor,
+              cv::Mat_<int>& qual) {
   FAIXA<T> faixa(grupo.margem, linhasDaFaixa(grupo.margem), colunas, grupo.planos);
   const std::vector<KERNELPRONTO> lista = prontos(kernels, nivel.unidade, faixa);
   const int rows = nivel.imagem.rows;
   const int cols = nivel.imagem.cols;
   for (int x0 = 0; x0 < cols; x0 += colunas) {
     faixa.enche(nivel, x0, 0, 0, 2 * faixa.margem);
+    comeca();
     int feitas = 0;
     for (int y0 = 0; y0 < rows; y0 += linhasDeTrabalho) {
       if (feitas == faixa.linhas) {
@@ -79,19 +87,13 @@ void percorre(const NIVEL& nivel, const std::vector<const ESQUEMA*>& kernels, co
       const int linhas = std::min(linhasDeTrabalho, rows - y0);
       const int de = 2 * faixa.margem + feitas;
       faixa.enche(nivel, x0, y0 - feitas, de, de + linhas);
-      avalia({faixa.origem() + static_cast<std::size_t>(feitas) * faixa.passo, faixa.passo, linhas,
-              std::min(colunas, cols - x0), melhor[y0] + x0, melhor.step1(), qual[y0] + x0,
-              qual.step1()},
+      avalia(BLOCO<T>{faixa.origem() + static_cast<std::size_t>(feitas) * faixa.passo, faixa.passo,
+                      linhas, std::min(colunas, cols - x0), melhor[y0] + x0, melhor.step1(),
+                      qual[y0] + x0, qual.step1()},
              lista);
       feitas += linhas;
     }
   }
-}
-
-// Whether planes of 16 bits will do: a photograph's bytes, and kernels divided for them.
-bool ehCurto(const NIVEL& nivel, const std::vector<const ESQUEMA*>& kernels) {
-  return !nivel.bytes.empty() && std::all_of(kernels.begin(), kernels.end(),
-                                             [](const ESQUEMA* e) { return !e->curtas.empty(); });
 }
 
 // Whether the sums over ring and core fit the planes' type.
@@ -128,8 +130,20 @@ bool correlaNivel(const NIVEL& nivel, int L, const GRUPO& grupo, const AVALIADOR
   const double bytes =
       FAIXA<double>::bytes(grupo.margem, linhasDaFaixa(grupo.margem), colunas, grupo.planos);
   if (bytes > maximoDeBytes) return false;
-  if (ehCurto(nivel, kernels)) {
-    percorre(nivel, kernels, grupo, colunas, avaliador.curtos, melhor, qual);
+  const auto percorreCom = [&]<class T>(AVALIA<T>* avalia) {
+    percorre<T>(
+        nivel, kernels, grupo, colunas, [] {}, avalia, melhor, qual);
+  };
+  if (!nivel.bytes.empty() && grupo.divisao == DIVISAO::linhas) {
+    percorreCom(avaliador.curtos);
+    return true;
+  }
+  if (!nivel.bytes.empty() && grupo.divisao == DIVISAO::colunas && avaliador.descendo != nullptr) {
+    DESCIDA descida;
+    percorre<std::int16_t>(
+        nivel, kernels, grupo, colunas, [&] { descida.kernels.clear(); },
+        [&](const auto& bloco, const auto& lista) { avaliador.descendo(bloco, lista, descida); },
+        melhor, qual);
     return true;
   }
   const bool inteira = nivel.tipo == REPRESENTACAO::inteira;
@@ -138,9 +152,9 @@ bool correlaNivel(const NIVEL& nivel, int L, const GRUPO& grupo, const AVALIADOR
     return correlaNivel(comoReal(nivel), L, grupo, avaliador, melhor, qual);
   }
   if (inteira) {
-    percorre(nivel, kernels, grupo, colunas, avaliador.inteiros, melhor, qual);
+    percorreCom(avaliador.inteiros);
   } else {
-    percorre(nivel, kernels, grupo, colunas, avaliador.reais, melhor, qual);
+    percorreCom(avaliador.reais);
   }
   return true;
 }

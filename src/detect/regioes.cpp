@@ -1,20 +1,58 @@
 #include "detect/regioes.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstring>
 
 namespace {
 
 // Columns of the ends of a row's stretches, left and right in turn.
 std::vector<int> extremos(const REGIAO& regiao, int r) {
   const unsigned char* linha = regiao[r];
+  const int n = regiao.cols;
   std::vector<int> colunas;
-  int antes = 0;
-  for (int c = 0; c < regiao.cols; ++c) {
-    if (linha[c] != antes) colunas.push_back(c - 1);
-    antes = linha[c];
+  for (int procurado = 1, c = 0; c < n; procurado = 1 - procurado) {
+    const void* p = std::memchr(linha + c, procurado, static_cast<std::size_t>(n - c));
+    if (p == nullptr) break;
+    c = static_cast<int>(static_cast<const unsigned char*>(p) - linha);
+    colunas.push_back(c - 1);
   }
-  if (antes != 0) colunas.push_back(regiao.cols - 1);
+  if (colunas.size() % 2 != 0) colunas.push_back(n - 1);
   return colunas;
+}
+
+// How many stretches of pixels each column has.
+std::vector<int> trechosDasColunas(const REGIAO& regiao) {
+  std::vector<int> n(static_cast<std::size_t>(regiao.cols));
+  for (int r = 0; r < regiao.rows; ++r) {
+    for (int c = 0; c < regiao.cols; ++c) {
+      const bool comeca = regiao(r, c) != 0 && (r == 0 || regiao(r - 1, c) == 0);
+      n[static_cast<std::size_t>(c)] += comeca ? 1 : 0;
+    }
+  }
+  return n;
+}
+
+// Consecutive ranges of so many rows or columns that the `a` and the `b` of each add up to `maximo`
+// at most; none when one alone has more.
+std::vector<cv::Range> divide(const std::vector<int>& a, const std::vector<int>& b, int maximo) {
+  std::vector<cv::Range> partes;
+  cv::Range parte(0, 0);
+  int somaA = 0;
+  int somaB = 0;
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    if (a[i] > maximo || b[i] > maximo) return {};
+    if (somaA + a[i] > maximo || somaB + b[i] > maximo) {
+      partes.push_back(parte);
+      parte.start = parte.end;
+      somaA = somaB = 0;
+    }
+    ++parte.end;
+    somaA += a[i];
+    somaB += b[i];
+  }
+  partes.push_back(parte);
+  return partes;
 }
 
 }  // namespace
@@ -38,31 +76,43 @@ std::optional<REGIOES> regioesDoKernel(const cv::Mat_<float>& K) {
 }
 
 std::vector<cv::Range> divideLinhas(const REGIOES& r, int maximo) {
-  std::vector<cv::Range> partes;
-  cv::Range parte(0, 0);
-  int anel = 0;
-  int nucleo = 0;
+  std::vector<int> anel;
+  std::vector<int> nucleo;
   for (int l = 0; l < r.tudo.rows; ++l) {
-    const int doNucleo = cv::countNonZero(r.nucleo.row(l));
-    const int doAnel = cv::countNonZero(r.tudo.row(l)) - doNucleo;
-    if (doAnel > maximo || doNucleo > maximo) return {};
-    if (!parte.empty() && (anel + doAnel > maximo || nucleo + doNucleo > maximo)) {
-      partes.push_back(parte);
-      parte = cv::Range(l, l);
-      anel = nucleo = 0;
-    }
-    parte.end = l + 1;
-    anel += doAnel;
-    nucleo += doNucleo;
+    nucleo.push_back(cv::countNonZero(r.nucleo.row(l)));
+    anel.push_back(cv::countNonZero(r.tudo.row(l)) - nucleo.back());
   }
-  partes.push_back(parte);
-  return partes;
+  return divide(anel, nucleo, maximo);
 }
 
 REGIAO soLinhas(const REGIAO& regiao, const cv::Range& linhas) {
   REGIAO parte(regiao.size(), 0);
   regiao.rowRange(linhas).copyTo(parte.rowRange(linhas));
   return parte;
+}
+
+std::vector<cv::Range> divideColunas(const REGIOES& r, int maximo) {
+  return divide(trechosDasColunas(r.tudo), trechosDasColunas(r.nucleo), maximo);
+}
+
+REGIAO soColunas(const REGIAO& regiao, const cv::Range& colunas) {
+  REGIAO parte(regiao.size(), 0);
+  regiao.colRange(colunas).copyTo(parte.colRange(colunas));
+  return parte;
+}
+
+std::vector<PEDACO> pedacosDaRegiao(const REGIAO& regiao, int maximo) {
+  std::vector<PEDACO> pedacos;
+  for (int r = 0; r < regiao.rows; ++r) {
+    const std::vector<int> colunas = extremos(regiao, r);
+    for (std::size_t j = 0; j < colunas.size(); j += 2) {
+      for (int antes = colunas[j]; antes < colunas[j + 1]; antes += maximo) {
+        const int ultima = std::min(antes + maximo, colunas[j + 1]);
+        pedacos.push_back({r - regiao.rows / 2, antes - regiao.cols / 2, ultima - regiao.cols / 2});
+      }
+    }
+  }
+  return pedacos;
 }
 
 std::vector<LADO> ladosDaRegiao(const REGIAO& regiao) {

@@ -31,6 +31,24 @@ std::vector<cv::Range> divideLinhas(const REGIOES& r, int maximo);
 // The region without its pixels in other rows.
 REGIAO soLinhas(const REGIAO& regiao, const cv::Range& linhas);
 
+// Consecutive ranges of columns that make up the kernel, each with at most `maximo` stretches of
+// pixels down its columns, of whole and of core; none when a single column has more.
+std::vector<cv::Range> divideColunas(const REGIOES& r, int maximo);
+
+// The region without its pixels in other columns.
+REGIAO soColunas(const REGIAO& regiao, const cv::Range& colunas);
+
+// Pixels side by side: those of a row after column `antes` up to `ultima`.
+struct PEDACO {
+  int linha;
+  int antes;
+  int ultima;
+};
+
+// The region as stretches of at most `maximo` pixels, rows and columns counted from its pixel
+// (rows/2, cols/2).
+std::vector<PEDACO> pedacosDaRegiao(const REGIAO& regiao, int maximo);
+
 // One side of a region: where a stretch of pixels ends in each of some consecutive rows.
 struct LADO {
   int sinal;                // +1: at the last pixel of the stretch; -1: just before the first

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <random>
+#include <tuple>
 
 #include "detect/avaliacao.h"
 #include "detect/correlacao.h"
@@ -65,6 +66,28 @@ void confereMapas(const PIRAMIDE& piramide, const std::vector<MASCARA>& kernels)
         ASSERT_NEAR(doEscolhido, maior, 1e-6) << "L=" << L << " l=" << l << " c=" << c;
       }
     }
+  }
+}
+
+// Checks that planes of 16 bits, as the kernels are to be divided for them, give the maps of 32
+// bits to the last bit, in every instruction set.
+void confere16Bits(const cv::Mat_<float>& foto, const std::vector<MASCARA>& kernels,
+                   DIVISAO divisao) {
+  const NIVEIS niveis = preparaNiveis({foto});
+  const GRUPO grupo = preparaGrupo(kernels, 0, static_cast<int>(kernels.size()) - 1);
+  ASSERT_EQ(grupo.divisao, divisao);
+  ASSERT_FALSE(niveis[0].bytes.empty());
+  NIVEL semBytes = niveis[0];
+  semBytes.bytes.release();
+  for (const AVALIADOR& a : avaliadores()) {
+    cv::Mat_<float> curta(foto.size());
+    cv::Mat_<float> longa(foto.size());
+    cv::Mat_<int> qualCurta(foto.size());
+    cv::Mat_<int> qualLonga(foto.size());
+    ASSERT_TRUE(correlaNivel(niveis[0], 0, grupo, a, curta, qualCurta));
+    ASSERT_TRUE(correlaNivel(semBytes, 0, grupo, a, longa, qualLonga));
+    EXPECT_EQ(cv::countNonZero(curta != longa), 0) << a.nome;
+    EXPECT_EQ(cv::countNonZero(qualCurta != qualLonga), 0) << a.nome;
   }
 }
 
@@ -137,23 +160,61 @@ TEST(Rapida, SomasExtremasNaoTransbordam) {
 TEST(Rapida, SomasDe16E32BitsDaoMapasIguais) {
   std::mt19937 g(sementeDeFotos);
   for (int vez = 0; vez < 20; ++vez) {
-    const NIVEIS niveis = preparaNiveis({fotografia(90, 310, g)});
     std::vector<MASCARA> kernels;
     for (int k = 0; k < 4; ++k) kernels.push_back(sorteiaKernel(g, 24));
-    const GRUPO grupo = preparaGrupo(kernels, 0, 3);
-    for (const ESQUEMA& e : grupo.kernels) ASSERT_FALSE(e.curtas.empty());
-    NIVEL semBytes = niveis[0];
-    semBytes.bytes.release();
-    cv::Mat_<float> curta(90, 310);
-    cv::Mat_<float> longa(90, 310);
-    cv::Mat_<int> qualCurta(90, 310);
-    cv::Mat_<int> qualLonga(90, 310);
-    const AVALIADOR avaliador = avaliadores().front();
-    ASSERT_TRUE(correlaNivel(niveis[0], 0, grupo, avaliador, curta, qualCurta));
-    ASSERT_TRUE(correlaNivel(semBytes, 0, grupo, avaliador, longa, qualLonga));
-    EXPECT_EQ(cv::countNonZero(curta != longa), 0);
-    EXPECT_EQ(cv::countNonZero(qualCurta != qualLonga), 0);
+    confere16Bits(fotografia(90, 310, g), kernels, DIVISAO::linhas);
   }
+}
+
+// More rows than a block and than a strip's work area, more columns than a strip.
+TEST(Rapida, KernelsGrandesDescendoEm16BitsDaoOsMapasDe32) {
+  std::mt19937 g(sementeDeFotos);
+  for (const auto& [rows, cols, maior] :
+       {std::tuple{1, 1, 90}, {3, 700, 90}, {500, 5, 120}, {150, 310, 90}, {300, 601, 260}}) {
+    MASCARA grande;
+    kernelQuadrado(grande.kernel, maior, 7);
+    std::vector<MASCARA> kernels = {sorteiaKernel(g, maior), grande, sorteiaKernel(g, 24),
+                                    sorteiaKernel(g, maior)};
+    for (MASCARA& m : kernels) m.sPir = 0;
+    confere16Bits(fotografia(rows, cols, g), kernels, DIVISAO::colunas);
+  }
+}
+
+// What the sums of a part change by from row to row is largest where a kernel as wide as the
+// picture's edges passes them: black above white, or the reverse.
+TEST(Rapida, MudancasExtremasDeLinhaALinhaNaoTransbordam) {
+  for (const double lado : {90.0, 100.0, 127.0, 128.0, 129.0, 181.0, 240.0, 256.0, 257.0}) {
+    MASCARA m;
+    kernelQuadrado(m.kernel, lado, 0);
+    m.sPir = 0;
+    for (const double claro : {0.0, 1.0}) {
+      cv::Mat_<float> img(130, 40, static_cast<float>(claro));
+      img.rowRange(60, 130).setTo(1 - claro);
+      confere16Bits(img, {m}, DIVISAO::colunas);
+    }
+  }
+}
+
+// The sums over the pieces that a strip starts with, driven to their extremes by pictures of one
+// tone, where all else is 0.
+TEST(Rapida, PedacosExtremosNaoTransbordam) {
+  MASCARA m;
+  kernelRetangulo(m.kernel, 520, 40, 0);
+  m.sPir = 0;
+  for (const double tom : {0.0, 1.0}) {
+    const cv::Mat_<float> img(70, 30, static_cast<float>(tom));
+    confere16Bits(img, {m}, DIVISAO::colunas);
+  }
+}
+
+TEST(Rapida, KernelDeMuitasColunasFicaEm32Bits) {
+  std::mt19937 g(sementeDeFotos);
+  MASCARA m;
+  kernelRetangulo(m.kernel, 1400, 30, 0);
+  m.sPir = 0;
+  EXPECT_EQ(preparaGrupo({m}, 0, 0).divisao, DIVISAO::nenhuma);
+  cv::Mat_<float> img = fotografia(4, 9, g);
+  confereMapas({img}, {m});
 }
 
 TEST(Rapida, ImagemConstanteDaZeroExatoEOPrimeiroKernelEmTodosOsPixels) {
@@ -238,7 +299,7 @@ void compara(AVALIA<T>* avalia, const char* nome, unsigned maximoDeTermos) {
     KERNELPRONTO& x = kernels[k];
     x.partes.resize(sizeof(T) == 2 ? k + 1 : 1);
     for (SOMAS& s : x.partes) {
-      for (auto* lista : {&s.maisTudo, &s.menosTudo, &s.maisNucleo, &s.menosNucleo}) {
+      for (auto* lista : {&s.tudo.mais, &s.tudo.menos, &s.nucleo.mais, &s.nucleo.menos}) {
         for (auto i = g() % (maximoDeTermos + 1); i > 0; --i) {
           const auto linha = static_cast<std::int32_t>(g() % 20);
           lista->push_back(linha * passo + static_cast<std::int32_t>(g() % 20));

@@ -50,6 +50,54 @@ TEST(DivideLinhas, LinhaQueNaoCabeNaoTemPartes) {
   EXPECT_TRUE(divideLinhas(r, 39).empty());
 }
 
+TEST(DivideColunas, CadaParteTemPoucosTrechosETodasJuntasSaoOKernel) {
+  cv::Mat_<float> K;
+  kernelElipse(K, 90, 45, 30);
+  const REGIOES r = regioesDoKernel(K).value();
+  const auto partes = divideColunas(r, 25);
+  ASSERT_GT(partes.size(), 3U);
+  REGIAO somaTudo(K.size(), 0);
+  REGIAO somaNucleo(K.size(), 0);
+  for (const cv::Range& x : partes) {
+    const REGIAO tudo = soColunas(r.tudo, x);
+    REGIAO colunas;  // 1 where the part has pixels: one stretch each
+    cv::reduce(tudo, colunas, 0, cv::REDUCE_MAX);
+    EXPECT_LE(cv::countNonZero(colunas), 25);
+    somaTudo += tudo;
+    somaNucleo += soColunas(r.nucleo, x);
+  }
+  EXPECT_EQ(cv::countNonZero(somaTudo != r.tudo), 0);
+  EXPECT_EQ(cv::countNonZero(somaNucleo != r.nucleo), 0);
+}
+
+TEST(DivideColunas, ContaTodosOsTrechosDeUmaColuna) {
+  const REGIAO listras = (REGIAO(5, 3) << 1, 1, 1,  //
+                          0, 0, 0,                  //
+                          1, 1, 0,                  //
+                          0, 0, 0,                  //
+                          1, 1, 0);
+  const REGIOES r{listras, REGIAO(listras.size(), 0), 7, 0};
+  EXPECT_EQ(divideColunas(r, 7).size(), 1U);
+  EXPECT_EQ(divideColunas(r, 6).size(), 2U);
+  EXPECT_EQ(divideColunas(r, 3).size(), 3U);
+  EXPECT_TRUE(divideColunas(r, 2).empty());
+}
+
+TEST(PedacosDaRegiao, SaoOsPixelsDaRegiaoEmPedacosDoTamanhoPedido) {
+  cv::Mat_<float> K;
+  kernelQuadrado(K, 40, 20);
+  REGIAO regiao = regioesDoKernel(K)->tudo;
+  regiao(regiao.rows / 2, regiao.cols / 2) = 0;  // a row of two stretches
+  REGIAO vezes(regiao.size(), 0);
+  for (const PEDACO& t : pedacosDaRegiao(regiao, 7)) {
+    EXPECT_LE(t.ultima - t.antes, 7);
+    for (int c = t.antes + 1; c <= t.ultima; ++c) {
+      ++vezes(t.linha + regiao.rows / 2, c + regiao.cols / 2);
+    }
+  }
+  EXPECT_EQ(cv::countNonZero(vezes != regiao), 0);
+}
+
 TEST(LadosDaRegiao, UmTrechoPorLinhaDaDoisLados) {
   const REGIAO regiao = (REGIAO(3, 4) << 0, 1, 1, 0,  //
                          1, 1, 1, 0,                  //

@@ -64,11 +64,13 @@ void sorteia(MASCARA& m, ENTRADA& e) {
 
 MASCARA kernel(ENTRADA& e) {
   MASCARA m;
-  m.forma = "cqrex"[e.byte() % 5];
+  const unsigned char tipo = e.byte();
+  m.forma = "cqrex"[tipo % 5];
+  const double unidade = tipo < 225 ? 8 : 1;  // one kernel in eight is large
   m.sPir = e.inteiro(-1, 3);
   m.ang = e.inteiro(0, 180);
-  m.d1 = e.inteiro(4, 120) / 8.0;
-  m.d2 = e.inteiro(4, 120) / 8.0;
+  m.d1 = e.inteiro(4, 120) / unidade;
+  m.d2 = e.inteiro(4, 120) / unidade;
   if (m.forma == 'x') {
     sorteia(m, e);
   } else {
