@@ -39,8 +39,9 @@ struct KERNELPRONTO {
   double anel;
   double nucleo;
   double escala;
-  int indice;                                            // in the kernel set
-  std::vector<EXTREMOS> pedacosDoTudo, pedacosDoNucleo;  // for evaluation downward
+  int indice;  // in the kernel set
+  std::vector<EXTREMOS> pedacosDoTudo,
+      pedacosDoNucleo;  // for evaluation downward, whole and core in pieces
 };
 
 // Elements that may be read beyond the last pixel of a row: four of the longest vectors.
@@ -67,16 +68,16 @@ struct BLOCO {
 template <class T>
 using AVALIA = void(const BLOCO<T>& bloco, const std::vector<KERNELPRONTO>& kernels);
 
-// What evaluation downward takes along from block to block of a strip: for every column of it, the
-// sum over a region at the last row evaluated, and the 16-bit sum over each part of the region.
+// What evaluation downward takes along from block to block of a strip: of the last row evaluated,
+// for every column, the sum over a region and the 16-bit sum over each part of it.
 struct DESCIDA {
-  struct REGIAO {
+  struct LINHA {
     std::vector<std::int32_t> somas;
     std::vector<std::vector<std::int16_t>> restos;
   };
   struct KERNEL {
-    REGIAO tudo;
-    REGIAO nucleo;
+    LINHA tudo;
+    LINHA nucleo;
   };
   std::vector<KERNEL> kernels;  // none at the top of a strip
 };
@@ -85,7 +86,7 @@ struct DESCIDA {
 // sum over each part of whole or core is then known up to multiples of 2^16 only; but what it
 // changes by from one row to the next must fit, so that those changes, taken as signed numbers, are
 // exact and lead from the sums of one row to those of the next. The sums of the top row of a strip
-// are those of the kernels' stretches, which must fit 16 bits each. The blocks of a strip follow
+// are those over the kernels' pieces, which must fit 16 bits each. The blocks of a strip follow
 // each other downward.
 using DESCE = void(const BLOCO<std::int16_t>& bloco, const std::vector<KERNELPRONTO>& kernels,
                    DESCIDA& descida);

@@ -1,5 +1,11 @@
 // Evaluation of large kernels on planes of 16 bits, row after row downward.
 //
+// A plane of 16 bits tells the sum over a large region up to multiples of 2^16 only. With two
+// digits in place of 16 bits: where the sums down a column of pixels are 480, 497 and 463, it tells
+// 80, 97 and 63. As long as a sum changes by less than 50 from row to row, the changes are those of
+// the two digits, 17 and -34, so that from 480 the others follow. Each part of a kernel is narrow
+// enough for that; the first row is summed piece by piece.
+//
 // Included once for every instruction set, hence the guard that is set and unset in turn.
 #if defined(AVALIACAO_DESCIDA_INL_H) == defined(HWY_TARGET_TOGGLE)
 #ifdef AVALIACAO_DESCIDA_INL_H
@@ -41,8 +47,8 @@ inline std::vector<DESCIDA::KERNEL> noAlto(int colunas, const std::vector<KERNEL
   const auto n = static_cast<std::size_t>(colunas + folgaDeLeitura);
   std::vector<DESCIDA::KERNEL> v;
   for (const KERNELPRONTO& k : kernels) {
-    const DESCIDA::REGIAO r{std::vector<std::int32_t>(n),
-                            RESTOS(k.partes.size(), std::vector<std::int16_t>(n))};
+    const DESCIDA::LINHA r{std::vector<std::int32_t>(n),
+                           RESTOS(k.partes.size(), std::vector<std::int16_t>(n))};
     v.push_back({r, r});
   }
   return v;

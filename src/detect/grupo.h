@@ -30,7 +30,7 @@ struct ESQUEMA {
   int nNucleo;
   PARTE inteira;
   std::vector<PARTE> partes;
-  // Whole and core as stretches whose sums fit 16 bits, where it is divided by columns.
+  // Whole and core in pieces whose sums fit 16 bits, where it is divided by columns.
   std::vector<PEDACO> pedacosDoTudo, pedacosDoNucleo;
 };
 

@@ -96,6 +96,15 @@ void percorre(const NIVEL& nivel, const std::vector<const ESQUEMA*>& kernels, co
   }
 }
 
+void percorreDescendo(const NIVEL& nivel, const std::vector<const ESQUEMA*>& kernels,
+                      const GRUPO& grupo, int colunas, DESCE* avalia, cv::Mat_<float>& melhor,
+                      cv::Mat_<int>& qual) {
+  DESCIDA descida;
+  percorre<std::int16_t>(
+      nivel, kernels, grupo, colunas, [&] { descida.kernels.clear(); },
+      [&](const auto& bloco, const auto& lista) { avalia(bloco, lista, descida); }, melhor, qual);
+}
+
 // Whether the sums over ring and core fit the planes' type.
 bool cabe(const NIVEL& nivel, const std::vector<const ESQUEMA*>& kernels, const GRUPO& grupo,
           int colunas) {
@@ -139,11 +148,7 @@ bool correlaNivel(const NIVEL& nivel, int L, const GRUPO& grupo, const AVALIADOR
     return true;
   }
   if (!nivel.bytes.empty() && grupo.divisao == DIVISAO::colunas && avaliador.descendo != nullptr) {
-    DESCIDA descida;
-    percorre<std::int16_t>(
-        nivel, kernels, grupo, colunas, [&] { descida.kernels.clear(); },
-        [&](const auto& bloco, const auto& lista) { avaliador.descendo(bloco, lista, descida); },
-        melhor, qual);
+    percorreDescendo(nivel, kernels, grupo, colunas, avaliador.descendo, melhor, qual);
     return true;
   }
   const bool inteira = nivel.tipo == REPRESENTACAO::inteira;

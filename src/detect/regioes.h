@@ -38,14 +38,14 @@ std::vector<cv::Range> divideColunas(const REGIOES& r, int maximo);
 // The region without its pixels in other columns.
 REGIAO soColunas(const REGIAO& regiao, const cv::Range& colunas);
 
-// Pixels side by side: those of a row after column `antes` up to `ultima`.
+// A piece of a row: its pixels after column `antes` up to `ultima`.
 struct PEDACO {
   int linha;
   int antes;
   int ultima;
 };
 
-// The region as stretches of at most `maximo` pixels, rows and columns counted from its pixel
+// The region in pieces of at most `maximo` pixels, rows and columns counted from its pixel
 // (rows/2, cols/2).
 std::vector<PEDACO> pedacosDaRegiao(const REGIAO& regiao, int maximo);
 
