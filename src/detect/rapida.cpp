@@ -65,18 +65,26 @@ int linhasDaFaixa(int margem) {
   return std::max(1, blocos) * linhasDeTrabalho;
 }
 
+// One level, the kernels of the group applied to it, and where the results go.
+struct TRABALHO {
+  const NIVEL& nivel;
+  const std::vector<const ESQUEMA*>& kernels;
+  const GRUPO& grupo;
+  int colunas;  // of a strip
+  cv::Mat_<float>& melhor;
+  cv::Mat_<int>& qual;
+};
+
 // Strip by strip from left to right, and in each block by block downward: calls `avalia(block,
 // kernels)`, with `comeca()` before the first block of a strip.
 template <class T, class COMECA, class AVALIACAO>
-void percorre(const NIVEL& nivel, const std::vector<const ESQUEMA*>& kernels, const GRUPO& grupo,
-              int colunas, COMECA comeca, AVALIACAO avalia, cv::Mat_<float>& melhor,
-              cv::Mat_<int>& qual) {
-  FAIXA<T> faixa(grupo.margem, linhasDaFaixa(grupo.margem), colunas, grupo.planos);
-  const std::vector<KERNELPRONTO> lista = prontos(kernels, nivel.unidade, faixa);
-  const int rows = nivel.imagem.rows;
-  const int cols = nivel.imagem.cols;
-  for (int x0 = 0; x0 < cols; x0 += colunas) {
-    faixa.enche(nivel, x0, 0, 0, 2 * faixa.margem);
+void percorre(const TRABALHO& t, COMECA comeca, AVALIACAO avalia) {
+  FAIXA<T> faixa(t.grupo.margem, linhasDaFaixa(t.grupo.margem), t.colunas, t.grupo.planos);
+  const std::vector<KERNELPRONTO> lista = prontos(t.kernels, t.nivel.unidade, faixa);
+  const int rows = t.nivel.imagem.rows;
+  const int cols = t.nivel.imagem.cols;
+  for (int x0 = 0; x0 < cols; x0 += t.colunas) {
+    faixa.enche(t.nivel, x0, 0, 0, 2 * faixa.margem);
     comeca();
     int feitas = 0;
     for (int y0 = 0; y0 < rows; y0 += linhasDeTrabalho) {
@@ -86,23 +94,27 @@ void percorre(const NIVEL& nivel, const std::vector<const ESQUEMA*>& kernels, co
       }
       const int linhas = std::min(linhasDeTrabalho, rows - y0);
       const int de = 2 * faixa.margem + feitas;
-      faixa.enche(nivel, x0, y0 - feitas, de, de + linhas);
+      faixa.enche(t.nivel, x0, y0 - feitas, de, de + linhas);
       avalia(BLOCO<T>{faixa.origem() + static_cast<std::size_t>(feitas) * faixa.passo, faixa.passo,
-                      linhas, std::min(colunas, cols - x0), melhor[y0] + x0, melhor.step1(),
-                      qual[y0] + x0, qual.step1()},
+                      linhas, std::min(t.colunas, cols - x0), t.melhor[y0] + x0, t.melhor.step1(),
+                      t.qual[y0] + x0, t.qual.step1()},
              lista);
       feitas += linhas;
     }
   }
 }
 
-void percorreDescendo(const NIVEL& nivel, const std::vector<const ESQUEMA*>& kernels,
-                      const GRUPO& grupo, int colunas, DESCE* avalia, cv::Mat_<float>& melhor,
-                      cv::Mat_<int>& qual) {
+template <class T>
+void percorreCom(const TRABALHO& t, AVALIA<T>* avalia) {
+  percorre<T>(
+      t, [] {}, avalia);
+}
+
+void percorreDescendo(const TRABALHO& t, DESCE* avalia) {
   DESCIDA descida;
   percorre<std::int16_t>(
-      nivel, kernels, grupo, colunas, [&] { descida.kernels.clear(); },
-      [&](const auto& bloco, const auto& lista) { avalia(bloco, lista, descida); }, melhor, qual);
+      t, [&] { descida.kernels.clear(); },
+      [&](const auto& bloco, const auto& lista) { avalia(bloco, lista, descida); });
 }
 
 // Whether the sums over ring and core fit the planes' type.
@@ -139,16 +151,13 @@ bool correlaNivel(const NIVEL& nivel, int L, const GRUPO& grupo, const AVALIADOR
   const double bytes =
       FAIXA<double>::bytes(grupo.margem, linhasDaFaixa(grupo.margem), colunas, grupo.planos);
   if (bytes > maximoDeBytes) return false;
-  const auto percorreCom = [&]<class T>(AVALIA<T>* avalia) {
-    percorre<T>(
-        nivel, kernels, grupo, colunas, [] {}, avalia, melhor, qual);
-  };
+  const TRABALHO trabalho{nivel, kernels, grupo, colunas, melhor, qual};
   if (!nivel.bytes.empty() && grupo.divisao == DIVISAO::linhas) {
-    percorreCom(avaliador.curtos);
+    percorreCom(trabalho, avaliador.curtos);
     return true;
   }
   if (!nivel.bytes.empty() && grupo.divisao == DIVISAO::colunas && avaliador.descendo != nullptr) {
-    percorreDescendo(nivel, kernels, grupo, colunas, avaliador.descendo, melhor, qual);
+    percorreDescendo(trabalho, avaliador.descendo);
     return true;
   }
   const bool inteira = nivel.tipo == REPRESENTACAO::inteira;
@@ -157,9 +166,9 @@ bool correlaNivel(const NIVEL& nivel, int L, const GRUPO& grupo, const AVALIADOR
     return correlaNivel(comoReal(nivel), L, grupo, avaliador, melhor, qual);
   }
   if (inteira) {
-    percorreCom(avaliador.inteiros);
+    percorreCom(trabalho, avaliador.inteiros);
   } else {
-    percorreCom(avaliador.reais);
+    percorreCom(trabalho, avaliador.reais);
   }
   return true;
 }
