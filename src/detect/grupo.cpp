@@ -12,11 +12,11 @@ namespace {
 constexpr int maximoDePixels = 32767 / 128;
 // From one row of the photograph to the next, the sum over a stretch of a column loses a byte and
 // gains another.
-constexpr int maximoDeColunas = 32767 / 255;
+constexpr int maximoDeTrechos = 32767 / 255;
 // Each part costs terms of its own. With more parts of rows those of columns are faster, and with
 // more of columns 32 bits, or about as fast.
-constexpr std::size_t maximoDeLinhas = 5;
-constexpr std::size_t maximoDeFaixas = 8;
+constexpr std::size_t maximoDePartesDeLinhas = 5;
+constexpr std::size_t maximoDePartesDeColunas = 8;
 
 // The sides of whole and core, of a kernel or of a part of it.
 struct LADOS {
@@ -55,9 +55,9 @@ bool divideTodos(std::vector<CORTADO>& kernels, std::size_t maximo, DIVIDE divid
 
 DIVISAO divide(std::vector<CORTADO>& kernels) {
   const auto linhas = [](const REGIOES& r) { return divideLinhas(r, maximoDePixels); };
-  if (divideTodos(kernels, maximoDeLinhas, linhas, soLinhas)) return DIVISAO::linhas;
-  const auto colunas = [](const REGIOES& r) { return divideColunas(r, maximoDeColunas); };
-  if (divideTodos(kernels, maximoDeFaixas, colunas, soColunas)) return DIVISAO::colunas;
+  if (divideTodos(kernels, maximoDePartesDeLinhas, linhas, soLinhas)) return DIVISAO::linhas;
+  const auto colunas = [](const REGIOES& r) { return divideColunas(r, maximoDeTrechos); };
+  if (divideTodos(kernels, maximoDePartesDeColunas, colunas, soColunas)) return DIVISAO::colunas;
   return DIVISAO::nenhuma;
 }
 
