@@ -113,7 +113,7 @@ PARAMFILTRA leParametros(pim::ISTR& s) {
     } else if (palavra == "elipse") {
       lePar(s, p.minCorrEli, p.maxInterEli);
     } else {
-      pim::erro("Erro: Palavra desconhecida ", pim::mostravel(palavra));
+      pim::erro("Erro: Palavra desconhecida ", palavra);
     }
   }
   completa(p);

@@ -234,9 +234,7 @@ void leKernels(const std::string& nome, std::vector<MASCARA>& kernels) {
     const std::string palavra = pim::minuscula(pim::leStr(leitor.f, nome));
     if (palavra == "eof") return;
     if (leAjuste(leitor, palavra, ajustes)) continue;
-    if (!leForma(leitor, palavra, base)) {
-      pim::erro("Erro: Palavra desconhecida ", pim::mostravel(palavra));
-    }
+    if (!leForma(leitor, palavra, base)) pim::erro("Erro: Palavra desconhecida ", palavra);
     expande(conjunto, leitor, base, ajustes);
   }
 }

@@ -5,7 +5,8 @@
 namespace pim {
 
 // Reports a fatal error: flushes standard output, writes `a`, `b` and `c` one after the other as
-// one line on standard error and ends the process with exit status 1. Never returns.
+// one line on standard error and ends the process with exit status 1. Never returns. On a terminal
+// control characters show as "?": the words of a file may hold any.
 [[noreturn]] void erro(const std::string& a, const std::string& b = "", const std::string& c = "");
 
 // Where an assertion stands: the source name, line and full signature that its text reports.

@@ -61,14 +61,16 @@ std::string semSufixo(const std::string& nome) {
   return nome.substr(0, pontoDoSufixo(nome));
 }
 
-std::string mostravel(std::string texto) {
+std::string comeco(const std::string& texto) {
   constexpr std::size_t maximo = 80;
-  const bool cortado = texto.size() > maximo;
-  if (cortado) texto.resize(maximo);
+  return texto.size() <= maximo ? texto : texto.substr(0, maximo) + "...";
+}
+
+std::string semControles(std::string texto) {
   for (char& c : texto) {
     if (std::iscntrl(static_cast<unsigned char>(c)) != 0) c = '?';
   }
-  return cortado ? texto + "..." : texto;
+  return texto;
 }
 
 bool paraNumero(const std::string& texto, int& x) {

@@ -20,9 +20,11 @@ std::string sufixo(const std::string& nome);
 // "dir.d/a.b.jpg" gives "dir.d/a.b"; a name without a suffix comes back unchanged.
 std::string semSufixo(const std::string& nome);
 
-// `texto` as a message shows it: at most 80 characters, "?" for control characters. A file that is
-// no text must not flood the terminal.
-std::string mostravel(std::string texto);
+// The beginning of `texto`: at most 80 characters and, when more follow, "...".
+std::string comeco(const std::string& texto);
+
+// `texto` with "?" for control characters, which could change what a terminal shows or does.
+std::string semControles(std::string texto);
 
 // Converts the whole of `texto` to a number and returns whether it is one that fits the type of
 // `x`; otherwise `x` keeps its value. Integers are decimal; real numbers are those that the C

@@ -1,6 +1,9 @@
 #include "pim/token.h"
 
+#include <algorithm>
+#include <span>
 #include <string_view>
+#include <vector>
 
 #include "pim/erro.h"
 #include "pim/texto.h"
@@ -39,19 +42,37 @@ void verificaTamanho(std::FILE* f, std::size_t bytes, const std::string& nome) {
 
 void verificaTamanho(ISTR& /*s*/, std::size_t /*bytes*/, const std::string& /*nome*/) {}
 
+template <class FONTE>
+void pulaEspacos(FONTE&& fonte) {
+  int c = leCar(fonte);
+  while (espaco(c)) c = leCar(fonte);
+  devolveCar(fonte, c);
+}
+
 // The next run of non-blank characters; empty at the end of the input. The character after it is
 // left unread, so that the place of the token can still be told.
 template <class FONTE>
 std::string palavra(FONTE&& fonte, const std::string& nome) {
-  int c = leCar(fonte);
-  while (espaco(c)) c = leCar(fonte);
+  pulaEspacos(fonte);
   std::string texto;
+  int c = leCar(fonte);
   for (; c != EOF && !espaco(c); c = leCar(fonte)) {
     texto.push_back(static_cast<char>(c));
     verificaTamanho(fonte, texto.size(), nome);
   }
   devolveCar(fonte, c);
   return texto;
+}
+
+// Whether the word of so many bytes that was just read began the file; taken to be so where the
+// place can't be told, as in a pipe.
+bool abriuOArquivo(std::FILE* f, std::size_t bytes) {
+  const long fim = std::ftell(f);
+  return fim < 0 || static_cast<std::size_t>(fim) == bytes;
+}
+
+bool abriuOArquivo(ISTR& /*s*/, std::size_t /*bytes*/) {
+  return false;
 }
 
 template <class FONTE>
@@ -67,7 +88,9 @@ std::string token(FONTE&& fonte, const std::string& nome) {
   while (true) {
     std::string texto = palavra(fonte, nome);
     const bool fim = texto.empty();
-    if (texto.starts_with(marcaUtf8)) texto.erase(0, marcaUtf8.size());
+    if (texto.starts_with(marcaUtf8) && abriuOArquivo(fonte, texto.size())) {
+      texto.erase(0, marcaUtf8.size());
+    }
     if (fim) verificaLeitura(fonte, nome);
     if (texto.starts_with("//")) {
       pulaLinha(fonte);
@@ -87,7 +110,7 @@ template <class T>
 void leNumDe(std::FILE* f, T& x, const std::string& nome) {
   const std::string texto = token(f, nome);
   if (texto.empty()) erro("Erro: Falta numero no fim do texto", lugar(f, nome));
-  if (!paraNumero(texto, x)) erro("Erro: Numero invalido ", mostravel(texto), lugar(f, nome));
+  if (!paraNumero(texto, x)) erro("Erro: Numero invalido ", comeco(texto), lugar(f, nome));
 }
 
 }  // namespace
@@ -127,10 +150,22 @@ void leNum(ISTR& s, double& x) {
   if (!paraNumero(texto, x)) erro("Erro: Numero invalido ", texto);
 }
 
-std::string lePalavra(std::FILE* f, const std::string& nome) {
-  std::string texto = palavra(f, nome);
+void pulaBrancos(std::FILE* f, const std::string& nome) {
+  pulaEspacos(f);
   verificaLeitura(f, nome);
-  return texto;
+}
+
+void copiaPalavra(std::FILE* f, std::FILE* saida, const std::string& nome) {
+  std::vector<char> bloco(std::size_t{1} << 16U);
+  bool continua = true;
+  while (continua) {
+    const std::size_t lidos = std::fread(bloco.data(), 1, bloco.size(), f);
+    const std::span<const char> trecho(bloco.data(), lidos);
+    const auto fim = std::find_if(trecho.begin(), trecho.end(), espaco);
+    std::fwrite(trecho.data(), 1, static_cast<std::size_t>(fim - trecho.begin()), saida);
+    continua = lidos == bloco.size() && fim == trecho.end();
+  }
+  verificaLeitura(f, nome);
 }
 
 std::string lugar(std::FILE* f, const std::string& nome) {

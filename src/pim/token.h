@@ -7,8 +7,8 @@
 namespace pim {
 
 // Tokens are runs of characters between white space. A token that begins with "//" starts a
-// comment that runs to the end of its line and is skipped. A UTF-8 byte order mark in front of a
-// token is skipped too.
+// comment that runs to the end of its line and is skipped. A UTF-8 byte order mark at the start of
+// a file is skipped too.
 
 // A text held in memory, read with the same token rules as a text file.
 struct ISTR {
@@ -26,17 +26,19 @@ std::string leStr(std::FILE* f, const std::string& nome = "");
 std::string leStr(ISTR& s);
 
 // Reads the next token and converts it to the type of `x`. A token that is not wholly a number
-// that fits the type, and the end of the input, end in pim::erro; its text gives the token (its
-// beginning, and "?" for what can't be printed), the line and, when it is not empty, `nome` (the
-// name of the file).
+// that fits the type, and the end of the input, end in pim::erro; its text gives the beginning of
+// the token, the line and, when it is not empty, `nome` (the name of the file).
 void leNum(std::FILE* f, int& x, const std::string& nome = "");
 void leNum(std::FILE* f, float& x, const std::string& nome = "");
 void leNum(std::FILE* f, double& x, const std::string& nome = "");
 void leNum(ISTR& s, double& x);
 
-// The first white-space-delimited word of an open text file as it stands, comments included; empty
-// when there is none. pim::erro as for `leStr`.
-std::string lePalavra(std::FILE* f, const std::string& nome = "");
+// Skips white space. pim::erro when the file can't be read.
+void pulaBrancos(std::FILE* f, const std::string& nome = "");
+
+// Copies what comes before the next white space to `saida` as it stands, comments included, however
+// long it is; what follows it may be read too. pim::erro when the file can't be read.
+void copiaPalavra(std::FILE* f, std::FILE* saida, const std::string& nome = "");
 
 // " (NAME, linha N)" for the place where the reading of `f` stands; without the name when it is
 // empty, without the line when the file can't be rewound.

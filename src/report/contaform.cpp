@@ -19,7 +19,10 @@ void ContaForm(int /*argc*/, char** /*argv*/) {
       if (primeiroFechado.empty()) primeiroFechado = nome;
       continue;
     }
-    std::printf("%s %s\n", nome.c_str(), pim::lePalavra(arquivo.get(), nome).c_str());
+    pim::pulaBrancos(arquivo.get(), nome);
+    std::printf("%s ", nome.c_str());
+    pim::copiaPalavra(arquivo.get(), stdout, nome);
+    std::puts("");
     std::fflush(stdout);
   }
   if (!primeiroFechado.empty()) pim::erro("Erro abertura arquivo ", primeiroFechado);

@@ -39,6 +39,19 @@ TEST(ComandoContaForm, MostraACabecaENuncaOCabecalho) {
                  "a.ho2 12\nb.ho2 doze\nc.ho2 \nd.ho2 " + std::string(100000, '9') + "\n");
 }
 
+TEST(ComandoContaForm, PalavraLongaNaoCustaMemoria) {
+  const PASTA pasta;
+  grava("a.ho2", "1");
+  const EXECUCAO curta = executa({"contaform"});
+  constexpr std::size_t megas = std::size_t{1} << 20U;
+  grava("a.ho2", std::string(64 * megas, '1'));
+  grava("b.ho2", "2");
+  const EXECUCAO longa = executa({"contaform"});
+  EXPECT_EQ(longa.estado, 0);
+  EXPECT_TRUE(miolo(longa) == "a.ho2 " + std::string(64 * megas, '1') + "\nb.ho2 2\n");
+  EXPECT_LT(longa.memoria, curta.memoria + long{8 * megas});
+}
+
 TEST(ComandoContaForm, NomesComEspacosAcentosEPontosPorOrdemDeBytes) {
   const PASTA pasta;
   for (const char* nome :

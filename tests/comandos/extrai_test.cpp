@@ -1,5 +1,9 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <csignal>
 #include <random>
 
@@ -29,6 +33,27 @@ std::vector<std::string> pngs(const std::string& pasta = ".") {
   std::sort(nomes.begin(), nomes.end());
   return nomes;
 }
+
+// A named pipe that keeps what is written to it, up to 64 KiB, in the order of writing.
+struct TUBO {
+  std::string nome;
+  int fd;
+
+  explicit TUBO(const std::string& n)
+      : nome(n), fd(mkfifo(n.c_str(), 0600) == 0 ? open(n.c_str(), O_RDWR | O_NONBLOCK) : -1) {}
+  ~TUBO() {
+    close(fd);
+    std::filesystem::remove(nome);
+  }
+  TUBO(const TUBO&) = delete;
+  TUBO& operator=(const TUBO&) = delete;
+
+  std::string conteudo() const {
+    std::string s(1U << 16U, '\0');
+    s.resize(static_cast<std::size_t>(std::max<ssize_t>(read(fd, s.data(), s.size()), 0)));
+    return s;
+  }
+};
 
 using NOMES = std::vector<std::string>;
 
@@ -84,6 +109,31 @@ TEST_F(ComandoExtrai, IndicesRepetidosEForaDeOrdem) {
   confereSucesso(executa({"extraiam", "foto.ppm", "1.5", "2", "0", "2"}),
                  mensagens("foto.ppm", "foto", 3));
   EXPECT_EQ(pngs(), (NOMES{"foto0000.png", "foto0002.png"}));
+}
+
+TEST_F(ComandoExtrai, IndiceRepetidoEhReescritoNaOrdemDada) {
+  grava("foto.ho2", listaHo({{0.9F, 'q', 10, 12, 4, 4, 0},
+                             {0.8F, 'c', 20, 30, 9, 9, 0},
+                             {0.7F, 'c', 15, 25, 9, 9, 0},
+                             {0.6F, 'q', 9, 9, 4, 4, 0},
+                             {0.5F, 'e', 15, 5, 12, 6, 45}}));
+  grava("foto.mat", matDeClasses(1, 5, "\1\1\1\1\2"));
+  EXPECT_EQ(executa({"extraicla", "foto.ppm", "1"}).estado, 0);
+  const std::string zero = leTudo("01-0000.png");
+  const std::string quatro = leTudo("02-0004.png");
+  ASSERT_NE(zero, quatro);
+  const auto emOrdem = [&](const std::string& programa, const std::string& nome0,
+                           const std::string& nome4) {
+    const TUBO tubo("amostras");
+    for (const std::string& nome : {nome0, nome4}) {
+      std::filesystem::remove(nome);
+      std::filesystem::create_symlink("amostras", nome);
+    }
+    EXPECT_EQ(executa({programa, "foto.ppm", "1", "4", "0", "4"}).estado, 0);
+    return tubo.conteudo();
+  };
+  EXPECT_EQ(emOrdem("extraicla", "01-0000.png", "02-0004.png"), quatro + zero + quatro);
+  EXPECT_EQ(emOrdem("extraiam", "foto0000.png", "foto0004.png"), quatro + zero + quatro);
 }
 
 TEST_F(ComandoExtrai, ListaSemRegistrosNaoGravaAmostra) {

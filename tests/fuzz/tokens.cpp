@@ -47,8 +47,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t n) 
   if (n == 0) return -1;
   const unsigned escolhas = bytes[0];  // for each place, modulo 8: number or text
   std::string texto(comoTexto(bytes + 1, n - 1));
-  const std::vector<std::string> tokens = tokensSimples(texto);
-  pim::ISTR s{texto};
+  const std::vector<std::string> tokens = tokensSimples(semMarca(texto));
+  pim::ISTR s{std::string(semMarca(texto))};
   const pim::ARQUIVO f(fmemopen(texto.data(), texto.size(), "r"));
   confere(f != nullptr, "fmemopen");
   for (std::size_t i = 0; i < tokens.size() + 2; ++i) {

@@ -66,12 +66,23 @@ TEST(LeKernels, QuadradoPadraoTemNoveAngulos) {
             (std::vector<double>{0, 10, 20, 30, 40, 50, 60, 70, 80}));
 }
 
-TEST(LeKernels, Passo100DaSoOAnguloZero) {
+TEST(LeKernels, Passo100DaOAnguloZeroE100ARetangulosEElipses) {
+  const std::string passo = "escala 1 a 1 passoang 100 ";
+  EXPECT_EQ(angulos(passo + "circulo 12"), std::vector<double>{0});
+  EXPECT_EQ(angulos(passo + "quadrado 12"), std::vector<double>{0});
+  EXPECT_EQ(angulos(passo + "retangulo 12 9"), (std::vector<double>{0, 100}));
+  EXPECT_EQ(angulos(passo + "elipse 12 9"), (std::vector<double>{0, 100}));
+}
+
+TEST(LeKernels, Passo200DaSoOAnguloZero) {
   for (const char* forma : {"circulo 12", "quadrado 12", "retangulo 12 9", "elipse 12 9"}) {
     const std::vector<double> angs = angulos(std::string("escala 1 a 1 passoang 200 ") + forma);
     EXPECT_EQ(angs, std::vector<double>{0}) << forma;
   }
-  EXPECT_EQ(angulos("escala 1 a 1 passoang 100 quadrado 12"), std::vector<double>{0});
+}
+
+TEST(LeKernels, MarcaUtf8SoValeNoInicioDoArquivo) {
+  EXPECT_EQ(le("\xEF\xBB\xBF escala 1 a 1 circulo 12").size(), 1U);
 }
 
 TEST(LeKernels, Passo45DaDoisAngulosAoQuadradoEQuatroAoRetangulo) {
@@ -223,6 +234,20 @@ TEST(LeKernelsDeathTest, ArquivoQueNaoAbreEhErro) {
 
 TEST(LeKernelsDeathTest, PalavraDesconhecidaEhMostradaEmMinusculas) {
   recusa("escala 1 a 1 HEXAGONO 15", "Erro: Palavra desconhecida hexagono");
+}
+
+TEST(LeKernelsDeathTest, PalavraDesconhecidaEhMostradaInteiraEComoEla) {
+  recusa(std::string(5000, 'X'), "Erro: Palavra desconhecida " + std::string(5000, 'x'));
+  recusa(
+      "a\x1B"
+      "Bc",
+      "Erro: Palavra desconhecida a\x1B"
+      "bc");
+  recusa(
+      "circulo 21 \xEF\xBB\xBF"
+      "eof",
+      "Erro: Palavra desconhecida \xEF\xBB\xBF"
+      "eof");
 }
 
 TEST(LeKernelsDeathTest, NumeroOndeSeEsperaPalavraEhPalavraDesconhecida) {

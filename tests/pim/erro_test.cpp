@@ -1,9 +1,13 @@
 #include "pim/erro.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 
 #include "fabrica.h"
 
@@ -31,6 +35,27 @@ TEST(Erro, SaidaPadraoPendenteEhEscritaAntes) {
     pim::erro("depois");
   };
   ESPERA_ERRO(acao(), "pendente\ndepois");
+}
+
+TEST(Erro, ControlesSoViramInterrogacaoNoTerminal) {
+  ESPERA_ERRO(pim::erro("a\x1B[2J\x07"), "a\x1B[2J\x07");
+  const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
+  if (terminal < 0 || grantpt(terminal) != 0 || unlockpt(terminal) != 0) {
+    GTEST_SKIP() << "no pseudo-terminal here";
+  }
+  const int escravo = open(ptsname(terminal), O_RDWR | O_NOCTTY);
+  if (escravo < 0) GTEST_SKIP() << "no pseudo-terminal here";
+  const auto acao = [&] {
+    dup2(escravo, STDERR_FILENO);
+    pim::erro("a\x1B[2J\x07");
+  };
+  EXPECT_EXIT(acao(), testing::ExitedWithCode(1), "");
+  std::array<char, 64> lidos{};
+  const ssize_t n = read(terminal, lidos.data(), lidos.size());
+  EXPECT_EQ(std::string(lidos.data(), static_cast<std::size_t>(std::max<ssize_t>(n, 0))),
+            "a?[2J?\r\n");
+  close(escravo);
+  close(terminal);
 }
 
 TEST(Afirma, VerdadeNaoFazNada) {

@@ -12,10 +12,10 @@ TEST(Minuscula, SoMudaAsLetrasDeAAZ) {
 }
 
 TEST(Mostravel, TextoComumFicaComoEstaEOMaisEhCortadoOuMascarado) {
-  EXPECT_EQ(pim::mostravel("tri\xC3\xA2ngulo"), "tri\xC3\xA2ngulo");
-  EXPECT_EQ(pim::mostravel(std::string(80, 'x')), std::string(80, 'x'));
-  EXPECT_EQ(pim::mostravel(std::string(81, 'x')), std::string(80, 'x') + "...");
-  EXPECT_EQ(pim::mostravel("a\x1B[2J\x07"), "a?[2J?");
+  EXPECT_EQ(pim::semControles("tri\xC3\xA2ngulo"), "tri\xC3\xA2ngulo");
+  EXPECT_EQ(pim::comeco(std::string(80, 'x')), std::string(80, 'x'));
+  EXPECT_EQ(pim::comeco(std::string(81, 'x')), std::string(80, 'x') + "...");
+  EXPECT_EQ(pim::semControles("a\x1B[2J\x07"), "a?[2J?");
 }
 
 TEST(Sufixo, DeNomeSemPontoEhVazio) {

@@ -31,6 +31,15 @@ std::vector<std::string> separa(const std::string& conteudo) {
   return tokens;
 }
 
+std::string primeiraPalavra(const std::string& conteudo) {
+  const auto f = texto(conteudo);
+  const pim::ARQUIVO saida = pim::abre("saida", "wb");
+  pim::pulaBrancos(f.get());
+  pim::copiaPalavra(f.get(), saida.get());
+  std::fflush(saida.get());
+  return leTudo("saida");
+}
+
 std::string sorteiaTexto(std::mt19937& sorteio) {
   static const std::array<const char*, 16> pecas = {"a",    "/",  "//", " ",  "\t", "\n",
                                                     "\r\n", "7",  "\f", "\v", "-1", "x//",
@@ -70,12 +79,33 @@ TEST(LeStr, ComentarioNoFimSemFimDeLinha) {
   EXPECT_EQ(pim::leStr(s), "eof");
 }
 
-TEST(LeStr, MarcaUtf8EhSaltada) {
+TEST(LeStr, MarcaUtf8SoEhSaltadaNoInicioDoArquivo) {
   const PASTA pasta;
-  const auto f = texto("\xEF\xBB\xBF//correl\n\xEF\xBB\xBF ok \xEF\xBB\xBFjunto");
-  EXPECT_EQ(pim::leStr(f.get()), "ok");
-  EXPECT_EQ(pim::leStr(f.get()), "junto");
+  const std::string marca = "\xEF\xBB\xBF";
+  const auto f = texto(marca + "//correl\nok " + marca + "junto\n" + marca + " " + marca + "//x");
+  for (const std::string& t : {std::string("ok"), marca + "junto", marca, marca + "//x"}) {
+    EXPECT_EQ(pim::leStr(f.get()), t);
+  }
   EXPECT_EQ(pim::leStr(f.get()), "eof");
+  EXPECT_EQ(pim::leStr(texto(marca + " so").get()), "so");
+  EXPECT_EQ(pim::leStr(texto(marca).get()), "eof");
+  EXPECT_EQ(pim::leStr(texto(marca + marca + "dupla").get()), marca + "dupla");
+  EXPECT_EQ(pim::leStr(texto(" " + marca + "tarde").get()), marca + "tarde");
+}
+
+TEST(LeStr, MarcaUtf8NaoEhSaltadaNosParametros) {
+  const std::string marca = "\xEF\xBB\xBF";
+  ISTR s{marca + "circulo"};
+  EXPECT_EQ(pim::leStr(s), marca + "circulo");
+}
+
+TEST(LeStr, MarcaUtf8EhSaltadaNumTubo) {
+  const PASTA pasta;
+  ASSERT_EQ(mkfifo("tubo", 0600), 0);
+  std::thread escritor([] { grava("tubo", "\xEF\xBB\xBFok"); });
+  const auto f = pim::abre("tubo", "rt");
+  escritor.join();
+  EXPECT_EQ(pim::leStr(f.get()), "ok");
 }
 
 TEST(LeStr, TokenDeQualquerTamanhoEByteNulo) {
@@ -158,10 +188,20 @@ TEST(LeNum, FaltaDeNumeroEInteiroForaDaFaixaSaoErros) {
   ESPERA_ERRO(pim::leNum(grande.get(), i), "Erro: Numero invalido 3000000000 (linha 1)");
 }
 
-TEST(LePalavra, DaAPrimeiraPalavraMesmoDeComentario) {
+TEST(CopiaPalavra, CopiaAPrimeiraPalavraMesmoDeComentario) {
   const PASTA pasta;
-  EXPECT_EQ(pim::lePalavra(texto("\n //correl x").get()), "//correl");
-  EXPECT_EQ(pim::lePalavra(texto(" \n").get()), "");
+  EXPECT_EQ(primeiraPalavra("\n //correl x"), "//correl");
+  EXPECT_EQ(primeiraPalavra(" \n"), "");
+  EXPECT_EQ(primeiraPalavra("\xEF\xBB\xBF"
+                            "1"),
+            "\xEF\xBB\xBF"
+            "1");
+}
+
+TEST(CopiaPalavra, NaoTemLimiteDeTamanho) {
+  const PASTA pasta;
+  const std::string longa = std::string(3U << 20U, '7') + '\0' + '8';
+  EXPECT_EQ(primeiraPalavra(longa + "\t9"), longa);
 }
 
 TEST(Lugar, NaoMudaAPosicaoDeLeitura) {
@@ -193,9 +233,10 @@ TEST(LeStr, FalhaDeLeituraEhErroENaoFim) {
   // A file opened for writing only can't be read.
   const pim::ARQUIVO f(std::fopen("t.txt", "a"));
   ESPERA_ERRO(pim::leStr(f.get()), "Erro leitura arquivo");
-  ESPERA_ERRO(pim::lePalavra(f.get()), "Erro leitura arquivo");
+  ESPERA_ERRO(pim::pulaBrancos(f.get()), "Erro leitura arquivo");
   ESPERA_ERRO(pim::leStr(f.get(), "t.txt"), "Erro leitura arquivo t.txt");
-  ESPERA_ERRO(pim::lePalavra(f.get(), "t.txt"), "Erro leitura arquivo t.txt");
+  ESPERA_ERRO(pim::pulaBrancos(f.get(), "t.txt"), "Erro leitura arquivo t.txt");
+  ESPERA_ERRO(pim::copiaPalavra(f.get(), stderr, "t.txt"), "Erro leitura arquivo t.txt");
   double d = 0;
   ESPERA_ERRO(pim::leNum(f.get(), d, "t.txt"), "Erro leitura arquivo t.txt");
 }
@@ -206,11 +247,9 @@ TEST(LeStr, PalavraDeMaisDeUmMebibyteEhErro) {
   EXPECT_EQ(pim::leStr(texto("\n" + maior + " b").get()), maior);
   const auto f = texto("\n" + maior + "a b");
   ESPERA_ERRO(pim::leStr(f.get(), "t.txt"), "Erro: Palavra grande demais (t.txt, linha 2)");
-  std::rewind(f.get());
-  ESPERA_ERRO(pim::lePalavra(f.get()), "Erro: Palavra grande demais (linha 2)");
 }
 
-TEST(LeNum, PalavraLongaOuComControlesEhMostradaEmParte) {
+TEST(LeNum, PalavraLongaEhMostradaEmParte) {
   const PASTA pasta;
   int i = 0;
   const std::string longa(81, 'x');
@@ -218,6 +257,7 @@ TEST(LeNum, PalavraLongaOuComControlesEhMostradaEmParte) {
               "Erro: Numero invalido " + longa.substr(1) + "... (linha 1)");
   ESPERA_ERRO(pim::leNum(texto(longa.substr(1)).get(), i),
               "Erro: Numero invalido " + longa.substr(1) + " (linha 1)");
-  ESPERA_ERRO(pim::leNum(texto(std::string("1\0\x1B[m\xC3\xA1\x7F", 8)).get(), i),
-              "Erro: Numero invalido 1??[m\xC3\xA1? (linha 1)");
+  const std::string controles("1\0\x1B[m\xC3\xA1\x7F", 8);
+  ESPERA_ERRO(pim::leNum(texto(controles).get(), i),
+              "Erro: Numero invalido " + controles + " (linha 1)");
 }

@@ -46,9 +46,10 @@ TEST(ContaForm, ArquivoSemPalavraMostraPalavraVaziaENaoAAnterior) {
 
 TEST(ContaForm, PalavraDeQualquerTamanho) {
   const PASTA pasta;
-  const std::string longa(300000, '7');
+  const std::string longa(2U << 20U, '7');
   grava("a.ho2", longa + " 5");
-  EXPECT_EQ(contaForm(), "a.ho2 " + longa + "\n");
+  grava("b.ho2", "6");
+  EXPECT_EQ(contaForm(), "a.ho2 " + longa + "\nb.ho2 6\n");
 }
 
 TEST(ContaForm, PastaChamadaHo2NaoEntra) {
