@@ -5,12 +5,12 @@
 #include "bench/corridas.h"
 #include "bench/custo.h"
 #include "bench/partes.h"
-#include "detect/avaliacao.h"
+#include "motor/avaliacao/avaliacao.h"
 #include "opencv2/core.hpp"
 
 int main() {
   cv::setNumThreads(1);
-  std::fprintf(stderr, "Instruction set: %s\n", avaliadores().front().nome);
+  std::fprintf(stderr, "Instruction set: %s\n", motor::avaliadores().front().nome);
   corre({"cena", "c12.pgm", "c12.csv", "3000", "4000"});
   // Whole runs first: a child's peak memory counts that of the process it comes from.
   const std::vector<LINHA> corridas = medeCorridas();
@@ -18,7 +18,7 @@ int main() {
   std::vector<LINHA> linhas = medePartes("c12.pgm");
   linhas.insert(linhas.end(), corridas.begin(), corridas.end());
 
-  std::printf("Instruction set: %s\n\n", avaliadores().front().nome);
+  std::printf("Instruction set: %s\n\n", motor::avaliadores().front().nome);
   std::printf("| Work | plain | fast | ratio | |\n|---|---|---|---|---|\n");
   for (const LINHA& l : linhas) {
     if (l.simples > 0) {

@@ -9,8 +9,8 @@
 
 #include "detect/correla.h"
 #include "detect/ordenacao.h"
-#include "detect/rapida.h"
 #include "kernels/lekernels.h"
+#include "motor/caminho.h"
 #include "pim/imagem.h"
 #include "referencia/correlacao.h"
 #include "referencia/proximos.h"
@@ -62,16 +62,16 @@ void correlaRapida(benchmark::State& estado, const PIRAMIDE& piramide, const BAN
 
 // The same in the instructions named.
 void correlaCom(benchmark::State& estado, const PIRAMIDE& piramide, const BANCO& banco,
-                const AVALIADOR& avaliador) {
+                const motor::AVALIADOR& avaliador) {
   const std::vector<MASCARA> kernels = leBanco(banco);
   const NIVEIS niveis = preparaNiveis(piramide);
   for (auto vez : estado) {
     paraGrupos(kernels, banco.passo, [&](int de, int ate) {
-      const GRUPO grupo = preparaGrupo(kernels, de, ate);
+      const auto grupo = motor::preparaGrupo(kernels, de, ate);
       for (std::size_t L = 0; L < niveis.size(); ++L) {
-        cv::Mat_<float> melhor(niveis[L].imagem.size());
-        cv::Mat_<int> qual(niveis[L].imagem.size());
-        correlaNivel(niveis[L], static_cast<int>(L), grupo, avaliador, melhor, qual);
+        cv::Mat_<float> melhor;
+        cv::Mat_<int> qual;
+        motor::correlaCom(avaliador, *niveis[L], static_cast<int>(L), *grupo, melhor, qual);
       }
     });
   }
@@ -129,7 +129,7 @@ void registra(const std::string& nome, ACAO acao) {
 }
 
 // What is timed lives until the benchmarks have run.
-void registraPartes(const PIRAMIDE& piramide, const std::vector<AVALIADOR>& conjuntos) {
+void registraPartes(const PIRAMIDE& piramide, const std::vector<motor::AVALIADOR>& conjuntos) {
   for (const BANCO& banco : bancos) {
     const std::string nome = banco.nome;
     registra("rapida " + nome, [&](auto& e) { correlaRapida(e, piramide, banco); });
@@ -145,7 +145,7 @@ void registraPartes(const PIRAMIDE& piramide, const std::vector<AVALIADOR>& conj
 }
 
 std::vector<LINHA> linhasDasPartes(std::map<std::string, double>& segundos,
-                                   const std::vector<AVALIADOR>& conjuntos) {
+                                   const std::vector<motor::AVALIADOR>& conjuntos) {
   std::vector<LINHA> linhas;
   for (const BANCO& banco : bancos) {
     const std::string nome = banco.nome;
@@ -172,7 +172,7 @@ std::vector<LINHA> linhasDasPartes(std::map<std::string, double>& segundos,
 std::vector<LINHA> medePartes(const std::string& cena) {
   PIRAMIDE piramide;
   lePiramide(cena, piramide, 4);
-  const std::vector<AVALIADOR> conjuntos = avaliadores();
+  const std::vector<motor::AVALIADOR> conjuntos = motor::avaliadores();
   registraPartes(piramide, conjuntos);
   COLETOR coletor;
   benchmark::RunSpecifiedBenchmarks(&coletor);

@@ -1,11 +1,12 @@
 #pragma once
 
+#include <memory>
 #include <opencv2/core.hpp>
 #include <vector>
 
-#include "detect/niveis.h"
 #include "detect/piramide.h"
 #include "kernels/mascara.h"
+#include "motor/motor.h"
 
 // Per pyramid level, for a group of kernels: the highest correlation at each pixel (-1 where no
 // kernel exceeded it) and the index in the kernel set of the kernel that reached it (-1 for none).
@@ -18,12 +19,17 @@ using MELHORKERNEL = std::vector<cv::Mat_<int>>;
 void correlaPiramide(const PIRAMIDE& piramide, const cv::Mat_<float>& kernel,
                      std::vector<cv::Mat_<float>>& saida, int ultimo);
 
+// The levels of a pyramid prepared for the engine, once for all groups of a run. They share the
+// pyramid's pixels.
+using NIVEIS = std::vector<std::shared_ptr<const motor::NIVEL>>;
+
+NIVEIS preparaNiveis(const PIRAMIDE& piramide);
+
 // Fills both lists for the kernels with indices `primeiro` to `ultimo` inclusive, each applied to
-// levels 0 to its sPir. The lower index wins a tie. An empty range gives lists of -1.
-//
-// Correlations differ from exact sums by less than 1e-6 (niveis.h), and equal neighbourhoods get
-// equal values. `niveis` are the prepared levels of the pyramid, for a run with many groups.
+// levels 0 to its sPir. The lower index wins a tie. An empty range gives lists of -1. How exact
+// correlations are, and when `pausa` is called, motor.h says.
 void correlaGrupo(const PIRAMIDE& piramide, const std::vector<MASCARA>& kernels, int primeiro,
                   int ultimo, MELHORCORREL& melhorCorrel, MELHORKERNEL& melhorKernel);
 void correlaGrupo(const NIVEIS& niveis, const std::vector<MASCARA>& kernels, int primeiro,
-                  int ultimo, MELHORCORREL& melhorCorrel, MELHORKERNEL& melhorKernel);
+                  int ultimo, MELHORCORREL& melhorCorrel, MELHORKERNEL& melhorKernel,
+                  const motor::PAUSA& pausa = {});

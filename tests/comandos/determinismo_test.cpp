@@ -14,11 +14,10 @@
 #include "apoio/figuras.h"
 #include "apoio/pasta.h"
 #include "confere.h"
-#include "detect/avaliacao.h"
 #include "detect/correla.h"
-#include "detect/rapida.h"
 #include "kernels/lekernels.h"
 #include "mat_de_classes.h"
+#include "motor/caminho.h"
 #include "tiff_float.h"
 
 namespace {
@@ -204,18 +203,17 @@ TEST(Determinismo, AsCorrelacoesSaoAsMesmasEmCadaConjuntoDeInstrucoesDesteProces
   gravaCena();
   PIRAMIDE piramide;
   lePiramide("a.pgm", piramide, 4);
-  const NIVEIS niveis = preparaNiveis(piramide);
   std::vector<MASCARA> kernels;
   leKernels("k.cfg", kernels);
-  const GRUPO grupo = preparaGrupo(kernels, 0, static_cast<int>(kernels.size()) - 1);
-  const std::vector<AVALIADOR> todos = avaliadores();
-  for (std::size_t L = 0; L < niveis.size(); ++L) {
+  const auto grupo = motor::preparaGrupo(kernels, 0, static_cast<int>(kernels.size()) - 1);
+  for (std::size_t L = 0; L < piramide.size(); ++L) {
+    const auto nivel = motor::preparaNivel(piramide[L]);
     cv::Mat_<float> esperada;
     cv::Mat_<int> qualEsperado;
-    for (const AVALIADOR& a : todos) {
-      cv::Mat_<float> melhor(niveis[L].imagem.size());
-      cv::Mat_<int> qual(melhor.size());
-      ASSERT_TRUE(correlaNivel(niveis[L], static_cast<int>(L), grupo, a, melhor, qual));
+    for (const motor::AVALIADOR& a : motor::avaliadores()) {
+      cv::Mat_<float> melhor;
+      cv::Mat_<int> qual;
+      motor::correlaCom(a, *nivel, static_cast<int>(L), *grupo, melhor, qual);
       if (esperada.empty()) {
         esperada = melhor;
         qualEsperado = qual;

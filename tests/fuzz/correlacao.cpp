@@ -6,10 +6,10 @@
 #include <cmath>
 
 #include "confere.h"
-#include "detect/termos.h"
 #include "entrada.h"
 #include "erro_lanca.h"
 #include "kernels/normaliza.h"
+#include "motor/termos/regioes.h"
 #include "pim/converte.h"
 #include "referencia/correlacao.h"
 
@@ -139,7 +139,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t n) 
   correlaGrupo(piramide, kernels, 0, ultimo, melhor, qual);
   referencia::correlaGrupo(piramide, kernels, 0, ultimo, melhorSimples, qualSimples);
   const bool rapida = std::all_of(kernels.begin(), kernels.end(), [](const MASCARA& m) {
-    return regioesDoKernel(m.kernel).has_value();
+    return motor::regioesDoKernel(m.kernel).has_value();
   });
   for (int L = 0; L < static_cast<int>(piramide.size()); ++L) {
     const auto i = static_cast<std::size_t>(L);

@@ -1,0 +1,21 @@
+#include "motor/motor.h"
+
+#include "motor/caminho.h"
+
+namespace motor {
+
+std::shared_ptr<const NIVEL> preparaNivel(const cv::Mat_<float>& imagem) {
+  return std::make_shared<const NIVEL>(representa(imagem));
+}
+
+std::shared_ptr<const GRUPO> preparaGrupo(const std::vector<MASCARA>& kernels, int primeiro,
+                                          int ultimo) {
+  return std::make_shared<const GRUPO>(esquematiza(kernels, primeiro, ultimo));
+}
+
+void correlaNivel(const NIVEL& nivel, int L, const GRUPO& grupo, cv::Mat_<float>& melhor,
+                  cv::Mat_<int>& qual, const PAUSA& pausa) {
+  correlaCom(avaliadores().front(), nivel, L, grupo, melhor, qual, pausa);
+}
+
+}  // namespace motor

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <opencv2/core.hpp>
+#include <vector>
+
+#include "kernels/mascara.h"
+#include "motor/termos/regioes.h"
+#include "motor/termos/termos.h"
+
+namespace motor {
+
+// A group of kernels as terms (termos.h) on planes that they share.
+
+// The terms of the sums over whole and core, of a kernel or of a part of it.
+struct PARTE {
+  std::vector<TERMO> tudo;
+  std::vector<TERMO> nucleo;
+};
+
+// What the kernels of a group are divided into for planes of 16 bits of a photograph's bytes.
+enum class DIVISAO {
+  nenhuma,
+  linhas,  // a few rows a part: its sums over ring and core fit 16 bits
+  colunas  // some columns a part: its sums over whole and core don't fit, but what they change by
+           // from one row of the photograph to the next does
+};
+
+// A kernel of the group as its weights and as terms; only the former in a group that doesn't serve.
+struct ESQUEMA {
+  int indice;  // in the kernel set
+  int sPir;    // last level that it is applied to
+  cv::Mat_<float> pesos;
+  int nAnel;
+  int nNucleo;
+  PARTE inteira;
+  std::vector<PARTE> partes;
+  // Whole and core in pieces whose sums fit 16 bits, where it is divided by columns.
+  std::vector<PEDACO> pedacosDoTudo, pedacosDoNucleo;
+};
+
+struct GRUPO {
+  std::vector<ESQUEMA> kernels;
+  DIVISAO divisao = DIVISAO::nenhuma;
+  std::vector<PLANO> planos;  // that the terms use, after X
+  int margem = 0;             // farthest row or column that a term or piece needs
+  bool serve = true;          // false when some kernel has other than three values: no terms
+};
+
+// The kernels with indices `primeiro` to `ultimo` inclusive, whose weights are shared.
+GRUPO esquematiza(const std::vector<MASCARA>& kernels, int primeiro, int ultimo);
+
+}  // namespace motor
