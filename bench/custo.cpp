@@ -9,6 +9,7 @@
 #include "detect/correlacao.h"
 #include "detect/maximos.h"
 #include "detect/piramide.h"
+#include "kernels/grupos.h"
 #include "kernels/lekernels.h"
 
 namespace {
@@ -36,13 +37,10 @@ CUSTO mede(const std::string& trabalho, const PIRAMIDE& piramide, const std::str
   const NIVEIS niveis = preparaNiveis(piramide);
   MELHORCORREL melhor;
   MELHORKERNEL qual;
-  int primeiro = 0;
-  for (int i = 0; i < static_cast<int>(kernels.size()); ++i) {
-    if (kernels[static_cast<std::size_t>(i)].inic != 2) continue;
-    correlaGrupo(niveis, kernels, primeiro, i, melhor, qual);
+  for (const auto& [primeiro, ultimo] : kernels::grupos(kernels)) {
+    correlaGrupo(niveis, kernels, primeiro, ultimo, melhor, qual);
     std::vector<MAXLOCAL> maximos;
     findMaxLocal(melhor, qual, kernels, maximos, 0.5);
-    primeiro = i + 1;
   }
   const std::chrono::duration<double> tempo = std::chrono::steady_clock::now() - inicio;
   const double porKernel =

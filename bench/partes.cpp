@@ -7,8 +7,10 @@
 #include <map>
 #include <random>
 
-#include "detect/correla.h"
+#include "detect/correlacao.h"
 #include "detect/ordenacao.h"
+#include "detect/piramide.h"
+#include "kernels/grupos.h"
 #include "kernels/lekernels.h"
 #include "motor/caminho.h"
 #include "pim/imagem.h"
@@ -40,12 +42,9 @@ std::vector<MASCARA> leBanco(const BANCO& banco) {
 // Calls `acao(first, last)` for every n-th group of kernels.
 template <class ACAO>
 void paraGrupos(const std::vector<MASCARA>& kernels, int passo, ACAO acao) {
-  int primeiro = 0;
-  int grupo = 0;
-  for (int i = 0; i < static_cast<int>(kernels.size()); ++i) {
-    if (kernels[static_cast<std::size_t>(i)].inic != 2) continue;
-    if (grupo++ % passo == 0) acao(primeiro, i);
-    primeiro = i + 1;
+  const std::vector<kernels::GRUPO> grupos = kernels::grupos(kernels);
+  for (std::size_t i = 0; i < grupos.size(); i += static_cast<std::size_t>(passo)) {
+    acao(grupos[i].primeiro, grupos[i].ultimo);
   }
 }
 
@@ -170,8 +169,10 @@ std::vector<LINHA> linhasDasPartes(std::map<std::string, double>& segundos,
 }  // namespace
 
 std::vector<LINHA> medePartes(const std::string& cena) {
+  cv::Mat_<unsigned char> cinza;
+  pim::le(cinza, cena);
   PIRAMIDE piramide;
-  lePiramide(cena, piramide, 4);
+  constroiPiramide(piramide, detect::emReais(cinza), 4);
   const std::vector<motor::AVALIADOR> conjuntos = motor::avaliadores();
   registraPartes(piramide, conjuntos);
   COLETOR coletor;

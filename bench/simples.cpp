@@ -3,9 +3,10 @@
 #include <string>
 #include <vector>
 
-#include "detect/correla.h"
 #include "detect/maximos.h"
 #include "detect/ordenacao.h"
+#include "detect/piramide.h"
+#include "kernels/grupos.h"
 #include "kernels/lekernels.h"
 #include "pim/imagem.h"
 #include "pim/texto.h"
@@ -19,19 +20,19 @@ namespace {
 void correla(char** argv) {
   double minCorr = 0;
   pim::convArg(minCorr, argv[4]);
+  cv::Mat_<unsigned char> imagem;
+  pim::le(imagem, argv[1]);
   PIRAMIDE piramide;
-  lePiramide(argv[1], piramide, 4);
+  constroiPiramide(piramide, detect::emReais(imagem), 4);
+  imagem.release();
   std::vector<MASCARA> kernels;
   leKernels(argv[2], kernels);
   std::vector<MAXLOCAL> todos;
   MELHORCORREL melhorCorrel;
   MELHORKERNEL melhorKernel;
-  int primeiro = 0;
-  for (int i = 0; i < static_cast<int>(kernels.size()); ++i) {
-    if (kernels[static_cast<std::size_t>(i)].inic != 2) continue;
-    referencia::correlaGrupo(piramide, kernels, primeiro, i, melhorCorrel, melhorKernel);
+  for (const auto& [primeiro, ultimo] : kernels::grupos(kernels)) {
+    referencia::correlaGrupo(piramide, kernels, primeiro, ultimo, melhorCorrel, melhorKernel);
     findMaxLocal(melhorCorrel, melhorKernel, kernels, todos, minCorr);
-    primeiro = i + 1;
   }
   referencia::ordena(todos, 0, static_cast<int>(todos.size()) - 1);
   std::vector<MAXLOCAL> mantidos;

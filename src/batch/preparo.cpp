@@ -1,6 +1,5 @@
 #include "batch/preparo.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -14,6 +13,7 @@
 #include "batch/processo.h"
 #include "batch/soma.h"
 #include "filter/filtra.h"
+#include "kernels/grupos.h"
 #include "kernels/lekernels.h"
 #include "pim/arquivo.h"
 #include "pim/erro.h"
@@ -51,7 +51,7 @@ int confereKernels(const RECEITA& r) {
   fs::current_path(kernel.parent_path());  // messages give the name alone
   std::vector<MASCARA> kernels;
   leKernels(kernel.filename().string(), kernels);
-  if (std::none_of(kernels.begin(), kernels.end(), [](const MASCARA& m) { return m.inic == 2; })) {
+  if (kernels::grupos(kernels).empty()) {
     pim::erro(diz(falas::erro, r.opcoes.idioma), diz(falas::semGrupo, r.opcoes.idioma));
   }
   std::uint64_t bytes = 0;

@@ -1,21 +1,18 @@
 #include "detect/correla.h"
 
 #include <cstdio>
+#include <utility>
 #include <vector>
 
-#include "detect/correlacao.h"
-#include "detect/maximos.h"
 #include "detect/maxlocal.h"
 #include "detect/ordenacao.h"
+#include "detect/procura.h"
 #include "kernels/lekernels.h"
-#include "pim/converte.h"
 #include "pim/erro.h"
 #include "pim/imagem.h"
 #include "pim/texto.h"
 
 namespace {
-
-constexpr int maximoDeNiveis = 4;
 
 void exigeArgumentos(int argc) {
   if (argc == 4 || argc == 5) return;
@@ -27,49 +24,36 @@ void exigeArgumentos(int argc) {
   pim::erro("Erro: Numero de argumentos invalido");
 }
 
-// Searches group by group; a group ends at each kernel that closes a run of scales (inic 2), so
-// kernels after the last such one are never applied.
-std::vector<MAXLOCAL> procuraPorGrupos(const PIRAMIDE& piramide,
-                                       const std::vector<MASCARA>& kernels, double minCorr) {
-  const NIVEIS preparados = preparaNiveis(piramide);
-  std::vector<MAXLOCAL> todos;
-  MELHORCORREL melhorCorrel;
-  MELHORKERNEL melhorKernel;
-  int primeiro = 0;
-  for (int i = 0; i < static_cast<int>(kernels.size()); ++i) {
-    if (kernels[static_cast<std::size_t>(i)].inic != 2) continue;
-    std::printf("Aplicando filtro #%u-#%u\r", static_cast<unsigned>(primeiro),
-                static_cast<unsigned>(i));
-    std::fflush(stdout);
-    correlaGrupo(preparados, kernels, primeiro, i, melhorCorrel, melhorKernel);
-    std::vector<MAXLOCAL> doGrupo;
-    findMaxLocal(melhorCorrel, melhorKernel, kernels, doGrupo, minCorr);
-    acrescenta(todos, doGrupo);
-    primeiro = i + 1;
+// Says what the search is about to do.
+bool relata(const detect::ANDAMENTO& a) {
+  switch (a.etapa) {
+    case detect::ETAPA::grupo:
+      std::printf("Aplicando filtro #%u-#%u\r", static_cast<unsigned>(a.primeiro),
+                  static_cast<unsigned>(a.ultimo));
+      std::fflush(stdout);
+      break;
+    case detect::ETAPA::trecho:
+      break;
+    case detect::ETAPA::ordenacao:
+      std::printf("\nOrdenando os %u maximos locais em ordem decrescente de correlacao...\n",
+                  static_cast<unsigned>(a.nMaximos));
+      break;
+    case detect::ETAPA::eliminacao:
+      std::puts("Eliminando os maximos locais muito proximos...");
   }
-  std::puts("");
-  return todos;
+  return true;
 }
 
 }  // namespace
 
-void lePiramide(const std::string& nome, PIRAMIDE& piramide, int maximo) {
-  cv::Mat_<unsigned char> cinza;
-  pim::le(cinza, nome);
-  cv::Mat_<float> imagem;
-  pim::converte(cinza, imagem, 0.00392156862745098, 0.0);
-  constroiPiramide(piramide, imagem, maximo);
-}
-
 void Correla(int argc, char** argv) {
   exigeArgumentos(argc);
   double minCorr = 0.001;
-  const int maxDist = 2;
   if (argc == 5) pim::convArg(minCorr, argv[4]);
 
   std::printf("Lendo %s e construindo piramide...\n", argv[1]);
-  PIRAMIDE piramide;
-  lePiramide(argv[1], piramide, maximoDeNiveis);
+  cv::Mat_<unsigned char> imagem;
+  pim::le(imagem, argv[1]);
 
   std::printf("Lendo %s e construindo kernels...\n", argv[2]);
   std::vector<MASCARA> kernels;
@@ -77,16 +61,10 @@ void Correla(int argc, char** argv) {
   std::printf("Numero de kernels=%u\n", static_cast<unsigned>(kernels.size()));
 
   std::puts("Calculando correlacoes em piramide e achando maximos locais...");
-  std::vector<MAXLOCAL> todos = procuraPorGrupos(piramide, kernels, minCorr);
+  std::vector<MAXLOCAL> v = detect::procura(std::move(imagem), kernels, minCorr, relata);
+  // Finding nothing at all is an error of this sub-program: that of ordering an empty list.
+  if (v.empty()) ordena(v, 0, -1);
 
-  std::printf("Ordenando os %u maximos locais em ordem decrescente de correlacao...\n",
-              static_cast<unsigned>(todos.size()));
-  ordena(todos, 0, static_cast<int>(todos.size()) - 1);
-
-  std::puts("Eliminando os maximos locais muito proximos...");
-  std::vector<MAXLOCAL> mantidos;
-  eliminaProximo(todos, mantidos, maxDist);
-
-  std::printf("Imprimindo os %u maximos locais\n", static_cast<unsigned>(mantidos.size()));
-  impMaxLocais(mantidos, argv[3]);
+  std::printf("Imprimindo os %u maximos locais\n", static_cast<unsigned>(v.size()));
+  impMaxLocais(v, argv[3]);
 }

@@ -17,7 +17,7 @@ NIVEIS preparaNiveis(const PIRAMIDE& piramide) {
 
 void correlaGrupo(const NIVEIS& niveis, const std::vector<MASCARA>& kernels, int primeiro,
                   int ultimo, MELHORCORREL& melhorCorrel, MELHORKERNEL& melhorKernel,
-                  const motor::PAUSA& pausa) {
+                  const pim::PAUSA& pausa) {
   melhorCorrel.resize(niveis.size());
   melhorKernel.resize(niveis.size());
   const auto grupo = motor::preparaGrupo(kernels, primeiro, ultimo);

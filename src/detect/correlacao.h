@@ -32,4 +32,4 @@ void correlaGrupo(const PIRAMIDE& piramide, const std::vector<MASCARA>& kernels,
                   int ultimo, MELHORCORREL& melhorCorrel, MELHORKERNEL& melhorKernel);
 void correlaGrupo(const NIVEIS& niveis, const std::vector<MASCARA>& kernels, int primeiro,
                   int ultimo, MELHORCORREL& melhorCorrel, MELHORKERNEL& melhorKernel,
-                  const motor::PAUSA& pausa = {});
+                  const pim::PAUSA& pausa = {});

@@ -1,13 +1,14 @@
 #include "detect/oldcorrela.h"
 
 #include <cstdio>
+#include <string>
 #include <vector>
 
-#include "detect/correla.h"
 #include "detect/correlacao.h"
 #include "detect/maximos.h"
 #include "detect/maxlocal.h"
 #include "detect/ordenacao.h"
+#include "detect/piramide.h"
 #include "kernels/lekernels.h"
 #include "pim/erro.h"
 #include "pim/imagem.h"
@@ -24,6 +25,12 @@ void exigeArgumentosDaVelha(int argc) {
   pim::erro("Erro: Numero de argumentos invalido");
 }
 
+cv::Mat_<float> leEmReais(const std::string& nome) {
+  cv::Mat_<unsigned char> cinza;
+  pim::le(cinza, nome);
+  return detect::emReais(cinza);
+}
+
 }  // namespace
 
 void OldCorrela(int argc, char** argv) {
@@ -33,7 +40,7 @@ void OldCorrela(int argc, char** argv) {
 
   std::puts("Lendo imagem.pgm e construindo piramide...");
   PIRAMIDE piramide;
-  lePiramide(argv[1], piramide, semLimite);
+  constroiPiramide(piramide, leEmReais(argv[1]), semLimite);
 
   std::puts("Lendo kernel.cfg e construindo kernels...");
   std::vector<MASCARA> kernels;

@@ -13,6 +13,9 @@ namespace {
 
 using POSICAO = std::ptrdiff_t;
 
+constexpr std::size_t itensPorPausa = 1
+                                      << 16;  // some milliseconds of ordering or of looking near by
+
 // What the sort moves about in place of a whole record.
 struct CHAVE {
   float correl;
@@ -35,14 +38,15 @@ std::pair<POSICAO, POSICAO> separa(CHAVE* v, POSICAO l, POSICAO r) {
 
 // The two parts never meet again, so the smaller may go first: the result is the same and the
 // depth stays below the logarithm of the length.
-void ordenaFaixa(CHAVE* v, POSICAO l, POSICAO r) {
+void ordenaFaixa(CHAVE* v, POSICAO l, POSICAO r, const pim::PAUSA& pausa) {
   while (l < r) {
+    if (r - l > static_cast<POSICAO>(itensPorPausa) && pausa) pausa();
     const auto [j, i] = separa(v, l, r);
     if (j - l < r - i) {
-      ordenaFaixa(v, l, j);
+      ordenaFaixa(v, l, j, pausa);
       l = i;
     } else {
-      ordenaFaixa(v, i, r);
+      ordenaFaixa(v, i, r, pausa);
       r = j;
     }
   }
@@ -81,41 +85,55 @@ std::vector<MAXLOCAL> porColuna(const std::vector<MAXLOCAL>& mantidos) {
   return ordenados;
 }
 
+// Those that have none before them, of those kept, of the same letter within maxDist.
+std::vector<MAXLOCAL> semProximos(const std::vector<MAXLOCAL>& entrada, int maxDist,
+                                  const pim::PAUSA& pausa) {
+  if (maxDist < 0) return entrada;
+  std::vector<MAXLOCAL> mantidos;
+  VIZINHANCA vizinhanca(entrada, maxDist);
+  for (std::size_t i = 0; i < entrada.size(); ++i) {
+    if (pausa && i % itensPorPausa == 0) pausa();
+    const MAXLOCAL& m = entrada[i];
+    const VIZINHANCA::PONTO* perto = vizinhanca.procura(m);
+    if (perto == nullptr) {
+      vizinhanca.acrescenta(m);
+      mantidos.push_back(m);
+    } else {
+      pim::afirma(std::abs(std::int64_t{m.ci} - perto->ci) <= maxDist,
+                  "abs(v[i].ci-p->second.ci)<=maxDist",
+                  {"vorplex", 580,
+                   "void eliminaProximo(std::vector<MAXLOCAL>&, std::vector<MAXLOCAL>&, int)"});
+    }
+  }
+  return mantidos;
+}
+
 }  // namespace
 
 void ordena(std::vector<MAXLOCAL>& v, int l, int r) {
+  ordena(v, l, r, {});
+}
+
+void ordena(std::vector<MAXLOCAL>& v, int l, int r, const pim::PAUSA& pausa) {
   pim::afirma(l <= r, "l<=r", {"vorplex", 558, "void ordena(std::vector<MAXLOCAL>&, int, int)"});
   std::vector<CHAVE> chaves;
   chaves.reserve(static_cast<std::size_t>(r - l) + 1);
   for (int i = l; i <= r; ++i) {
     chaves.push_back({v[static_cast<std::size_t>(i)].correl, static_cast<std::uint32_t>(i - l)});
   }
-  ordenaFaixa(chaves.data(), 0, r - l);
+  ordenaFaixa(chaves.data(), 0, r - l, pausa);
   permuta(v, l, chaves);
 }
 
 void eliminaProximo(const std::vector<MAXLOCAL>& entrada, std::vector<MAXLOCAL>& saida,
                     int maxDist) {
-  std::vector<MAXLOCAL> mantidos;
-  if (maxDist < 0) {
-    mantidos = entrada;
-  } else {
-    VIZINHANCA vizinhanca(entrada, maxDist);
-    for (const MAXLOCAL& m : entrada) {
-      const VIZINHANCA::PONTO* perto = vizinhanca.procura(m);
-      if (perto == nullptr) {
-        vizinhanca.acrescenta(m);
-        mantidos.push_back(m);
-      } else {
-        pim::afirma(std::abs(std::int64_t{m.ci} - perto->ci) <= maxDist,
-                    "abs(v[i].ci-p->second.ci)<=maxDist",
-                    {"vorplex", 580,
-                     "void eliminaProximo(std::vector<MAXLOCAL>&, std::vector<MAXLOCAL>&, int)"});
-      }
-    }
-  }
-  saida = porColuna(mantidos);
-  ordena(saida, 0, static_cast<int>(saida.size()) - 1);
+  eliminaProximo(entrada, saida, maxDist, {});
+}
+
+void eliminaProximo(const std::vector<MAXLOCAL>& entrada, std::vector<MAXLOCAL>& saida, int maxDist,
+                    const pim::PAUSA& pausa) {
+  saida = porColuna(semProximos(entrada, maxDist, pausa));
+  ordena(saida, 0, static_cast<int>(saida.size()) - 1, pausa);
 }
 
 void acrescenta(std::vector<MAXLOCAL>& v, const std::vector<MAXLOCAL>& novos, std::size_t maximo) {

@@ -1,5 +1,6 @@
 #include "detect/piramide.h"
 
+#include "motor/motor.h"
 #include "pim/converte.h"
 
 void constroiPiramide(PIRAMIDE& piramide, cv::Mat_<float> imagem, int maximo) {
@@ -12,3 +13,13 @@ void constroiPiramide(PIRAMIDE& piramide, cv::Mat_<float> imagem, int maximo) {
     piramide.push_back(menor);
   }
 }
+
+namespace detect {
+
+cv::Mat_<float> emReais(const cv::Mat_<unsigned char>& cinza) {
+  cv::Mat_<float> imagem;
+  pim::converte(cinza, imagem, motor::valorDoByte, 0.0);
+  return imagem;
+}
+
+}  // namespace detect

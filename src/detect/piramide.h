@@ -10,3 +10,10 @@ using PIRAMIDE = std::vector<cv::Mat_<float>>;
 // and its reductions: at most `maximo` levels, or no limit when that is below 1, and none below a
 // level of one row or one column.
 void constroiPiramide(PIRAMIDE& piramide, cv::Mat_<float> imagem, int maximo);
+
+namespace detect {
+
+// Grey bytes as an image of 0..1, which is what searches take.
+cv::Mat_<float> emReais(const cv::Mat_<unsigned char>& cinza);
+
+}  // namespace detect

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "kernels/grupos.h"
 #include "kernels/lekernels.h"
 #include "pim/erro.h"
 #include "pim/gruda.h"
@@ -25,35 +26,18 @@ void listaTodos(const std::vector<MASCARA>& kernels) {
 constexpr std::int64_t maiorLadoDoMosaico = 1 << 20;
 constexpr std::int64_t maximoDoMosaico = 1 << 30;
 
-// A column of the mosaic: kernels `de` to `ate`, the last excluded.
-struct COLUNA {
-  std::size_t de;
-  std::size_t ate;
-};
-
-// Kernels stack up in a column that is closed by the last scale of a run. Kernels after the last
-// such one are left out, as a run of a single scale never closes its column.
-std::vector<COLUNA> colunas(const std::vector<MASCARA>& kernels) {
-  std::vector<COLUNA> lista;
-  std::size_t primeiro = 0;
-  for (std::size_t i = 0; i < kernels.size(); ++i) {
-    if (kernels[i].inic != 2) continue;
-    lista.push_back({primeiro, i + 1});
-    primeiro = i + 1;
-  }
-  return lista;
-}
-
-void exigeQueCaiba(const std::vector<MASCARA>& kernels, const std::vector<COLUNA>& lista,
+// Each group of kernels is a column of the mosaic.
+void exigeQueCaiba(const std::vector<MASCARA>& conjunto, const std::vector<kernels::GRUPO>& colunas,
                    const std::string& nome) {
   std::int64_t rows = 0;
   std::int64_t cols = -1;
-  for (const COLUNA& coluna : lista) {
+  for (const kernels::GRUPO& coluna : colunas) {
     std::int64_t altura = -1;
     std::int64_t largura = 0;
-    for (std::size_t i = coluna.de; i < coluna.ate; ++i) {
-      altura += kernels[i].kernel.rows + 1;
-      largura = std::max<std::int64_t>(largura, kernels[i].kernel.cols);
+    for (int i = coluna.primeiro; i <= coluna.ultimo; ++i) {
+      const cv::Mat_<float>& K = conjunto[static_cast<std::size_t>(i)].kernel;
+      altura += K.rows + 1;
+      largura = std::max<std::int64_t>(largura, K.cols);
     }
     rows = std::max(rows, altura);
     cols += largura + 1;
@@ -65,28 +49,29 @@ void exigeQueCaiba(const std::vector<MASCARA>& kernels, const std::vector<COLUNA
   }
 }
 
-// Joins items `de` to `ate` by halves: adding them one by one would copy the first ones over and
-// over. The result is the same, since every side met on the way is odd and is centred exactly.
+// Joins items `de` to `ate`, the last excluded, by halves: adding them one by one would copy the
+// first ones over and over. The result is the same, since every side met on the way is odd and is
+// centred exactly.
 template <class ITEM, class JUNTA>
-cv::Mat_<unsigned char> juntaMetades(std::size_t de, std::size_t ate, ITEM item, JUNTA junta) {
-  if (ate - de == 1) return item(de);
-  const std::size_t meio = de + (ate - de) / 2;
+cv::Mat_<unsigned char> juntaMetades(int de, int ate, ITEM item, JUNTA junta) {
+  if (ate - de == 1) return item(static_cast<std::size_t>(de));
+  const int meio = de + (ate - de) / 2;
   return junta(juntaMetades(de, meio, item, junta), juntaMetades(meio, ate, item, junta), 1, 0);
 }
 
-cv::Mat_<unsigned char> mosaico(const std::vector<MASCARA>& kernels, const std::string& nome) {
-  const std::vector<COLUNA> lista = colunas(kernels);
-  if (lista.empty()) return {};
-  exigeQueCaiba(kernels, lista, nome);
+cv::Mat_<unsigned char> mosaico(const std::vector<MASCARA>& conjunto, const std::string& nome) {
+  const std::vector<kernels::GRUPO> colunas = kernels::grupos(conjunto);
+  if (colunas.empty()) return {};
+  exigeQueCaiba(conjunto, colunas, nome);
   const auto cinza = [&](std::size_t i) {
     cv::Mat_<unsigned char> G;
-    kernelParaCinza(kernels[i].kernel, G);
+    kernelParaCinza(conjunto[i].kernel, G);
     return G;
   };
   const auto coluna = [&](std::size_t k) {
-    return juntaMetades(lista[k].de, lista[k].ate, cinza, pim::grudaV);
+    return juntaMetades(colunas[k].primeiro, colunas[k].ultimo + 1, cinza, pim::grudaV);
   };
-  return juntaMetades(0, lista.size(), coluna, pim::grudaH);
+  return juntaMetades(0, static_cast<int>(colunas.size()), coluna, pim::grudaH);
 }
 
 }  // namespace

@@ -53,7 +53,7 @@ CAMINHO escolhe(const TRABALHO& t, const AVALIADOR& avaliador) {
 }  // namespace
 
 CAMINHO correlaCom(const AVALIADOR& avaliador, const NIVEL& nivel, int L, const GRUPO& grupo,
-                   cv::Mat_<float>& melhor, cv::Mat_<int>& qual, const PAUSA& pausa) {
+                   cv::Mat_<float>& melhor, cv::Mat_<int>& qual, const pim::PAUSA& pausa) {
   melhor.create(nivel.imagem.size());
   qual.create(nivel.imagem.size());
   const TRABALHO t{nivel, aplicados(grupo, L), grupo, pausa, melhor, qual};

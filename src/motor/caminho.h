@@ -23,6 +23,6 @@ enum class CAMINHO {
 // The work of motor::correlaNivel in the instructions given, by the fastest way that suits. Returns
 // that way.
 CAMINHO correlaCom(const AVALIADOR& avaliador, const NIVEL& nivel, int L, const GRUPO& grupo,
-                   cv::Mat_<float>& melhor, cv::Mat_<int>& qual, const PAUSA& pausa = {});
+                   cv::Mat_<float>& melhor, cv::Mat_<int>& qual, const pim::PAUSA& pausa = {});
 
 }  // namespace motor

@@ -24,11 +24,13 @@ void guardaMelhor(const cv::Mat_<float>& correl, int k, cv::Mat_<float>& melhor,
 }  // namespace
 
 void filtra(const cv::Mat_<float>& imagem, const cv::Mat_<float>& pesos, cv::Mat_<float>& saida) {
-  cv::filter2D(imagem, saida, CV_32F, pesos, cv::Point(-1, -1), 0.0, cv::BORDER_REPLICATE);
+  // Isolated: pixels outside a part of a larger image are not its own.
+  cv::filter2D(imagem, saida, CV_32F, pesos, cv::Point(-1, -1), 0.0,
+               cv::BORDER_REPLICATE | cv::BORDER_ISOLATED);
 }
 
 void correlaGeral(const cv::Mat_<float>& imagem, const std::vector<const ESQUEMA*>& kernels,
-                  const PAUSA& pausa, cv::Mat_<float>& melhor, cv::Mat_<int>& qual) {
+                  const pim::PAUSA& pausa, cv::Mat_<float>& melhor, cv::Mat_<int>& qual) {
   melhor.setTo(-1.0F);
   qual.setTo(-1);
   cv::Mat_<float> correl;

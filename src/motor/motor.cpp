@@ -14,7 +14,7 @@ std::shared_ptr<const GRUPO> preparaGrupo(const std::vector<MASCARA>& kernels, i
 }
 
 void correlaNivel(const NIVEL& nivel, int L, const GRUPO& grupo, cv::Mat_<float>& melhor,
-                  cv::Mat_<int>& qual, const PAUSA& pausa) {
+                  cv::Mat_<int>& qual, const pim::PAUSA& pausa) {
   correlaCom(avaliadores().front(), nivel, L, grupo, melhor, qual, pausa);
 }
 

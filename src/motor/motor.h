@@ -1,11 +1,11 @@
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <opencv2/core.hpp>
 #include <vector>
 
 #include "kernels/mascara.h"
+#include "pim/pausa.h"
 
 // The engine of the search: the correlation of one image with a group of kernels, as the best value
 // at every pixel and the kernel that reached it. This header is all that the detector knows of it.
@@ -25,10 +25,6 @@ struct GRUPO;
 // what pim::myPyrDown reduces them to once, are added up exactly in whole numbers (niveis.h).
 inline constexpr double valorDoByte = 0.00392156862745098;  // 1/255
 
-// Called between pieces of work of some milliseconds; whatever it throws ends the work and reaches
-// the caller. The general filter calls it between kernels only.
-using PAUSA = std::function<void()>;
-
 // Looks at an image of any finite or other values, not empty, whose pixels the result shares and
 // which must not change while that is used. It serves any number of groups.
 std::shared_ptr<const NIVEL> preparaNivel(const cv::Mat_<float>& imagem);
@@ -45,10 +41,12 @@ std::shared_ptr<const GRUPO> preparaGrupo(const std::vector<MASCARA>& kernels, i
 // wins a tie. Kernels are not flipped, their centre is the anchor, and pixels outside the level
 // repeat its border.
 //
+// `pausa` is called between blocks of pixels, by the general filter between kernels.
+//
 // Correlations differ from exact sums by less than 1e-6 on an image of 0..1 (niveis.h), and equal
 // neighbourhoods get equal values.
 void correlaNivel(const NIVEL& nivel, int L, const GRUPO& grupo, cv::Mat_<float>& melhor,
-                  cv::Mat_<int>& qual, const PAUSA& pausa = {});
+                  cv::Mat_<int>& qual, const pim::PAUSA& pausa = {});
 
 // The correlation of an image with one kernel of any weights, by the general filter.
 void filtra(const cv::Mat_<float>& imagem, const cv::Mat_<float>& pesos, cv::Mat_<float>& saida);

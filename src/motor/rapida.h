@@ -20,7 +20,7 @@ struct TRABALHO {
   const NIVEL& nivel;
   std::vector<const ESQUEMA*> kernels;
   const GRUPO& grupo;
-  const PAUSA& pausa;
+  const pim::PAUSA& pausa;
   cv::Mat_<float>& melhor;
   cv::Mat_<int>& qual;
 };

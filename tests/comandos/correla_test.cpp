@@ -9,6 +9,7 @@
 #include "detect/maximos.h"
 #include "detect/ordenacao.h"
 #include "entradas_do_detector.h"
+#include "kernels/grupos.h"
 #include "kernels/lekernels.h"
 #include "pim/converte.h"
 #include "pim/imagem.h"
@@ -39,15 +40,12 @@ struct ESPERADO_DE_CORRELA {
     saida += "Numero de kernels=" + std::to_string(kernels.size()) + "\n";
     saida += "Calculando correlacoes em piramide e achando maximos locais...\n";
     std::vector<MAXLOCAL> todos;
-    int inicio = 0;
-    for (int i = 0; i < static_cast<int>(kernels.size()); ++i) {
-      if (kernels[static_cast<std::size_t>(i)].inic != 2) continue;
-      saida += cv::format("Aplicando filtro #%d-#%d\r", inicio, i);
+    for (const auto& [primeiro, ultimo] : kernels::grupos(kernels)) {
+      saida += cv::format("Aplicando filtro #%d-#%d\r", primeiro, ultimo);
       MELHORCORREL correl;
       MELHORKERNEL qual;
-      correlaGrupo(piramide, kernels, inicio, i, correl, qual);
+      correlaGrupo(piramide, kernels, primeiro, ultimo, correl, qual);
       findMaxLocal(correl, qual, kernels, todos, minCorr);
-      inicio = i + 1;
     }
     saida += "\nOrdenando os " + std::to_string(todos.size());
     saida += " maximos locais em ordem decrescente de correlacao...\n";

@@ -14,10 +14,11 @@
 #include "apoio/figuras.h"
 #include "apoio/pasta.h"
 #include "confere.h"
-#include "detect/correla.h"
+#include "detect/piramide.h"
 #include "kernels/lekernels.h"
 #include "mat_de_classes.h"
 #include "motor/caminho.h"
+#include "pim/imagem.h"
 #include "tiff_float.h"
 
 namespace {
@@ -201,8 +202,10 @@ TEST(Determinismo, OsBytesNaoDependemDasInstrucoesQueABibliotecaDeImagensUsa) {
 TEST(Determinismo, AsCorrelacoesSaoAsMesmasEmCadaConjuntoDeInstrucoesDesteProcessador) {
   const PASTA pasta;
   gravaCena();
+  cv::Mat_<unsigned char> cinza;
+  pim::le(cinza, "a.pgm");
   PIRAMIDE piramide;
-  lePiramide("a.pgm", piramide, 4);
+  constroiPiramide(piramide, detect::emReais(cinza), 4);
   std::vector<MASCARA> kernels;
   leKernels("k.cfg", kernels);
   const auto grupo = motor::preparaGrupo(kernels, 0, static_cast<int>(kernels.size()) - 1);

@@ -7,6 +7,7 @@
 #include "apoio/executa.h"
 #include "apoio/pasta.h"
 #include "kernels/comando.h"
+#include "kernels/grupos.h"
 #include "kernels/lekernels.h"
 #include "pim/gruda.h"
 #include "pim/imagem.h"
@@ -114,14 +115,15 @@ TEST(ComandoKernel, MosaicoEhOMesmoQueGrudarUmAUm) {
                 .estado,
             0);
   CINZA tudo;
-  CINZA daVez;
-  for (const MASCARA& m : conjunto()) {
-    CINZA cinza;
-    kernelParaCinza(m.kernel, cinza);
-    daVez = pim::grudaV(daVez, cinza, 1, 0);
-    if (m.inic != 2) continue;
+  const std::vector<MASCARA> todos = conjunto();
+  for (const auto& [primeiro, ultimo] : kernels::grupos(todos)) {
+    CINZA daVez;
+    for (int i = primeiro; i <= ultimo; ++i) {
+      CINZA cinza;
+      kernelParaCinza(todos[static_cast<std::size_t>(i)].kernel, cinza);
+      daVez = pim::grudaV(daVez, cinza, 1, 0);
+    }
     tudo = pim::grudaH(tudo, daVez, 1, 0);
-    daVez.release();
   }
   EXPECT_TRUE(iguais(imagem("k.pgm"), tudo));
 }

@@ -10,6 +10,7 @@
 #include "detect/maximos.h"
 #include "detect/ordenacao.h"
 #include "examples/cenario.h"
+#include "kernels/grupos.h"
 #include "kernels/lekernels.h"
 #include "pim/converte.h"
 #include "referencia/correlacao.h"
@@ -47,12 +48,9 @@ std::vector<MAXLOCAL> maximos(const PIRAMIDE& piramide, const std::vector<MASCAR
   std::vector<MAXLOCAL> v;
   MELHORCORREL melhor;
   MELHORKERNEL qual;
-  int primeiro = 0;
-  for (int i = 0; i < static_cast<int>(kernels.size()); ++i) {
-    if (kernels[static_cast<std::size_t>(i)].inic != 2) continue;
-    correla(piramide, kernels, primeiro, i, melhor, qual);
+  for (const auto& [primeiro, ultimo] : kernels::grupos(kernels)) {
+    correla(piramide, kernels, primeiro, ultimo, melhor, qual);
     findMaxLocal(melhor, qual, kernels, v, minCorr);
-    primeiro = i + 1;
   }
   referencia::ordena(v, 0, static_cast<int>(v.size()) - 1);
   return v;
