@@ -12,6 +12,7 @@
 
 namespace fs = std::filesystem;
 
+namespace batch {
 namespace {
 
 bool ehFoto(const fs::path& nome) {
@@ -159,3 +160,5 @@ std::vector<ALVO> achaAlvos(const std::vector<std::string>& entradas, bool recur
   for (std::size_t i = 0; i < nomes.size(); ++i) alvos.push_back({busca.fotos[i], nomes[i]});
   return alvos;
 }
+
+}  // namespace batch

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+namespace batch {
+
 // A photograph to be done.
 struct ALVO {
   std::filesystem::path arquivo;  // absolute
@@ -25,3 +27,5 @@ std::vector<ALVO> achaAlvos(const std::vector<std::string>& entradas, bool recur
 // that does not help either. Control characters and a point at the beginning become "_", so that
 // every name is one visible word of a path; at most 200 bytes are kept.
 std::vector<std::string> nomesDeResultados(const std::vector<std::filesystem::path>& arquivos);
+
+}  // namespace batch

@@ -7,6 +7,8 @@
 
 #include "batch/frases.h"
 
+namespace batch {
+
 double agora() {
   const auto desdeOInicio = std::chrono::steady_clock::now().time_since_epoch();
   return std::chrono::duration<double>(desdeOInicio).count();
@@ -53,3 +55,5 @@ void mostra(const AVANCO& a) {
 void apaga(const AVANCO& a) {
   if (!a.quieto && a.terminal) std::fputs("\r\x1b[K", stdout);
 }
+
+}  // namespace batch

@@ -5,6 +5,8 @@
 
 #include "export/idioma.h"
 
+namespace batch {
+
 // How far the run is, on standard output: on a terminal a bar that is drawn over and over,
 // elsewhere a line for each photograph.
 struct AVANCO {
@@ -38,3 +40,5 @@ std::string barra(const AVANCO& a, double decorridos);
 
 // "45 s", "12 min", "3 h 05 min".
 std::string duracao(double segundos);
+
+}  // namespace batch

@@ -11,6 +11,7 @@
 
 #include "pim/arquivo.h"
 
+namespace batch {
 namespace {
 
 // What is read of the file: where JPEG and TIFF keep the size varies.
@@ -115,3 +116,5 @@ cv::Size tamanhoNoCabecalho(const std::string& nome) {
   }
   return {};
 }
+
+}  // namespace batch

@@ -11,6 +11,7 @@
 
 namespace fs = std::filesystem;
 
+namespace batch {
 namespace {
 
 constexpr std::string_view marca = "vorplex-lote";
@@ -85,3 +86,5 @@ bool intacto(const ESTADO& e, const fs::path& pasta, const std::string& arquivo)
   if (posto == e.arquivos.end()) return false;
   return somaDoArquivo((pasta / arquivo).string()) == posto->second;
 }
+
+}  // namespace batch

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+namespace batch {
+
 // The hidden file that vorplex-lote leaves in each folder of results: from what the results were
 // made, and how they looked. All by content, never by date: copies, restored backups and clocks
 // make dates lie in both directions, and reading a photograph takes a thousandth of searching it.
@@ -55,3 +57,5 @@ bool ehPastaDeResultados(const std::filesystem::path& pasta);
 
 // Whether a file of the folder is still as it was written.
 bool intacto(const ESTADO& e, const std::filesystem::path& pasta, const std::string& arquivo);
+
+}  // namespace batch

@@ -24,6 +24,7 @@
 
 namespace fs = std::filesystem;
 
+namespace batch {
 namespace {
 
 constexpr const char* invertida = "invertida.pgm";
@@ -197,3 +198,5 @@ int fazFotografia(const RECEITA& r, const ALVO& alvo) {
   registra(novo, alvo.nome);
   return fins::feita;
 }
+
+}  // namespace batch

@@ -8,6 +8,8 @@
 #include "batch/obra.h"
 #include "batch/opcoes.h"
 
+namespace batch {
+
 // What is the same for all photographs of a run.
 struct RECEITA {
   const OPCOES_LOTE& opcoes;
@@ -38,3 +40,5 @@ int fazFotografia(const RECEITA& r, const ALVO& alvo);
 
 // Whether the folder holds all results of this origin, undamaged.
 bool completos(const ESTADO& e, const std::filesystem::path& pasta, const std::string& nome);
+
+}  // namespace batch

@@ -2,6 +2,8 @@
 
 #include "export/idioma.h"
 
+namespace batch {
+
 // What vorplex-lote says, all of it here, in both languages. Portuguese goes without accents, as in
 // the messages of the sub-programs. %s and %d are filled in by cv::format.
 
@@ -125,3 +127,5 @@ inline constexpr FRASE saidaPadrao = {"Gravacao da saida padrao", "Writing to st
 inline constexpr FRASE tituloDaPagina = {"Granulometria de %s", "Granulometry of %s"};
 
 }  // namespace falas
+
+}  // namespace batch

@@ -26,6 +26,7 @@
 
 namespace fs = std::filesystem;
 
+namespace batch {
 namespace {
 
 enum ESTADO_FINAL { tudoBem = 0, algoFalhou = 1, usoErrado = 2, interrompida = 130 };
@@ -281,3 +282,5 @@ int lote(const std::vector<std::string>& args, const std::string& versao) {
   if (!disse && estado == tudoBem) return recusa(l.opcoes, l.frase(falas::saidaPadrao), algoFalhou);
   return estado;
 }
+
+}  // namespace batch

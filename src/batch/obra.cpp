@@ -16,6 +16,7 @@
 
 namespace fs = std::filesystem;
 
+namespace batch {
 namespace {
 
 constexpr const char* prefixoNova = "nova-";
@@ -146,3 +147,5 @@ void abandona(const OBRA& o, const std::string& nome) {
   std::error_code falha;
   fs::remove_all(emObra(o, nome), falha);
 }
+
+}  // namespace batch

@@ -5,6 +5,8 @@
 
 #include "export/idioma.h"
 
+namespace batch {
+
 // The building site of a run: a hidden folder inside the output folder. A photograph's folder is
 // made there and takes its name in one step when it is complete.
 
@@ -35,3 +37,5 @@ bool publica(const OBRA& o, const std::string& nome);
 
 // Removes what was made for `nome`.
 void abandona(const OBRA& o, const std::string& nome);
+
+}  // namespace batch

@@ -12,6 +12,7 @@
 #include "export/valor.h"
 #include "pim/texto.h"
 
+namespace batch {
 namespace {
 
 enum LONGA { semBorda = 256, refaz, idioma, quieto, ajuda, versao };
@@ -168,3 +169,5 @@ std::string leOpcoes(const std::vector<std::string>& args, OPCOES_LOTE& o) {
   o.entradas.assign(resto + 1, argv.end() - 1);
   return o.entradas.empty() ? diz(falas::faltaFoto, o.idioma) : "";
 }
+
+}  // namespace batch

@@ -7,6 +7,8 @@
 #include "measure/distribuicao.h"
 #include "measure/escala.h"
 
+namespace batch {
+
 // What the command line of vorplex-lote asks for.
 struct OPCOES_LOTE {
   std::string kernel;                 // kernel.cfg
@@ -33,3 +35,5 @@ struct OPCOES_LOTE {
 // photographs. Returns what is wrong, in the language asked for, or an empty text. What only the
 // sub-programs can judge (the parameters of filtra, kernel.cfg) is not looked at.
 std::string leOpcoes(const std::vector<std::string>& args, OPCOES_LOTE& o);
+
+}  // namespace batch

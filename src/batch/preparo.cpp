@@ -20,6 +20,7 @@
 
 namespace fs = std::filesystem;
 
+namespace batch {
 namespace {
 
 // The whole file, if it is one of at most 64 MiB; else `porque`.
@@ -100,3 +101,5 @@ bool prepara(RECEITA& r, PREPARO& p) {
   };
   return executaTarefas(t);
 }
+
+}  // namespace batch

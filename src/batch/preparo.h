@@ -5,6 +5,8 @@
 
 #include "batch/fotografia.h"
 
+namespace batch {
+
 // What is looked at before the first photograph, so that a mistake that would fail them all is told
 // once.
 struct PREPARO {
@@ -19,3 +21,5 @@ std::string vorplexAoLado();
 // reach half of the photographs) and checks it and the parameters of filtra in a process of their
 // own. Fills in the fields of `r` that concern the kernels. False when interrupted.
 bool prepara(RECEITA& r, PREPARO& p);
+
+}  // namespace batch

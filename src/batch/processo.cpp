@@ -23,6 +23,7 @@
 #include "export/valor.h"
 #include "pim/erro.h"
 
+namespace batch {
 namespace {
 
 constexpr std::array<int, 3> fatais = {SIGINT, SIGTERM, SIGHUP};
@@ -255,3 +256,5 @@ std::string motivo(const TERMINO& t, const std::string& quem, IDIOMA idioma) {
   }
   return cv::format(diz(falas::porEstado, idioma), quem.c_str(), t.estado);
 }
+
+}  // namespace batch

@@ -7,6 +7,8 @@
 
 #include "export/idioma.h"
 
+namespace batch {
+
 // Processes. Each belongs to the one that started it: whatever way that one ends, even by SIGKILL,
 // the system ends those below it.
 
@@ -50,3 +52,5 @@ std::string motivo(const TERMINO& t, const std::string& quem, IDIOMA idioma);
 
 // For showing on one line: control characters become "?", invalid UTF-8 U+FFFD.
 std::string emUmaLinha(const std::string& texto);
+
+}  // namespace batch

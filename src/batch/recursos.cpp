@@ -8,6 +8,7 @@
 #include <limits>
 #include <string>
 
+namespace batch {
 namespace {
 
 // The number in the file; `padrao` when there is none, as for a limit "max".
@@ -51,3 +52,5 @@ int quantasAoMesmoTempo(int processadores, std::uint64_t livre, double maiorPixe
   const double cabem = std::floor(static_cast<double>(livre) / uma);
   return static_cast<int>(std::clamp(cabem, 1.0, static_cast<double>(std::max(processadores, 1))));
 }
+
+}  // namespace batch

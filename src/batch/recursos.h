@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+namespace batch {
+
 // How many processors this process may use.
 int processadores();
 
@@ -13,3 +15,5 @@ std::uint64_t memoriaLivre();
 // at least one. A search takes about 40 bytes a pixel and twice its kernels.
 int quantasAoMesmoTempo(int processadores, std::uint64_t livre, double maiorPixels,
                         std::uint64_t bytesDosKernels);
+
+}  // namespace batch

@@ -10,6 +10,7 @@
 
 #include "pim/arquivo.h"
 
+namespace batch {
 namespace {
 
 // One to one in the state and in the word: no single change is lost.
@@ -52,3 +53,5 @@ std::optional<std::string> somaDoArquivo(const std::string& nome) {
   if (std::ferror(arquivo.get()) != 0) return std::nullopt;
   return soma.texto();
 }
+
+}  // namespace batch

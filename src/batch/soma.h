@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+namespace batch {
+
 // Checksums that tell whether a file or a setting has changed: 64 bits, as 16 hexadecimal digits.
 // Any change of a single 8-byte word changes them; they are no defence against forgery.
 
@@ -18,3 +20,5 @@ struct SOMA {
 
 // Of the whole content of a regular file; nothing when it can't be read.
 std::optional<std::string> somaDoArquivo(const std::string& nome);
+
+}  // namespace batch

@@ -21,6 +21,7 @@
 
 namespace fs = std::filesystem;
 
+namespace batch {
 namespace {
 
 FOTOGRAFIA leFotografia(const OBRA& obra, const OPCOES_LOTE& o, const std::string& nome) {
@@ -113,3 +114,5 @@ void impConjunto(const OBRA& obra, const OPCOES_LOTE& o, const CONJUNTO& c) {
   impPagina(pagina, aqui("relatorio.html"));
   for (const char* nome : arquivosDoConjunto) assume(obra, nome);
 }
+
+}  // namespace batch

@@ -7,6 +7,8 @@
 #include "batch/obra.h"
 #include "batch/opcoes.h"
 
+namespace batch {
+
 // What stands over all photographs.
 
 struct CONJUNTO {
@@ -21,3 +23,5 @@ struct CONJUNTO {
 // is shown by the picture with its outlines, or by none. pim::erro when a file can't be written
 // whole.
 void impConjunto(const OBRA& obra, const OPCOES_LOTE& o, const CONJUNTO& c);
+
+}  // namespace batch

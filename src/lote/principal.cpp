@@ -9,7 +9,7 @@
 int main(int argc, char** argv) {
   cv::setNumThreads(1);  // a process with threads can't be forked at will
   try {
-    return lote(std::vector<std::string>(argv + 1, argv + argc), VORPLEX_VERSAO);
+    return batch::lote(std::vector<std::string>(argv + 1, argv + argc), VORPLEX_VERSAO);
   } catch (const std::bad_alloc&) {
     pim::erro("Erro: Memoria insuficiente");
   }

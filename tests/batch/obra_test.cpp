@@ -6,6 +6,8 @@
 #include "apoio/pasta.h"
 #include "batch/estado.h"
 
+using namespace batch;
+
 namespace fs = std::filesystem;
 
 namespace {

@@ -4,6 +4,8 @@
 
 #include <ostream>
 
+using namespace batch;
+
 namespace {
 
 OPCOES_LOTE lidas(const std::vector<std::string>& args) {

@@ -15,6 +15,8 @@
 #include "batch/soma.h"
 #include "pim/imagem.h"
 
+using namespace batch;
+
 namespace {
 
 TEST(TamanhoNoCabecalho, EhODaImagemEmTodosOsFormatos) {
