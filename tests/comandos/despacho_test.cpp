@@ -105,16 +105,6 @@ TEST(Despacho, ErroEmSubprogramaNaoMostraTempo) {
   EXPECT_FALSE(mostraTempo(e));
 }
 
-TEST(Despacho, ExecucaoMaisCurtaQueUmCentesimoMostraZero) {
-  const PASTA pasta;
-  // A busy machine, or the tick of the clock, may lengthen a run or two.
-  bool curta = false;
-  for (int vez = 0; vez < 50 && !curta; ++vez) {
-    curta = executa({"contaform"}).saida == titulo + "Tempo gasto: 0.00 segundos.\n";
-  }
-  EXPECT_TRUE(curta);
-}
-
 // A folder of photographs from others may hold files named like the program's own libraries.
 TEST(Despacho, NadaEhCarregadoDaPastaCorrente) {
   const PASTA pasta;
@@ -129,6 +119,7 @@ TEST(Despacho, NadaEhCarregadoDaPastaCorrente) {
 }
 
 TEST(Despacho, SaidaPadraoCheiaEhErro) {
+  if (!existe("/dev/full")) GTEST_SKIP() << "no /dev/full here";
   const PASTA pasta;
   EXPECT_EQ(pelaShell("", "contaform 2>dito >/dev/full"), 1);
   EXPECT_EQ(leTudo("dito"), "Erro gravacao da saida padrao\n");

@@ -193,6 +193,7 @@ TEST_F(Lote, QuietoNaoDizNada) {
 }
 
 TEST_F(Lote, NoTerminalHaUmaBarraNoLugarDasLinhas) {
+  if (!haTerminal()) GTEST_SKIP() << "no pseudo-terminal can be had here";
   MODO modo;
   modo.terminal = true;
   const CORRIDA c = rodaLote(comando({"-j", "1", "fotos", "nenhuma.pgm"}), modo);

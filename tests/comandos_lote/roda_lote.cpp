@@ -25,12 +25,6 @@ std::string temporario() {
   return modelo;
 }
 
-int abreTerminal() {
-  const int mestre = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
-  if (mestre >= 0) unlockpt(mestre);
-  return mestre;
-}
-
 [[noreturn]] void filho(const std::vector<std::string>& args, const MODO& modo, const LANCADA& l) {
   if (modo.semPoderes) {
     prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE, 0, 0, 0);
@@ -43,7 +37,7 @@ int abreTerminal() {
     std::signal(SIGXFSZ, SIG_IGN);
   }
   std::signal(SIGINT, SIG_DFL);
-  const std::string saida = modo.terminal ? ptsname(l.mestre) : l.saida;
+  const std::string saida = modo.terminal ? l.terminal.nome : l.saida;
   dup2(open("/dev/null", O_RDONLY), 0);
   dup2(open(saida.c_str(), O_WRONLY | O_NOCTTY), 1);
   dup2(open(l.erro.c_str(), O_WRONLY), 2);
@@ -72,7 +66,7 @@ LANCADA lancaLote(const std::vector<std::string>& args, const MODO& modo) {
   LANCADA l;
   l.saida = temporario();
   l.erro = temporario();
-  if (modo.terminal) l.mestre = abreTerminal();
+  if (modo.terminal) l.terminal = abreTerminal();
   l.pid = fork();
   if (l.pid == 0) filho(args, modo, l);
   return l;
@@ -80,7 +74,7 @@ LANCADA lancaLote(const std::vector<std::string>& args, const MODO& modo) {
 
 CORRIDA esperaLote(const LANCADA& l) {
   CORRIDA c;
-  if (l.mestre >= 0) c.saida = leTerminal(l.mestre);
+  if (l.terminal.mestre >= 0) c.saida = leTerminal(l.terminal.mestre);
   int status = 0;
   waitpid(l.pid, &status, 0);
   if (WIFEXITED(status)) c.estado = WEXITSTATUS(status);

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "apoio/terminal.h"
+
 // What a run of vorplex-lote did.
 struct CORRIDA {
   int estado = -1;  // exit status, or -1 when a signal ended it
@@ -28,7 +30,7 @@ struct LANCADA {
   pid_t pid = -1;
   std::string saida;  // files with what it says
   std::string erro;
-  int mestre = -1;  // of the terminal
+  TERMINAL terminal;
 };
 LANCADA lancaLote(const std::vector<std::string>& args, const MODO& modo = {});
 CORRIDA esperaLote(const LANCADA& lancada);

@@ -97,7 +97,7 @@ TEST(ImpMaxLocaisDeathTest, PastaQueNaoExisteEhErroComOCaminho) {
 }
 
 TEST(ImpMaxLocaisDeathTest, DiscoCheioEhErroComOCaminho) {
-  if (!existe("/dev/full")) GTEST_SKIP();
+  if (!existe("/dev/full")) GTEST_SKIP() << "no /dev/full here";
   EXPECT_EXIT(impMaxLocais({}, "/dev/full"), testing::ExitedWithCode(1),
               "^Erro gravacao arquivo /dev/full\n$");
 }

@@ -1,7 +1,6 @@
 #include "pim/desenho.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <ostream>
 #include <random>
@@ -330,12 +329,10 @@ TEST(Trechos, DeFormasFinasOuNegativasTambem) {
 }
 
 TEST(Trechos, FormaDeMilhoesDePixelsNaoEhPercorridaPixelAPixel) {
-  // Rows beside a flat shape cost no more than those inside it.
-  const auto inicio = std::chrono::steady_clock::now();
+  // Rows beside a flat shape cost no more than those inside it; pixel by pixel, the time limit of
+  // the test would pass many times over.
   const auto deitado = pim::trechosRotRetang(200000, 200000, 3, 0);
   const auto linha = pim::trechosElipse(200000, 200000, 0, 180);
-  const std::chrono::duration<double> gasto = std::chrono::steady_clock::now() - inicio;
-  EXPECT_LT(gasto.count(), 20);
   const auto cheias = [](const std::vector<pim::TRECHO>& v) {
     return std::count_if(v.begin(), v.end(), [](pim::TRECHO t) { return t.de <= t.ate; });
   };
