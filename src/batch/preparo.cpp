@@ -6,7 +6,6 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <set>
 #include <vector>
 
 #include "batch/frases.h"
@@ -46,20 +45,30 @@ int confereParametros(const RECEITA& r) {
   return 0;
 }
 
+// Of the records, and of the images of the group that takes most: a search draws one at a time.
+std::uint64_t bytesDosKernels(const std::vector<MASCARA>& kernels) {
+  std::uint64_t maior = 0;
+  std::uint64_t doGrupo = 0;
+  for (const MASCARA& m : kernels) {
+    const auto lado = static_cast<std::uint64_t>(kernels::ladoDaImagem(m.molde));
+    doGrupo += lado * lado * sizeof(float);
+    if (m.inic != 2) continue;
+    maior = std::max(maior, doGrupo);
+    doGrupo = 0;
+  }
+  return kernels.size() * sizeof(MASCARA) + maior;
+}
+
 // Says how many bytes the kernels take.
 int confereKernels(const RECEITA& r) {
   const fs::path kernel = r.kernel;
   fs::current_path(kernel.parent_path());  // messages give the name alone
   std::vector<MASCARA> kernels;
-  leKernels(kernel.filename().string(), kernels);
+  leKernels(kernel.filename().string(), kernels, IMAGENS::nenhuma);
   if (kernels::grupos(kernels).empty()) {
     pim::erro(diz(falas::erro, r.opcoes.idioma), diz(falas::semGrupo, r.opcoes.idioma));
   }
-  std::uint64_t bytes = 0;
-  std::set<const unsigned char*> vistas;  // consecutive kernels may share an image
-  for (const MASCARA& m : kernels) {
-    if (vistas.insert(m.kernel.data).second) bytes += m.kernel.total() * m.kernel.elemSize();
-  }
+  const std::uint64_t bytes = bytesDosKernels(kernels);
   std::printf("%llu\n", static_cast<unsigned long long>(bytes));
   return 0;
 }

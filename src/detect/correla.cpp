@@ -57,7 +57,7 @@ void Correla(int argc, char** argv) {
 
   std::printf("Lendo %s e construindo kernels...\n", argv[2]);
   std::vector<MASCARA> kernels;
-  leKernels(argv[2], kernels);
+  leKernels(argv[2], kernels, IMAGENS::nenhuma);
   std::printf("Numero de kernels=%u\n", static_cast<unsigned>(kernels.size()));
 
   std::puts("Calculando correlacoes em piramide e achando maximos locais...");

@@ -44,7 +44,7 @@ void OldCorrela(int argc, char** argv) {
 
   std::puts("Lendo kernel.cfg e construindo kernels...");
   std::vector<MASCARA> kernels;
-  leKernels(argv[2], kernels);
+  leKernels(argv[2], kernels, IMAGENS::nenhuma);
   std::printf("Numero de kernels=%u\n", static_cast<unsigned>(kernels.size()));
 
   std::puts("Calculando correlacoes em piramide...");

@@ -35,9 +35,9 @@ void exigeQueCaiba(const std::vector<MASCARA>& conjunto, const std::vector<kerne
     std::int64_t altura = -1;
     std::int64_t largura = 0;
     for (int i = coluna.primeiro; i <= coluna.ultimo; ++i) {
-      const cv::Mat_<float>& K = conjunto[static_cast<std::size_t>(i)].kernel;
-      altura += K.rows + 1;
-      largura = std::max<std::int64_t>(largura, K.cols);
+      const int lado = kernels::ladoDaImagem(conjunto[static_cast<std::size_t>(i)].molde);
+      altura += lado + 1;
+      largura = std::max<std::int64_t>(largura, lado);
     }
     rows = std::max(rows, altura);
     cols += largura + 1;
@@ -65,7 +65,7 @@ cv::Mat_<unsigned char> mosaico(const std::vector<MASCARA>& conjunto, const std:
   exigeQueCaiba(conjunto, colunas, nome);
   const auto cinza = [&](std::size_t i) {
     cv::Mat_<unsigned char> G;
-    kernelParaCinza(conjunto[i].kernel, G);
+    kernelParaCinza(kernels::imagemDoKernel(conjunto[i]), G);
     return G;
   };
   const auto coluna = [&](std::size_t k) {
@@ -93,7 +93,7 @@ void Kernel(int argc, char** argv) {
     pim::erro("Erro: Numero de argumentos invalido");
   }
   std::vector<MASCARA> kernels;
-  leKernels(argv[1], kernels);
+  leKernels(argv[1], kernels, IMAGENS::nenhuma);
   listaTodos(kernels);
   pim::imp(mosaico(kernels, argv[2]), argv[2]);
 }

@@ -15,11 +15,11 @@
 namespace {
 
 // What a set may cost; statements that go beyond are refused before their kernels are drawn. A
-// search with a set at these limits takes hours. A bank of 1000 kernels of 240 pixels has a
-// hundredth of these kernels and pixels and half of the bytes.
-constexpr double maximoDeKernels = 1 << 17;
+// search with a set at these limits takes hours. A bank of 1000 kernels of 240 pixels has less than
+// a hundredth of these kernels and pixels.
+constexpr double maximoDeKernels = 1 << 18;      // some 100 MB of records
 constexpr double maximoDePixels = 8589934592.0;  // drawn, half a minute's work; shared ones too
-constexpr double maximoDeBytes = 2147483648.0;   // of the distinct images
+constexpr double maximoDeBytes = 2147483648.0;   // of the distinct images, when they are kept
 
 struct AJUSTES {
   double passoAng = 10.0;  // degrees
@@ -120,8 +120,12 @@ struct CUSTO {
   double pixels = 0;  // of the kernel images drawn
   double bytes = 0;   // of the distinct images: one is drawn over as long as its size stays
 
-  bool cabe() const {
-    return kernels <= maximoDeKernels && pixels <= maximoDePixels && bytes <= maximoDeBytes;
+  // Why it is too much; nothing when it isn't.
+  const char* excesso(IMAGENS imagens) const {
+    if (kernels > maximoDeKernels) return "Erro: Kernels demais em ";
+    if (pixels > maximoDePixels) return "Erro: Pixels de kernels demais em ";
+    if (imagens == IMAGENS::nenhuma || bytes <= maximoDeBytes) return nullptr;
+    return "Erro: Memoria de kernels demais em ";
   }
   void soma(const CUSTO& outro, double vezes) {
     kernels += outro.kernels * vezes;
@@ -133,9 +137,10 @@ struct CUSTO {
 // One run of scales. `anterior` is the side of the kernel drawn last, before and after. A range
 // that goes down to nothing counts up to half a pixel, where the run ends by itself, with the error
 // of a shape too small to draw.
-CUSTO custoDaCorrida(const BASE& base, const AJUSTES& a, int nEsc, double& anterior) {
+CUSTO custoDaCorrida(const BASE& base, const AJUSTES& a, int nEsc, IMAGENS imagens,
+                     double& anterior) {
   CUSTO custo;
-  for (int s = 0; s < nEsc && custo.cabe(); ++s) {
+  for (int s = 0; s < nEsc && custo.excesso(imagens) == nullptr; ++s) {
     const double esc = escala(a, s);
     const double lado = std::max(ladoDoKernel(base.forma, esc * base.d1, esc * base.d2), 1.0);
     const double mascara = std::max(ladoDaMascara(base.forma, esc * base.d1, esc * base.d2), 0.0);
@@ -164,24 +169,18 @@ void escolheEscala(MASCARA& m, const BASE& base, const AJUSTES& a, int s, int nE
 }
 
 void desenhaImagens(MASCARA& m) {
+  kernels::desenhaKernel(m.kernel, m.molde);
   switch (m.forma) {
     case 'c':
-      kernelCirculo(m.kernel, m.d1);
       contornoCirculo(m.contorno, m.d1);
-      mascaraCirculo(m.mascara, m.d1);
-      break;
+      return mascaraCirculo(m.mascara, m.d1);
     case 'q':
-      kernelQuadrado(m.kernel, m.d1, m.ang);
       contornoQuadrado(m.contorno, m.d1, m.ang);
-      mascaraQuadrado(m.mascara, m.d1, m.ang);
-      break;
+      return mascaraQuadrado(m.mascara, m.d1, m.ang);
     case 'r':
-      kernelRetangulo(m.kernel, m.d1, m.d2, m.ang);
       contornoRetangulo(m.contorno, m.d1, m.d2, m.ang);
-      mascaraRetangulo(m.mascara, m.d1, m.d2, m.ang);
-      break;
+      return mascaraRetangulo(m.mascara, m.d1, m.d2, m.ang);
     default:
-      kernelElipse(m.kernel, m.d1, m.d2, m.ang);
       contornoElipse(m.contorno, m.d1, m.d2, m.ang);
       mascaraElipse(m.mascara, m.d1, m.d2, m.ang);
   }
@@ -191,14 +190,39 @@ void desenhaImagens(MASCARA& m) {
 // records share images (see leKernels).
 struct CONJUNTO {
   std::vector<MASCARA>& kernels;
-  MASCARA trabalho;
-  CUSTO custo;
+  IMAGENS imagens;
+  std::size_t primeiro = kernels.size();  // of this file
+  MASCARA trabalho{};
+  CUSTO custo{};
   double ladoAnterior = -1;
 
+  // Ends in the errors of `desenhaImagens`, without drawing. A disc that rounds to nothing leaves
+  // the kernel drawn before it as it is, when there is one, but has no outline.
+  void exigeImagens() {
+    const bool sumido = trabalho.forma == 'c' && pim::arredonda(trabalho.d1) <= 0;
+    if (sumido && kernels.size() > primeiro) contornoCirculo(trabalho.contorno, trabalho.d1);
+    kernels::exigeKernel(trabalho.molde);
+  }
+
   void acrescenta() {
-    desenhaImagens(trabalho);
+    trabalho.molde = {trabalho.forma, trabalho.d1, trabalho.d2, trabalho.ang};
+    if (imagens == IMAGENS::todas) {
+      desenhaImagens(trabalho);
+    } else {
+      exigeImagens();
+    }
     kernels.emplace_back();
     kernels.back() = trabalho;
+  }
+
+  // Each record over whose image the next one was drawn gets what that shows in the end.
+  void partilha() {
+    for (std::size_t i = kernels.size(); i-- > primeiro + 1;) {
+      const MASCARA& m = kernels[i];
+      if (kernels::tomaImagemNova({m.forma, m.d1, m.d2, m.ang})) continue;
+      kernels::MOLDE& anterior = kernels[i - 1].molde;
+      if (kernels::ladoDaImagem(anterior) == kernels::ladoDaImagem(m.molde)) anterior = m.molde;
+    }
   }
 };
 
@@ -209,9 +233,11 @@ void expande(CONJUNTO& conjunto, const LEITOR& leitor, const BASE& base, const A
   if (maior > maiorLadoKernel) leitor.recusa("Erro: Forma grande demais ", base);
   const std::vector<double> angs = angulos(leitor, base, a);
   double& lado = conjunto.ladoAnterior;
-  conjunto.custo.soma(custoDaCorrida(base, a, nEsc, lado), 1);
-  conjunto.custo.soma(custoDaCorrida(base, a, nEsc, lado), static_cast<double>(angs.size() - 1));
-  if (!conjunto.custo.cabe()) leitor.recusa("Erro: Kernels demais em ", base);
+  const auto daCorrida = [&] { return custoDaCorrida(base, a, nEsc, conjunto.imagens, lado); };
+  conjunto.custo.soma(daCorrida(), 1);
+  conjunto.custo.soma(daCorrida(), static_cast<double>(angs.size() - 1));
+  const char* excesso = conjunto.custo.excesso(conjunto.imagens);
+  if (excesso != nullptr) leitor.recusa(excesso, base);
   conjunto.trabalho.forma = base.forma;
   for (const double ang : angs) {
     conjunto.trabalho.ang = ang;
@@ -224,15 +250,15 @@ void expande(CONJUNTO& conjunto, const LEITOR& leitor, const BASE& base, const A
 
 }  // namespace
 
-void leKernels(const std::string& nome, std::vector<MASCARA>& kernels) {
+void leKernels(const std::string& nome, std::vector<MASCARA>& kernels, IMAGENS imagens) {
   const pim::ARQUIVO arquivo = pim::abre(nome, "rt");
   const LEITOR leitor{arquivo.get(), nome};
   AJUSTES ajustes;
   BASE base{};
-  CONJUNTO conjunto{kernels, {}, {}, -1};
+  CONJUNTO conjunto{kernels, imagens};
   while (true) {
     const std::string palavra = pim::minuscula(pim::leStr(leitor.f, nome));
-    if (palavra == "eof") return;
+    if (palavra == "eof") return conjunto.partilha();
     if (leAjuste(leitor, palavra, ajustes)) continue;
     if (!leForma(leitor, palavra, base)) pim::erro("Erro: Palavra desconhecida ", palavra);
     expande(conjunto, leitor, base, ajustes);

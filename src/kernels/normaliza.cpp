@@ -58,7 +58,8 @@ cv::Mat_<float> kernelPequeno(std::string_view desenho) {
   return K;
 }
 
-// Half of a full size, in whole pixels, for the core and for the ring around it.
+}  // namespace
+
 int meioNucleo(double d) {
   return pim::trunca(d * 0.5);
 }
@@ -67,11 +68,13 @@ int meioAnel(double d) {
   return pim::trunca(d * std::numbers::sqrt2 * 0.5);
 }
 
-int ladoExigidoDoKernel(char forma, double d1, double d2) {
+int exigeLadoDoKernel(char forma, double d1, double d2) {
   return exigeLado(ladoDoKernel(forma, d1, d2), forma, d1, d2, maiorLadoKernel);
 }
 
-}  // namespace
+void recusaKernel() {
+  pim::erro("Erro: NegPosUm divisao zero");
+}
 
 double ladoDoKernel(char forma, double d1, double d2) {
   if (forma == 'c' || forma == 'q') d2 = d1;
@@ -95,7 +98,7 @@ void NegPosUm(cv::Mat_<float>& K) {
       (linha[c] > 0 ? positivos : negativos) += std::abs(static_cast<double>(linha[c]));
     }
   }
-  if (!(positivos > 0) || !(negativos > 0)) pim::erro("Erro: NegPosUm divisao zero");
+  if (!(positivos > 0) || !(negativos > 0)) recusaKernel();
   for (int l = 0; l < K.rows; ++l) {
     float* linha = K[l];
     for (int c = 0; c < K.cols; ++c) {
@@ -105,7 +108,7 @@ void NegPosUm(cv::Mat_<float>& K) {
 }
 
 void kernelCirculo(cv::Mat_<float>& K, double d) {
-  const int n = ladoExigidoDoKernel('c', d, d);
+  const int n = exigeLadoDoKernel('c', d, d);
   const int classe = pim::arredonda(d);
   if (classe > 4) {
     prepara(K, n, 0.0F);
@@ -118,7 +121,7 @@ void kernelCirculo(cv::Mat_<float>& K, double d) {
 }
 
 void kernelQuadrado(cv::Mat_<float>& K, double d, double ang) {
-  const int n = ladoExigidoDoKernel('q', d, d);
+  const int n = exigeLadoDoKernel('q', d, d);
   prepara(K, n, 0.0F);
   pim::rotRetang(K, n / 2, n / 2, meioAnel(d), meioAnel(d), anel, -1, ang);
   pim::rotRetang(K, n / 2, n / 2, meioNucleo(d), meioNucleo(d), nucleo, -1, ang);
@@ -126,7 +129,7 @@ void kernelQuadrado(cv::Mat_<float>& K, double d, double ang) {
 }
 
 void kernelRetangulo(cv::Mat_<float>& K, double d1, double d2, double ang) {
-  const int n = ladoExigidoDoKernel('r', d1, d2);
+  const int n = exigeLadoDoKernel('r', d1, d2);
   prepara(K, n, 0.0F);
   pim::rotRetang(K, n / 2, n / 2, meioAnel(d1), meioAnel(d2), anel, -1, ang);
   pim::rotRetang(K, n / 2, n / 2, meioNucleo(d1), meioNucleo(d2), nucleo, -1, ang);
@@ -134,7 +137,7 @@ void kernelRetangulo(cv::Mat_<float>& K, double d1, double d2, double ang) {
 }
 
 void kernelElipse(cv::Mat_<float>& K, double d1, double d2, double ang) {
-  const int n = ladoExigidoDoKernel('e', d1, d2);
+  const int n = exigeLadoDoKernel('e', d1, d2);
   prepara(K, n, 0.0F);
   pim::elipse(K, n / 2, n / 2, meioAnel(d1), meioAnel(d2), anel, -1, ang);
   pim::elipse(K, n / 2, n / 2, meioNucleo(d1), meioNucleo(d2), nucleo, -1, ang);

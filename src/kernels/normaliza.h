@@ -17,12 +17,22 @@ inline constexpr int maiorLadoKernel = 8191;  // pixels; a float image of this s
 // not finite. May be below 1, or larger than can be drawn.
 double ladoDoKernel(char forma, double d1, double d2);
 
+// It as an integer; pim::erro as below.
+int exigeLadoDoKernel(char forma, double d1, double d2);
+
+// Half of a full size, in whole pixels: that of the core, and that of the ring's outer edge.
+int meioNucleo(double d);
+int meioAnel(double d);
+
 // Diameters that round (ties to even) to 1..4 are fixed tables in a fresh buffer. A diameter that
 // rounds to 0 or less leaves K as it is before it is normalised.
 void kernelCirculo(cv::Mat_<float>& K, double d);
 void kernelQuadrado(cv::Mat_<float>& K, double d, double ang);
 void kernelRetangulo(cv::Mat_<float>& K, double d1, double d2, double ang);
 void kernelElipse(cv::Mat_<float>& K, double d1, double d2, double ang);
+
+// Ends in the error of a kernel without ring or core.
+[[noreturn]] void recusaKernel();
 
 // Divides the positive elements by their sum and the others by minus theirs, in place; sums and
 // quotients in double. pim::erro "Erro: NegPosUm divisao zero" when either sum is not above 0.

@@ -36,7 +36,7 @@ void correlaGeral(const cv::Mat_<float>& imagem, const std::vector<const ESQUEMA
   cv::Mat_<float> correl;
   for (const ESQUEMA* e : kernels) {
     if (pausa) pausa();
-    filtra(imagem, e->pesos, correl);
+    filtra(imagem, kernels::imagemDoKernel(e->mascara), correl);
     guardaMelhor(correl, e->indice, melhor, qual);
   }
 }

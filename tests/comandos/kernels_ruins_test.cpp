@@ -118,18 +118,18 @@ const std::vector<RUIM> semFim = {
     {"EscalasDemaisAteZero", [] { cfg("escoitava 100000 escmin 0 circulo 21"); }, gera,
      "Erro: Kernels demais em c 21 21 (kernel.cfg, linha 1)", png},
     {"EscalasGrandes", [] { cfg("escoitava 10000 circulo 5000"); }, gera,
-     "Erro: Kernels demais em c 5000 5000 (kernel.cfg, linha 1)", png},
+     "Erro: Pixels de kernels demais em c 5000 5000 (kernel.cfg, linha 1)", png},
     {"EscalasEAngulos", [] { cfg("escoitava 170000 passoang 30 retangulo 30 12"); }, gera,
      "Erro: Kernels demais em r 30 12 (kernel.cfg, linha 1)", png},
     {"PixelsDemais", [] { cfg("escala 1 a 1 passoang 0.5 quadrado 4000"); }, gera,
-     "Erro: Kernels demais em q 4000 4000 (kernel.cfg, linha 1)", png},
+     "Erro: Pixels de kernels demais em q 4000 4000 (kernel.cfg, linha 1)", png},
     {"AosPoucos",
      [] {
        std::string texto = "escoitava 20000\n";
-       for (int i = 0; i < 8; ++i) texto += "circulo 5\n";
+       for (int i = 0; i < 14; ++i) texto += "circulo 5\n";
        cfg(texto);
      },
-     gera, "Erro: Kernels demais em c 5 5 (kernel.cfg, linha 8)", png},
+     gera, "Erro: Kernels demais em c 5 5 (kernel.cfg, linha 15)", png},
     {"MosaicoAlto", [] { cfg("escoitava 50000 circulo 21"); }, gera,
      "Erro: Mosaico grande demais k.pgm (33 x 1272391 pixels)", png},
 };
@@ -140,12 +140,12 @@ const std::vector<RUIM> outros = {
     {"CorrelaComKernelsDemais",
      [] { cfg("escoitava 10000 circulo 5000"); },
      {"correla", "a.pgm", "kernel.cfg", "b.ho1"},
-     "Erro: Kernels demais em c 5000 5000 (kernel.cfg, linha 1)",
+     "Erro: Pixels de kernels demais em c 5000 5000 (kernel.cfg, linha 1)",
      "b.ho1"},
     {"OldCorrelaComKernelsDemais",
      [] { cfg("escoitava 10000 circulo 5000"); },
      {"oldcorrela", "a.pgm", "kernel.cfg", "b.ho1"},
-     "Erro: Kernels demais em c 5000 5000 (kernel.cfg, linha 1)",
+     "Erro: Pixels de kernels demais em c 5000 5000 (kernel.cfg, linha 1)",
      "b.ho1"},
     {"CorrelaSemKernels",
      [] { apaga("kernel.cfg"); },

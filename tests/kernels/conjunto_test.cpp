@@ -113,6 +113,20 @@ int confereTudo(const std::vector<MASCARA>& v) {
   return std::min({kernels, contornos, mascaras});
 }
 
+// The records of a file read without images: none are there, and what is drawn from them is what
+// the records of `v` show.
+void confereSemImagens(const std::string& texto, const std::vector<MASCARA>& v) {
+  const std::vector<MASCARA> sem = le(texto, IMAGENS::nenhuma);
+  ASSERT_NO_FATAL_FAILURE(confereCampos(sem, v));
+  for (std::size_t i = 0; i < v.size(); ++i) {
+    SCOPED_TRACE(i);
+    ASSERT_TRUE(sem[i].kernel.empty() && sem[i].contorno.empty() && sem[i].mascara.empty());
+    ASSERT_TRUE(iguais(kernels::imagemDoKernel(sem[i]), v[i].kernel));
+    ASSERT_EQ(kernels::ladoDaImagem(sem[i].molde), v[i].kernel.rows);
+    ASSERT_EQ(kernels::imagemDoKernel(v[i]).data, v[i].kernel.data);
+  }
+}
+
 }  // namespace
 
 TEST(Conjunto, ArquivosSorteadosDaoOsRegistrosDaVersaoIngenua) {
@@ -126,6 +140,7 @@ TEST(Conjunto, ArquivosSorteadosDaoOsRegistrosDaVersaoIngenua) {
     const std::vector<MASCARA> v = le(caso.texto);
     ASSERT_NO_FATAL_FAILURE(confereCampos(v, caso.esperados));
     compartilhados += confereTudo(v);
+    ASSERT_NO_FATAL_FAILURE(confereSemImagens(caso.texto, v));
     if (HasFailure()) return;
   }
   EXPECT_GT(compartilhados, 100);  // else the files would say nothing about sharing
@@ -165,4 +180,14 @@ TEST(Conjunto, CasoGeralApagaATabelaDoMesmoTamanho) {
   ASSERT_EQ(v.size(), 2U);
   EXPECT_EQ(v[0].kernel.data, v[1].kernel.data);
   EXPECT_TRUE(iguais(v[0].kernel, kernelIngenuo('c', 4.51, 4.51, 0)));
+}
+
+TEST(Conjunto, DiscosPequenosSemImagensMostramOMesmo) {
+  for (const char* texto :
+       {"escala 1 a 1 circulo 4 circulo 4.51", "escala 1 a 1 circulo 4.51 circulo 4",
+        "escoitava 30 circulo 9 circulo 4.6 circulo 8", "circulo 2 circulo 1.2",
+        "escoitava 9 circulo 7 elipse 9 6 circulo 3 quadrado 9"}) {
+    SCOPED_TRACE(texto);
+    confereSemImagens(texto, le(texto));
+  }
 }

@@ -7,10 +7,10 @@
 #include "kernels/lekernels.h"
 
 // The kernels of a file with this text.
-inline std::vector<MASCARA> le(const std::string& texto) {
+inline std::vector<MASCARA> le(const std::string& texto, IMAGENS imagens = IMAGENS::todas) {
   const PASTA pasta;
   grava("kernel.cfg", texto);
   std::vector<MASCARA> kernels;
-  leKernels("kernel.cfg", kernels);
+  leKernels("kernel.cfg", kernels, imagens);
   return kernels;
 }

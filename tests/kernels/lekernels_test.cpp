@@ -19,8 +19,14 @@ std::vector<double> angulos(const std::string& texto) {
 }
 
 // Checks the error of a file: exit status 1 and this one line.
+void recusa(const std::string& texto, const std::string& mensagem, IMAGENS imagens) {
+  EXPECT_EXIT(le(texto, imagens), testing::ExitedWithCode(1), "^" + mensagem + "\n$") << texto;
+}
+
+// Whatever images are wanted.
 void recusa(const std::string& texto, const std::string& mensagem) {
-  EXPECT_EXIT(le(texto), testing::ExitedWithCode(1), "^" + mensagem + "\n$") << texto;
+  recusa(texto, mensagem, IMAGENS::todas);
+  recusa(texto, mensagem, IMAGENS::nenhuma);
 }
 
 }  // namespace
@@ -296,17 +302,44 @@ TEST(LeKernelsDeathTest, AnguloQueNaoAvancaEhErroComAForma) {
          "Erro: passoAng nao avanca em r 30 12 \\(kernel.cfg, linha 1\\)");
 }
 
+TEST(LeKernelsDeathTest, FormaPequenaDemaisDaOMesmoErroComESemImagens) {
+  for (const char* pequena : {"circulo 0.4", "circulo -3", "quadrado 1", "retangulo 12 -5",
+                              "retangulo 1.2 1.1", "elipse 0 12", "elipse 1.3 0.9"}) {
+    recusa(std::string("escala 1 a 1 ") + pequena, "Erro: NegPosUm divisao zero");
+  }
+  // The disc that rounds to nothing is drawn over the one before it, which is still there.
+  recusa("escala 1 a 1 circulo 9 circulo 0.4", "Erro: IMG_::constructor _mat nulo");
+  recusa("escala 1 a 1 circulo 9 quadrado 1", "Erro: NegPosUm divisao zero");
+}
+
 TEST(LeKernelsDeathTest, KernelsDemaisEhErroComAForma) {
   recusa("passoang 1e-20 elipse 30 12",
          "Erro: Kernels demais em e 30 12 \\(kernel.cfg, linha 1\\)");
-  recusa("passoang 1.5 quadrado 800",
-         "Erro: Kernels demais em q 800 800 \\(kernel.cfg, linha 1\\)");
-  recusa("escala 1 a 1 circulo 9\npassoang 0.5 quadrado 4000",
-         "Erro: Kernels demais em q 4000 4000 \\(kernel.cfg, linha 2\\)");
   recusa("passoang 0.0001 elipse 30 12",
          "Erro: Kernels demais em e 30 12 \\(kernel.cfg, linha 1\\)");
   recusa("escoitava 1000000000 circulo 21",
          "Erro: Kernels demais em c 21 21 \\(kernel.cfg, linha 1\\)");
   recusa("escoitava 1000000000 escmin 0 circulo 21",
          "Erro: Kernels demais em c 21 21 \\(kernel.cfg, linha 1\\)");
+  // 2^18 and one more.
+  recusa("escoitava 262144 circulo 9", "Erro: Kernels demais em c 9 9 \\(kernel.cfg, linha 1\\)");
+}
+
+TEST(LeKernelsDeathTest, PixelsDemaisEhErroComAForma) {
+  recusa("escala 1 a 1 circulo 9\npassoang 0.5 quadrado 4000",
+         "Erro: Pixels de kernels demais em q 4000 4000 \\(kernel.cfg, linha 2\\)");
+}
+
+TEST(LeKernelsDeathTest, MemoriaDemaisSoEhErroQuandoAsImagensSaoGuardadas) {
+  recusa("passoang 1.5 quadrado 800",
+         "Erro: Memoria de kernels demais em q 800 800 \\(kernel.cfg, linha 1\\)", IMAGENS::todas);
+  recusa("passoang 1 retangulo 500 300",
+         "Erro: Memoria de kernels demais em r 500 300 \\(kernel.cfg, linha 1\\)", IMAGENS::todas);
+  EXPECT_EQ(le("passoang 1.5 quadrado 800", IMAGENS::nenhuma).size(), 360U);
+  EXPECT_EQ(le("passoang 1 retangulo 500 300", IMAGENS::nenhuma).size(), 1080U);
+}
+
+TEST(LeKernels, MuitosKernelsPequenosCabem) {
+  EXPECT_EQ(le("passoang 0.006 retangulo 20 10", IMAGENS::nenhuma).size(), 180000U);
+  EXPECT_EQ(le("escoitava 262143 circulo 9", IMAGENS::nenhuma).size(), 262144U);
 }

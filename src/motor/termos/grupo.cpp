@@ -126,8 +126,8 @@ GRUPO esquematiza(const std::vector<MASCARA>& kernels, int primeiro, int ultimo)
   std::vector<CORTADO> cortados;
   for (int k = primeiro; k <= ultimo; ++k) {
     const MASCARA& m = kernels[static_cast<std::size_t>(k)];
-    grupo.kernels.push_back({k, m.sPir, m.kernel, 0, 0, {}, {}, {}, {}});
-    if (const std::optional<REGIOES> r = regioesDoKernel(m.kernel)) {
+    grupo.kernels.push_back({k, m.sPir, m, 0, 0, {}, {}, {}, {}});
+    if (const std::optional<REGIOES> r = regioesDoKernel(kernels::imagemDoKernel(m))) {
       cortados.push_back({*r, ladosDe(r->tudo, r->nucleo), {}});
     } else {
       grupo.serve = false;

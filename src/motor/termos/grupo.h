@@ -25,11 +25,11 @@ enum class DIVISAO {
            // from one row of the photograph to the next does
 };
 
-// A kernel of the group as its weights and as terms; only the former in a group that doesn't serve.
+// A kernel of the group as it is and as terms; only the former in a group that doesn't serve.
 struct ESQUEMA {
   int indice;  // in the kernel set
   int sPir;    // last level that it is applied to
-  cv::Mat_<float> pesos;
+  MASCARA mascara;
   int nAnel;
   int nNucleo;
   PARTE inteira;
@@ -46,7 +46,7 @@ struct GRUPO {
   bool serve = true;          // false when some kernel has other than three values: no terms
 };
 
-// The kernels with indices `primeiro` to `ultimo` inclusive, whose weights are shared.
+// The kernels with indices `primeiro` to `ultimo` inclusive, whose images are shared.
 GRUPO esquematiza(const std::vector<MASCARA>& kernels, int primeiro, int ultimo);
 
 }  // namespace motor
