@@ -30,8 +30,8 @@ inline constexpr double valorDoByte = 0.00392156862745098;  // 1/255
 std::shared_ptr<const NIVEL> preparaNivel(const cv::Mat_<float>& imagem);
 
 // The kernels with indices `primeiro` to `ultimo` inclusive; none when the range is empty. Weights
-// may be any, and are shared; those with the same positive and the same negative value everywhere
-// are done fast.
+// may be any, and are shared, or drawn when they were left out (mascara.h); those with the same
+// positive and the same negative value everywhere are done fast.
 std::shared_ptr<const GRUPO> preparaGrupo(const std::vector<MASCARA>& kernels, int primeiro,
                                           int ultimo);
 

@@ -234,6 +234,19 @@ TEST(ComandoCorrela, EntradasESaidaRuinsSaoErrosComONome) {
   EXPECT_EQ(e.saida.find("Tempo gasto"), std::string::npos);
 }
 
+TEST(ComandoCorrela, ImagensDosKernelsNaoFicamNaMemoria) {
+  const PASTA pasta;
+  preparaEntradas();
+  // 120 kernels, whose images would take 270 MB.
+  grava("muitos.cfg", "passoang 9 retangulo 500 300");
+  const EXECUCAO e = executa({"correla", "a.pgm", "muitos.cfg", "a.ho1", "-2"});
+  EXPECT_NE(e.saida.find("Numero de kernels=120\n"), std::string::npos) << e.saida;
+  EXPECT_NE(e.saida.find("Aplicando filtro #114-#119\r"), std::string::npos);
+#ifndef VORPLEX_SANITIZE
+  EXPECT_LT(e.memoria, 200000000);
+#endif
+}
+
 TEST(ComandoCorrela, RegistroAnteriorEhTrocado) {
   const PASTA pasta;
   preparaEntradas();

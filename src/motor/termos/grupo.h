@@ -1,6 +1,5 @@
 #pragma once
 
-#include <opencv2/core.hpp>
 #include <vector>
 
 #include "kernels/mascara.h"
