@@ -47,7 +47,8 @@ void filtra(char** argv) {
   std::vector<MAXLOCAL> v;
   leMaxLocais(v, argv[2]);
   std::vector<MAXLOCAL> mantidos;
-  referencia::filtInter(v, mantidos, imagem.size(), 0.1, 0.3, 0.1, 0.3, 0.1, 0.3, 0.1, 0.3);
+  constexpr LIMIAR padrao = {0.1, 0.3};
+  referencia::filtInter(v, mantidos, imagem.size(), {padrao, padrao, padrao, padrao});
   impMaxLocais(mantidos, argv[3]);
 }
 

@@ -15,33 +15,6 @@ namespace {
 constexpr std::size_t maiorLote = 32;  // candidates
 constexpr double semValor = std::numeric_limits<double>::quiet_NaN();
 
-struct LIMIAR {
-  double minCorr;
-  double maxInter;
-};
-
-struct LIMIARES {
-  LIMIAR circulo, retangulo, quadrado, elipse;
-
-  // What a letter without thresholds gets: comparisons with NaN reject nothing.
-  static constexpr LIMIAR nenhum = {semValor, semValor};
-
-  const LIMIAR& de(char forma) const {
-    switch (forma) {
-      case 'c':
-        return circulo;
-      case 'q':
-        return quadrado;
-      case 'r':
-        return retangulo;
-      case 'e':
-        return elipse;
-      default:
-        return nenhum;
-    }
-  }
-};
-
 // Calls `acao(l, de, ate)` for the stretches of the shape of `m` that lie inside a grid of `rows`
 // by `cols` cells, cut to it, for as long as `segue()`.
 template <class ACAO, class SEGUE>
@@ -212,16 +185,21 @@ double calcInterViz(const MAXLOCAL& m, int indice, cv::Mat_<unsigned char>& masc
   });
 }
 
-void filtInter(std::vector<MAXLOCAL>& entrada, std::vector<MAXLOCAL>& saida, cv::Size tamanho,
-               double minCorrCir, double maxInterCir, double minCorrRet, double maxInterRet,
-               double minCorrQua, double maxInterQua, double minCorrEli, double maxInterEli) {
-  const LIMIARES limiares = {{minCorrCir, maxInterCir},
-                             {minCorrRet, maxInterRet},
-                             {minCorrQua, maxInterQua},
-                             {minCorrEli, maxInterEli}};
+void filtInter(const std::vector<MAXLOCAL>& entrada, std::vector<MAXLOCAL>& saida, cv::Size tamanho,
+               const LIMIARES& limiares) {
   FILTRO filtro{limiares, saida, OCUPACAO(tamanho.height, tamanho.width), {}};
   const std::span<const MAXLOCAL> candidatos = entrada;
   for (std::size_t i = 0; i < candidatos.size(); i += maiorLote) {
     filtro.consideraLote(candidatos.subspan(i, std::min(maiorLote, candidatos.size() - i)));
   }
+}
+
+void filtInter(std::vector<MAXLOCAL>& entrada, std::vector<MAXLOCAL>& saida, cv::Size tamanho,
+               double minCorrCir, double maxInterCir, double minCorrRet, double maxInterRet,
+               double minCorrQua, double maxInterQua, double minCorrEli, double maxInterEli) {
+  filtInter(entrada, saida, tamanho,
+            {{minCorrCir, maxInterCir},
+             {minCorrRet, maxInterRet},
+             {minCorrQua, maxInterQua},
+             {minCorrEli, maxInterEli}});
 }

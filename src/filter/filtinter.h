@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "detect/maxlocal.h"
+#include "filter/limiares.h"
 #include "pim/matriz.h"
 
 // One cell per image pixel: the indices of the kept detections whose shape covers it, in the order
@@ -20,9 +21,15 @@ using GRADE = MATRIZ<std::vector<int>>;
 //
 // A detection that is withdrawn because of a neighbour leaves its index in most cells of its shape
 // (see `retira`), where it goes on blocking later ones.
+void filtInter(const std::vector<MAXLOCAL>& entrada, std::vector<MAXLOCAL>& saida, cv::Size tamanho,
+               const LIMIARES& limiares);
+
+// The same with the thresholds one by one.
 void filtInter(std::vector<MAXLOCAL>& entrada, std::vector<MAXLOCAL>& saida, cv::Size tamanho,
                double minCorrCir, double maxInterCir, double minCorrRet, double maxInterRet,
                double minCorrQua, double maxInterQua, double minCorrEli, double maxInterEli);
+
+// Part of the library for other programs; no command calls the two below.
 
 // The share of the candidate's pixels that fall on occupied cells or outside the grid. Its mask is
 // built into `mascara`. NaN when the mask is empty or holds no pixel of the shape.

@@ -29,25 +29,16 @@ void exigeArgumentos(int argc) {
   pim::erro("Erro: Numero de argumentos invalido");
 }
 
-void leDefault(pim::ISTR& s, PARAMFILTRA& p) {
-  pim::leNum(s, p.minCorrDef);
-  p.minCorrCir = p.minCorrRet = p.minCorrQua = p.minCorrEli = p.minCorrDef;
-  pim::leNum(s, p.maxInterDef);
-  p.maxInterCir = p.maxInterRet = p.maxInterQua = p.maxInterEli = p.maxInterDef;
+LIMIAR lePar(pim::ISTR& s) {
+  LIMIAR par;
+  pim::leNum(s, par.minCorr);
+  pim::leNum(s, par.maxInter);
+  return par;
 }
 
-void lePar(pim::ISTR& s, double& minCorr, double& maxInter) {
-  pim::leNum(s, minCorr);
-  pim::leNum(s, maxInter);
-}
-
-void completa(PARAMFILTRA& p) {
-  for (double* minimo : {&p.minCorrCir, &p.minCorrRet, &p.minCorrQua, &p.minCorrEli}) {
-    if (*minimo < 0) *minimo = p.minCorrDef;
-  }
-  for (double* maximo : {&p.maxInterCir, &p.maxInterRet, &p.maxInterQua, &p.maxInterEli}) {
-    if (*maximo < 0) *maximo = p.maxInterDef;
-  }
+void completa(LIMIAR& par, const LIMIAR& padrao) {
+  if (par.minCorr < 0) par.minCorr = padrao.minCorr;
+  if (par.maxInter < 0) par.maxInter = padrao.maxInter;
 }
 
 // Pixels of the masks of all distinct shapes of a list, each drawn at least once: half a minute's
@@ -55,27 +46,14 @@ void completa(PARAMFILTRA& p) {
 // own stays below a tenth of this.
 constexpr double maximoDePixels = 34359738368.0;
 
-double minimoDe(const PARAMFILTRA& p, char forma) {
-  switch (forma) {
-    case 'c':
-      return p.minCorrCir;
-    case 'r':
-      return p.minCorrRet;
-    case 'q':
-      return p.minCorrQua;
-    default:
-      return p.minCorrEli;
-  }
-}
-
 // Ends with an error when a shape that the filter will draw is too large, or all are too much.
-void exigeDesenhaveis(const std::vector<MAXLOCAL>& v, const PARAMFILTRA& p,
+void exigeDesenhaveis(const std::vector<MAXLOCAL>& v, const LIMIARES& limiares,
                       const std::string& nome) {
   std::set<std::array<std::uint64_t, 4>> vistas;  // bits, so that NaN is a value too
   double pixels = 0;
   for (std::size_t k = 0; k < v.size(); ++k) {
     const MAXLOCAL& m = v[k];
-    if (static_cast<double>(m.correl) < minimoDe(p, m.forma)) continue;
+    if (static_cast<double>(m.correl) < limiares.de(m.forma).minCorr) continue;
     const double lado = exigeDesenhavel(m, nome, k);
     const bool nova =
         lado > 0 &&
@@ -98,25 +76,28 @@ void imprimeContornos(const cv::Mat_<unsigned char>& imagem, const std::vector<M
 
 }  // namespace
 
-PARAMFILTRA leParametros(pim::ISTR& s) {
-  PARAMFILTRA p;
+LIMIARES leParametros(pim::ISTR& s) {
+  constexpr LIMIAR semValor = {-1, -1};
+  LIMIAR padrao = {0.1, 0.3};
+  LIMIARES p = {semValor, semValor, semValor, semValor};
   std::string palavra = pim::minuscula(pim::leStr(s));
   for (; palavra != "eof"; palavra = pim::minuscula(pim::leStr(s))) {
     if (palavra == "default") {
-      leDefault(s, p);
+      padrao = lePar(s);
+      p = {padrao, padrao, padrao, padrao};
     } else if (palavra == "circulo") {
-      lePar(s, p.minCorrCir, p.maxInterCir);
+      p.circulo = lePar(s);
     } else if (palavra == "retangulo") {
-      lePar(s, p.minCorrRet, p.maxInterRet);
+      p.retangulo = lePar(s);
     } else if (palavra == "quadrado") {
-      lePar(s, p.minCorrQua, p.maxInterQua);
+      p.quadrado = lePar(s);
     } else if (palavra == "elipse") {
-      lePar(s, p.minCorrEli, p.maxInterEli);
+      p.elipse = lePar(s);
     } else {
       pim::erro("Erro: Palavra desconhecida ", palavra);
     }
   }
-  completa(p);
+  for (LIMIAR* par : {&p.circulo, &p.retangulo, &p.quadrado, &p.elipse}) completa(*par, padrao);
   return p;
 }
 
@@ -124,7 +105,7 @@ void Filtra(int argc, char** argv) {
   exigeArgumentos(argc);
   pim::ISTR parametros;
   parametros.arg2str(argc - 4, argv + 4);
-  const PARAMFILTRA p = leParametros(parametros);
+  const LIMIARES limiares = leParametros(parametros);
 
   std::printf("Lendo %s...\n", argv[1]);
   cv::Mat_<unsigned char> imagem;
@@ -134,11 +115,10 @@ void Filtra(int argc, char** argv) {
   leMaxLocais(originais, argv[2]);
   std::printf("Numero de maximos locais originais=%u\n", static_cast<unsigned>(originais.size()));
 
-  exigeDesenhaveis(originais, p, argv[2]);
+  exigeDesenhaveis(originais, limiares, argv[2]);
   std::puts("Filtrando os maximos locais com interseccao>maxInter...");
   std::vector<MAXLOCAL> mantidos;
-  filtInter(originais, mantidos, imagem.size(), p.minCorrCir, p.maxInterCir, p.minCorrRet,
-            p.maxInterRet, p.minCorrQua, p.maxInterQua, p.minCorrEli, p.maxInterEli);
+  filtInter(originais, mantidos, imagem.size(), limiares);
   std::printf("Numero de maximos locais apos filtro interseccao=%u\n",
               static_cast<unsigned>(mantidos.size()));
   if (pim::sufixo(argv[3]) == "ho2") {

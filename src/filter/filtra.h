@@ -1,5 +1,6 @@
 #pragma once
 
+#include "filter/limiares.h"
 #include "pim/token.h"
 
 // Sub-program `filtra imagem.pgm imagem.ho1 saida.ppm|saida.ho2 parametros`: removes detections
@@ -7,18 +8,8 @@
 // image. argv[0] is the sub-program's name.
 void Filtra(int argc, char** argv);
 
-// Smallest correlation and largest overlap (0 to 1) for each shape; -1 means not given.
-struct PARAMFILTRA {
-  double minCorrDef = 0.1;
-  double maxInterDef = 0.3;
-  double minCorrCir = -1.0, maxInterCir = -1.0;
-  double minCorrRet = -1.0, maxInterRet = -1.0;
-  double minCorrQua = -1.0, maxInterQua = -1.0;
-  double minCorrEli = -1.0, maxInterEli = -1.0;
-};
-
 // Reads "default|circulo|retangulo|quadrado|elipse minCorr maxInter" entries, in any letter case,
 // up to the end of the stream or the word "eof". "default" overwrites all shapes named before it;
-// shapes that are left without a value, or with a negative one, then take the defaults. pim::erro
-// at another word or a bad number.
-PARAMFILTRA leParametros(pim::ISTR& s);
+// shapes that are left without a value, or with a negative one, then take the defaults, 0.1 and 0.3
+// unless given. pim::erro at another word or a bad number.
+LIMIARES leParametros(pim::ISTR& s);

@@ -15,26 +15,43 @@ namespace {
 using LISTA = std::vector<MAXLOCAL>;
 
 constexpr double menosQue1 = 0.9999999999999999;
-constexpr LIMITE folgado = {0, 1};
+constexpr LIMIAR folgado = {0, 1};
 
 // The positions in `entrada` of the detections that the filter keeps. Each must differ.
-std::vector<int> mantidos(LISTA entrada, cv::Size tamanho, const LIMITES& t) {
+std::vector<int> mantidos(LISTA entrada, cv::Size tamanho, const LIMIARES& t) {
   LISTA saida;
   for (std::size_t k = 0; k < entrada.size(); ++k) entrada[k].ang = 360.0 * static_cast<double>(k);
-  filtInter(entrada, saida, tamanho, t.circulo.minCorr, t.circulo.maxInter, t.retangulo.minCorr,
-            t.retangulo.maxInter, t.quadrado.minCorr, t.quadrado.maxInter, t.elipse.minCorr,
-            t.elipse.maxInter);
+  filtInter(entrada, saida, tamanho, t);
   std::vector<int> posicoes;
   for (const MAXLOCAL& m : saida) posicoes.push_back(static_cast<int>(m.ang / 360.0));
   return posicoes;
 }
 
-LIMITES todos(double minCorr, double maxInter) {
-  const LIMITE t = {minCorr, maxInter};
+LIMIARES todos(double minCorr, double maxInter) {
+  const LIMIAR t = {minCorr, maxInter};
   return {t, t, t, t};
 }
 
 using POSICOES = std::vector<int>;
+
+TEST(FiltInter, OitoLimiaresUmPorUm) {
+  // Two squares of 5 by 5 pixels that share one column of 5: a fifth of each.
+  LISTA v = {deteccao('q', 50, 50, 4), deteccao('q', 50, 54, 4), deteccao('e', 9, 9, 4, 0.2F),
+             deteccao('r', 9, 50, 4, 0.2F), deteccao('c', 50, 9, 5, 0.2F)};
+  const auto quantos = [&](double c, double r, double q, double qInter, double e) {
+    LISTA saida;
+    filtInter(v, saida, cv::Size(100, 100), c, 1, r, 1, q, qInter, e, 1);
+    std::string letras;
+    for (const MAXLOCAL& m : saida) letras += m.forma;
+    return letras;
+  };
+  EXPECT_EQ(quantos(0, 0, 0, 1, 0), "qqerc");
+  EXPECT_EQ(quantos(0.3, 0, 0, 1, 0), "qqer");
+  EXPECT_EQ(quantos(0, 0.3, 0, 1, 0), "qqec");
+  EXPECT_EQ(quantos(0, 0, 0.6, 1, 0), "erc");
+  EXPECT_EQ(quantos(0, 0, 0, 0.1, 0), "qerc");
+  EXPECT_EQ(quantos(0, 0, 0, 1, 0.3), "qqrc");
+}
 
 const cv::Size cem(100, 100);
 
@@ -58,7 +75,7 @@ TEST(FiltInter, SegundoCirculoIgualSoPassaComMaximo1) {
 
 TEST(FiltInter, AdmitidaSaiQuandoOVizinhoPassaDoMaximoDele) {
   const LISTA v = {deteccao('e', 50, 50, 21), deteccao('q', 50, 50, 21)};
-  LIMITES t = todos(0, 1);
+  LIMIARES t = todos(0, 1);
   EXPECT_EQ(mantidos(v, cem, t), (POSICOES{0, 1}));
   t.elipse.maxInter = menosQue1;
   EXPECT_EQ(mantidos(v, cem, t), (POSICOES{0}));
@@ -88,7 +105,7 @@ TEST(FiltInter, InterseccaoIgualAoMaximoPassaDosDoisLados) {
   EXPECT_EQ(mantidos(v, cem, todos(0, 0.2)), (POSICOES{0, 1}));
   EXPECT_EQ(mantidos(v, cem, todos(0, std::nextafter(0.2, 0))), (POSICOES{0}));
   const LISTA misto = {deteccao('q', 50, 50, 4), deteccao('r', 50, 54, 4)};
-  LIMITES t = todos(0, 1);
+  LIMIARES t = todos(0, 1);
   t.quadrado.maxInter = 0.2;
   EXPECT_EQ(mantidos(misto, cem, t), (POSICOES{0, 1}));
   t.quadrado.maxInter = std::nextafter(0.2, 0);
@@ -99,8 +116,8 @@ TEST(FiltInter, CadaLetraUsaOsSeusLimiares) {
   const LISTA v = {deteccao('c', 20, 20, 9, 0.1F), deteccao('r', 20, 70, 9, 0.2F),
                    deteccao('q', 70, 20, 9, 0.3F), deteccao('e', 70, 70, 9, 0.4F)};
   for (int excluida = 0; excluida < 4; ++excluida) {
-    LIMITES t = todos(0, 0);
-    LIMITE* ordem[] = {&t.circulo, &t.retangulo, &t.quadrado, &t.elipse};
+    LIMIARES t = todos(0, 0);
+    LIMIAR* ordem[] = {&t.circulo, &t.retangulo, &t.quadrado, &t.elipse};
     ordem[excluida]->minCorr = 0.9;
     POSICOES esperadas = {0, 1, 2, 3};
     esperadas.erase(esperadas.begin() + excluida);
@@ -143,12 +160,12 @@ LISTA comRetirada(int li, int ci) {
 }
 
 TEST(FiltInter, RetiradaLongeDoCantoContinuaBloqueando) {
-  const LIMITES t = {{0, 0.1}, folgado, folgado, {0, 0.3}};
+  const LIMIARES t = {{0, 0.1}, folgado, folgado, {0, 0.3}};
   EXPECT_EQ(mantidos(comRetirada(50, 50), cem, t), (POSICOES{0}));
 }
 
 TEST(FiltInter, RetiradaNoCantoLiberaOsSeusPixels) {
-  const LIMITES t = {{0, 0.1}, folgado, folgado, {0, 0.3}};
+  const LIMIARES t = {{0, 0.1}, folgado, folgado, {0, 0.3}};
   EXPECT_EQ(mantidos(comRetirada(12, 12), cem, t), (POSICOES{0, 2}));
 }
 
@@ -159,7 +176,7 @@ TEST(FiltInter, RetiradaLiberaSoORetanguloDoTamanhoDaMascara) {
   for (int l = 0; l < 12; ++l) {
     for (int c = 0; c < 12; ++c) v.push_back(deteccao('e', l, c, 0));
   }
-  const LIMITES t = {{0, 0.5}, folgado, folgado, {0, 0.5}};
+  const LIMIARES t = {{0, 0.5}, folgado, folgado, {0, 0.5}};
   std::vector<std::string> livres(12, std::string(12, '#'));
   for (const int k : mantidos(v, cv::Size(12, 12), t)) {
     if (k >= 2)
@@ -181,7 +198,7 @@ TEST(FiltInter, RetiradaLiberaSoORetanguloDoTamanhoDaMascara) {
 
 TEST(FiltInter, RetiradaComMascaraMaiorQueAImagemViolaAAfirmacao) {
   const LISTA v = {deteccao('c', 2, 2, 1), deteccao('q', 2, 2, 20)};
-  const LIMITES t = {{0, 0.5}, folgado, folgado, folgado};
+  const LIMIARES t = {{0, 0.5}, folgado, folgado, folgado};
   for (const cv::Size tamanho : {cv::Size(5, 5), cv::Size(5, 60), cv::Size(60, 5)}) {
     EXPECT_EXIT(mantidos(v, tamanho, t), testing::KilledBySignal(SIGABRT),
                 "pimvet:[0-9]+: .*: Assertion .l<rows && c<cols' failed");
@@ -192,7 +209,7 @@ TEST(FiltInter, RetiradaComMascaraMaiorQueAImagemViolaAAfirmacao) {
 TEST(FiltInter, MascaraDaLarguraDaImagemJaViolaPelaColunaAMais) {
   // A 7 by 7 mask whose square reaches column 7.
   const LISTA v = {deteccao('c', 4, 5, 1), deteccao('q', 4, 5, 4)};
-  const LIMITES t = {{0, 0.5}, folgado, folgado, folgado};
+  const LIMIARES t = {{0, 0.5}, folgado, folgado, folgado};
   EXPECT_EXIT(mantidos(v, cv::Size(7, 7), t), testing::KilledBySignal(SIGABRT),
               "Assertion .l<rows && c<cols' failed");
   EXPECT_EQ(mantidos(v, cv::Size(8, 7), t), (POSICOES{0}));

@@ -15,9 +15,9 @@ using OITO = std::array<double, 8>;
 OITO le(const std::string& parametros) {
   pim::ISTR s;
   s.texto = parametros;
-  const PARAMFILTRA p = leParametros(s);
-  return {p.minCorrCir, p.maxInterCir, p.minCorrRet, p.maxInterRet,
-          p.minCorrQua, p.maxInterQua, p.minCorrEli, p.maxInterEli};
+  const LIMIARES p = leParametros(s);
+  return {p.circulo.minCorr,  p.circulo.maxInter,  p.retangulo.minCorr, p.retangulo.maxInter,
+          p.quadrado.minCorr, p.quadrado.maxInter, p.elipse.minCorr,    p.elipse.maxInter};
 }
 
 TEST(LeParametros, SemParametrosTodasAsFormasUsam01E03) {

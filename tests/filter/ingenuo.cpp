@@ -14,13 +14,13 @@ using CELULA = std::pair<int, int>;
 struct FILTRO {
   int linhas;
   int colunas;
-  LIMITES limites;
+  LIMIARES limites;
   RETIRADA retirada;
   std::map<CELULA, std::vector<int>> grade;
   std::vector<MAXLOCAL> saida;
   FILTRADO resultado;
 
-  std::optional<LIMITE> limite(char forma) const {
+  std::optional<LIMIAR> limite(char forma) const {
     if (forma == 'c') return limites.circulo;
     if (forma == 'q') return limites.quadrado;
     if (forma == 'r') return limites.retangulo;
@@ -122,7 +122,7 @@ struct FILTRO {
   }
 
   void considera(const MAXLOCAL& m, std::size_t posicao) {
-    const std::optional<LIMITE> meu = limite(m.forma);
+    const std::optional<LIMIAR> meu = limite(m.forma);
     if (meu && static_cast<double>(m.correl) < meu->minCorr) return;
     if (meu && ocupacao(m) > meu->maxInter) return;
     const int wi = static_cast<int>(saida.size());
@@ -141,7 +141,7 @@ struct FILTRO {
     }
     vizinhos.erase(wi);
     for (const int j : vizinhos) {
-      const std::optional<LIMITE> dele = limite(saida.at(static_cast<std::size_t>(j)).forma);
+      const std::optional<LIMIAR> dele = limite(saida.at(static_cast<std::size_t>(j)).forma);
       if (dele && partilha(j) > dele->maxInter) return retira(m, mascara, wi);
     }
   }
@@ -149,7 +149,7 @@ struct FILTRO {
 
 }  // namespace
 
-FILTRADO filtraIngenuo(const std::vector<MAXLOCAL>& entrada, cv::Size tamanho, const LIMITES& t,
+FILTRADO filtraIngenuo(const std::vector<MAXLOCAL>& entrada, cv::Size tamanho, const LIMIARES& t,
                        RETIRADA retirada) {
   FILTRO filtro = {tamanho.height, tamanho.width, t, retirada, {}, {}, {}};
   for (std::size_t i = 0; i < entrada.size() && filtro.resultado.afirmacao.empty(); ++i) {

@@ -5,17 +5,9 @@
 #include <vector>
 
 #include "detect/maxlocal.h"
+#include "filter/limiares.h"
 
 // A slow, literal version of the intersection filter, to compare the program with.
-
-struct LIMITE {
-  double minCorr;
-  double maxInter;
-};
-
-struct LIMITES {
-  LIMITE circulo, retangulo, quadrado, elipse;
-};
 
 // Which cells a withdrawn detection leaves. The program does `doTamanhoDaMascara`; the others are
 // what a reader might take for it, and show that a test tells them apart.
@@ -28,5 +20,5 @@ struct FILTRADO {
   std::string afirmacao;              // the assertion that ended the run; empty when none did
 };
 
-FILTRADO filtraIngenuo(const std::vector<MAXLOCAL>& entrada, cv::Size tamanho, const LIMITES& t,
+FILTRADO filtraIngenuo(const std::vector<MAXLOCAL>& entrada, cv::Size tamanho, const LIMIARES& t,
                        RETIRADA retirada = RETIRADA::doTamanhoDaMascara);

@@ -46,10 +46,11 @@ TEST(FiltroRapido, IgualAFormaSimplesEmListasSorteadas) {
     const int lado = 30 + static_cast<int>(g() % 60);
     auto v = lista(g, 150, lado);
     const double inter = static_cast<double>(g() % 10) / 10;
+    const LIMIARES limiares = {{0.1, inter}, {0.1, inter / 2}, {0.1, 0.2}, {0.1, 0.3}};
     std::vector<MAXLOCAL> rapido;
     std::vector<MAXLOCAL> simples;
-    filtInter(v, rapido, {lado, lado}, 0.1, inter, 0.1, inter / 2, 0.1, 0.2, 0.1, 0.3);
-    referencia::filtInter(v, simples, {lado, lado}, 0.1, inter, 0.1, inter / 2, 0.1, 0.2, 0.1, 0.3);
+    filtInter(v, rapido, {lado, lado}, limiares);
+    referencia::filtInter(v, simples, {lado, lado}, limiares);
     ASSERT_EQ(rapido.size(), simples.size()) << vez;
     for (std::size_t i = 0; i < rapido.size(); ++i) {
       ASSERT_EQ(rapido[i].correl, simples[i].correl) << vez;

@@ -17,7 +17,7 @@ constexpr double naoNumero = std::numeric_limits<double>::quiet_NaN();
 struct CASO {
   cv::Size tamanho;
   std::vector<MAXLOCAL> entrada;
-  LIMITES limites;
+  LIMIARES limites;
 };
 
 int centro(std::mt19937& sorteio, int n) {
@@ -52,7 +52,7 @@ MAXLOCAL sorteiaDeteccao(std::mt19937& sorteio, const CASO& caso, int maiorLado)
   return m;
 }
 
-LIMITE limite(std::mt19937& sorteio) {
+LIMIAR limite(std::mt19937& sorteio) {
   constexpr double minimos[] = {-1, 0, 0.1, 0.2, 0.5, naoNumero};
   constexpr double maximos[] = {0, 0.05, 0.1, 0.2, 0.3, 0.3, 0.5, 0.8, 1, 1, naoNumero};
   return {minimos[sorteia(sorteio, 0, 5)], maximos[sorteia(sorteio, 0, 10)]};
@@ -73,10 +73,7 @@ CASO sorteado(std::mt19937& sorteio) {
 
 std::vector<MAXLOCAL> filtraCaso(CASO caso) {
   std::vector<MAXLOCAL> saida;
-  const LIMITES& t = caso.limites;
-  filtInter(caso.entrada, saida, caso.tamanho, t.circulo.minCorr, t.circulo.maxInter,
-            t.retangulo.minCorr, t.retangulo.maxInter, t.quadrado.minCorr, t.quadrado.maxInter,
-            t.elipse.minCorr, t.elipse.maxInter);
+  filtInter(caso.entrada, saida, caso.tamanho, caso.limites);
   return saida;
 }
 

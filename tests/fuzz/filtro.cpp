@@ -13,8 +13,7 @@
 namespace {
 
 using LISTA = std::vector<MAXLOCAL>;
-using FILTRO = void (*)(LISTA&, LISTA&, cv::Size, double, double, double, double, double, double,
-                        double, double);
+using FILTRO = void (*)(const LISTA&, LISTA&, cv::Size, const LIMIARES&);
 
 // In quarters of pixels and mostly near the corner, where withdrawn shapes are taken off again.
 MAXLOCAL deteccao(ENTRADA& e) {
@@ -37,9 +36,10 @@ double limiar(ENTRADA& e) {
 }
 
 // How it ends: nothing, or what was thrown.
-std::string fimDe(FILTRO filtro, LISTA entrada, LISTA& saida, cv::Size tamanho, const double* t) {
+std::string fimDe(FILTRO filtro, const LISTA& entrada, LISTA& saida, cv::Size tamanho,
+                  const LIMIARES& t) {
   try {
-    filtro(entrada, saida, tamanho, t[0], t[1], t[2], t[3], t[4], t[5], t[6], t[7]);
+    filtro(entrada, saida, tamanho, t);
     return "";
   } catch (const AFIRMACAO& a) {
     return a.what();
@@ -67,8 +67,11 @@ bool legalEGrande(const MAXLOCAL& m) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t n) {
   ENTRADA e{bytes, n};
   const cv::Size tamanho{e.inteiro(1, 50), e.inteiro(1, 50)};
-  double limiares[8];
-  for (double& t : limiares) t = limiar(e);
+  LIMIARES limiares;
+  for (LIMIAR* t : {&limiares.circulo, &limiares.retangulo, &limiares.quadrado, &limiares.elipse}) {
+    t->minCorr = limiar(e);
+    t->maxInter = limiar(e);
+  }
   LISTA entrada;
   while (e.restam > 0 && entrada.size() < 40) entrada.push_back(deteccao(e));
   for (const MAXLOCAL& m : entrada) {

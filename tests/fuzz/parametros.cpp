@@ -12,19 +12,16 @@
 
 namespace {
 
-struct PAR {
-  double minCorr = -1;
-  double maxInter = -1;
-};
+constexpr LIMIAR semValor = {-1, -1};
 
 // By the first letter of the shape, 'd' for the default; false when the words are no parameters.
-bool leSimples(const std::vector<std::string>& tokens, std::map<char, PAR>& pares) {
+bool leSimples(const std::vector<std::string>& tokens, std::map<char, LIMIAR>& pares) {
   constexpr const char* nomes[] = {"default", "circulo", "retangulo", "quadrado", "elipse"};
-  pares = {{'d', {0.1, 0.3}}, {'c', {}}, {'r', {}}, {'q', {}}, {'e', {}}};
+  pares = {{'d', {0.1, 0.3}}, {'c', semValor}, {'r', semValor}, {'q', semValor}, {'e', semValor}};
   for (std::size_t i = 0; i < tokens.size(); i += 3) {
     const std::string palavra = pim::minuscula(tokens[i]);
     if (palavra == "eof") break;
-    PAR par;
+    LIMIAR par;
     const bool conhecida =
         std::find(std::begin(nomes), std::end(nomes), palavra) != std::end(nomes);
     if (!conhecida || i + 2 >= tokens.size() || !pim::paraNumero(tokens[i + 1], par.minCorr) ||
@@ -46,8 +43,8 @@ bool igual(double a, double b) {
   return a == b || (a != a && b != b);
 }
 
-bool igual(const PAR& par, double minCorr, double maxInter) {
-  return igual(par.minCorr, minCorr) && igual(par.maxInter, maxInter);
+bool igual(const LIMIAR& a, const LIMIAR& b) {
+  return igual(a.minCorr, b.minCorr) && igual(a.maxInter, b.maxInter);
 }
 
 }  // namespace
@@ -61,16 +58,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t n) 
   }
   pim::ISTR s;
   s.arg2str(static_cast<int>(argv.size()), argv.data());
-  std::map<char, PAR> esperado;
+  std::map<char, LIMIAR> esperado;
   const bool serve = leSimples(tokensSimples(s.texto), esperado);
-  PARAMFILTRA p;
+  LIMIARES p;
   const std::string erro = erroDe([&] { p = leParametros(s); });
   confere(erro.empty() == serve, "parametros aceitos: " + erro);
   if (!serve) return 0;
-  confere(igual(esperado['d'], p.minCorrDef, p.maxInterDef), "default");
-  confere(igual(esperado['c'], p.minCorrCir, p.maxInterCir), "circulo");
-  confere(igual(esperado['r'], p.minCorrRet, p.maxInterRet), "retangulo");
-  confere(igual(esperado['q'], p.minCorrQua, p.maxInterQua), "quadrado");
-  confere(igual(esperado['e'], p.minCorrEli, p.maxInterEli), "elipse");
+  confere(igual(esperado['c'], p.circulo), "circulo");
+  confere(igual(esperado['r'], p.retangulo), "retangulo");
+  confere(igual(esperado['q'], p.quadrado), "quadrado");
+  confere(igual(esperado['e'], p.elipse), "elipse");
   return 0;
 }

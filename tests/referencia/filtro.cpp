@@ -17,33 +17,6 @@ constexpr const char* assinatura =
     "void filtInter(std::vector<MAXLOCAL>&, std::vector<MAXLOCAL>&, cv::Size, double, double, "
     "double, double, double, double, double, double)";
 
-struct LIMIAR {
-  double minCorr;
-  double maxInter;
-};
-
-struct LIMIARES {
-  LIMIAR circulo, retangulo, quadrado, elipse;
-
-  // What a letter without thresholds gets: comparisons with NaN reject nothing.
-  static constexpr LIMIAR nenhum = {semValor, semValor};
-
-  const LIMIAR& de(char forma) const {
-    switch (forma) {
-      case 'c':
-        return circulo;
-      case 'q':
-        return quadrado;
-      case 'r':
-        return retangulo;
-      case 'e':
-        return elipse;
-      default:
-        return nenhum;
-    }
-  }
-};
-
 // A centre far outside any grid would overflow when a mask offset is added; this far out all
 // positions are equally outside.
 int limita(std::int64_t x) {
@@ -146,16 +119,11 @@ double sobreposicaoViz(const MAXLOCAL& m, int indice, cv::Mat_<unsigned char>& m
 
 }  // namespace
 
-void filtInter(std::vector<MAXLOCAL>& entrada, std::vector<MAXLOCAL>& saida, cv::Size tamanho,
-               double minCorrCir, double maxInterCir, double minCorrRet, double maxInterRet,
-               double minCorrQua, double maxInterQua, double minCorrEli, double maxInterEli) {
-  const LIMIARES limiares = {{minCorrCir, maxInterCir},
-                             {minCorrRet, maxInterRet},
-                             {minCorrQua, maxInterQua},
-                             {minCorrEli, maxInterEli}};
+void filtInter(const std::vector<MAXLOCAL>& entrada, std::vector<MAXLOCAL>& saida, cv::Size tamanho,
+               const LIMIARES& limiares) {
   GRADE grade = gradeVazia(tamanho);
   for (const MAXLOCAL& m : entrada) {
-    const LIMIAR& limiar = limiares.de(m.forma);
+    const LIMIAR limiar = limiares.de(m.forma);
     if (static_cast<double>(m.correl) < limiar.minCorr) continue;
     cv::Mat_<unsigned char> mascara;
     if (sobreposicao(m, mascara, grade) > limiar.maxInter) continue;

@@ -6,8 +6,7 @@
 // each pixel. Same contracts as filter/filtinter.h.
 namespace referencia {
 
-void filtInter(std::vector<MAXLOCAL>& entrada, std::vector<MAXLOCAL>& saida, cv::Size tamanho,
-               double minCorrCir, double maxInterCir, double minCorrRet, double maxInterRet,
-               double minCorrQua, double maxInterQua, double minCorrEli, double maxInterEli);
+void filtInter(const std::vector<MAXLOCAL>& entrada, std::vector<MAXLOCAL>& saida, cv::Size tamanho,
+               const LIMIARES& limiares);
 
 }  // namespace referencia
