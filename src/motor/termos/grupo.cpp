@@ -20,6 +20,10 @@ constexpr int maximoDeTrechos = 32767 / 255;
 constexpr std::size_t maximoDePartesDeLinhas = 5;
 constexpr std::size_t maximoDePartesDeColunas = 8;
 
+// Pixels of the regions that are kept while a group is cut up, two bytes each; beyond, kernels are
+// drawn again instead. All that most groups have.
+constexpr std::size_t maximoGuardado = std::size_t{1} << 26U;
+
 // The sides of whole and core, of a kernel or of a part of it.
 struct LADOS {
   std::vector<LADO> tudo;
@@ -28,9 +32,14 @@ struct LADOS {
 
 // A kernel on its way to terms.
 struct CORTADO {
-  REGIOES regioes;
+  const MASCARA* mascara;
+  std::optional<REGIOES> guardadas;  // as long as those of the group don't take too much
   LADOS inteiro;
   std::vector<LADOS> partes;
+
+  REGIOES regioes() const {
+    return guardadas ? *guardadas : regioesDoKernel(kernels::imagemDoKernel(*mascara)).value();
+  }
 };
 
 LADOS ladosDe(const REGIAO& tudo, const REGIAO& nucleo) {
@@ -43,11 +52,11 @@ template <class DIVIDE, class SO>
 bool divideTodos(std::vector<CORTADO>& kernels, std::size_t maximo, DIVIDE divide, SO so) {
   std::vector<std::vector<cv::Range>> divisoes;
   for (const CORTADO& k : kernels) {
-    divisoes.push_back(divide(k.regioes));
+    divisoes.push_back(divide(k.regioes()));
     if (divisoes.back().empty() || divisoes.back().size() > maximo) return false;
   }
   for (std::size_t i = 0; i < kernels.size(); ++i) {
-    const REGIOES& r = kernels[i].regioes;
+    const REGIOES r = kernels[i].regioes();
     for (const cv::Range& x : divisoes[i]) {
       kernels[i].partes.push_back(ladosDe(so(r.tudo, x), so(r.nucleo, x)));
     }
@@ -106,14 +115,12 @@ void escreveTodos(std::vector<CORTADO>& cortados, GRUPO& grupo) {
   grupo.planos = planosDasEscadas(escadas);
   for (std::size_t i = 0; i < cortados.size(); ++i) {
     ESQUEMA& e = grupo.kernels[i];
-    const REGIOES& regioes = cortados[i].regioes;
-    e.nAnel = regioes.nAnel;
-    e.nNucleo = regioes.nNucleo;
     e.inteira = escreve(cortados[i].inteiro, escadas, grupo.margem);
     for (const LADOS& x : cortados[i].partes) {
       e.partes.push_back(escreve(x, escadas, grupo.margem));
     }
     if (grupo.divisao != DIVISAO::colunas) continue;
+    const REGIOES regioes = cortados[i].regioes();
     e.pedacosDoTudo = pedacos(regioes.tudo, grupo.margem);
     e.pedacosDoNucleo = pedacos(regioes.nucleo, grupo.margem);
   }
@@ -124,14 +131,19 @@ void escreveTodos(std::vector<CORTADO>& cortados, GRUPO& grupo) {
 GRUPO esquematiza(const std::vector<MASCARA>& kernels, int primeiro, int ultimo) {
   GRUPO grupo;
   std::vector<CORTADO> cortados;
+  std::size_t guardados = 0;
   for (int k = primeiro; k <= ultimo; ++k) {
     const MASCARA& m = kernels[static_cast<std::size_t>(k)];
     grupo.kernels.push_back({k, m.sPir, m, 0, 0, {}, {}, {}, {}});
-    if (const std::optional<REGIOES> r = regioesDoKernel(kernels::imagemDoKernel(m))) {
-      cortados.push_back({*r, ladosDe(r->tudo, r->nucleo), {}});
-    } else {
-      grupo.serve = false;
-    }
+    std::optional<REGIOES> r;
+    if (grupo.serve) r = regioesDoKernel(kernels::imagemDoKernel(m));
+    grupo.serve = r.has_value();
+    if (!r) continue;
+    grupo.kernels.back().nAnel = r->nAnel;
+    grupo.kernels.back().nNucleo = r->nNucleo;
+    cortados.push_back({&m, {}, ladosDe(r->tudo, r->nucleo), {}});
+    guardados += r->tudo.total();
+    if (guardados <= maximoGuardado) cortados.back().guardadas = r;
   }
   if (grupo.serve) escreveTodos(cortados, grupo);
   return grupo;
