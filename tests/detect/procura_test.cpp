@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <random>
 #include <stdexcept>
 #include <thread>
@@ -113,6 +114,22 @@ TEST(Procura, UltimosKernelsDeInic0E1NaoSaoUsados) {
   v.push_back(circulo(30, 0));
   v.push_back(circulo(25, 1));
   EXPECT_EQ(primeiraDiferenca(detect::procura(graos(), v, 0.05), esperados), -1);
+}
+
+TEST(Procura, KernelsSemImagensDaoOMesmo) {
+  std::vector<MASCARA> v = conjunto();
+  for (MASCARA& m : v) {
+    m.kernel.release();
+    m.molde = {m.forma, m.d1, m.d2, m.ang};
+  }
+  const auto esperados = detect::procura(graos(), conjunto(), 0.05);
+  EXPECT_EQ(primeiraDiferenca(detect::procura(graos(), v, 0.05), esperados), -1);
+  // On values that only the general filter takes.
+  cv::Mat_<float> estranha = reais(graos());
+  estranha(70, 70) = std::numeric_limits<float>::infinity();
+  const auto daEstranha = detect::procura(estranha, conjunto(), 0.05);
+  ASSERT_FALSE(daEstranha.empty());
+  EXPECT_EQ(primeiraDiferenca(detect::procura(estranha, v, 0.05), daEstranha), -1);
 }
 
 TEST(Procura, NadaAchadoDaListaVazia) {
