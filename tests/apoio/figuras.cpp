@@ -17,10 +17,6 @@ cv::Mat_<VEC3B> fotoSorteada(std::mt19937& sorteio, int rows, int cols) {
   return img;
 }
 
-bool iguais(const cv::Mat_<VEC3B>& a, const cv::Mat_<VEC3B>& b) {
-  return a.size() == b.size() && cv::norm(a, b, cv::NORM_INF) == 0;
-}
-
 std::vector<std::string> retrato(const cv::Mat_<VEC3B>& img) {
   std::vector<std::string> linhas;
   for (int l = 0; l < img.rows; ++l) {

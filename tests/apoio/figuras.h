@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <opencv2/core.hpp>
 #include <random>
 #include <string>
@@ -17,7 +18,10 @@ int sorteia(std::mt19937& sorteio, int de, int ate);
 cv::Mat_<pim::VEC3B> fotoSorteada(std::mt19937& sorteio, int rows, int cols);
 
 // Whether both images have the same size and the same pixels.
-bool iguais(const cv::Mat_<pim::VEC3B>& a, const cv::Mat_<pim::VEC3B>& b);
+template <class PIXEL>
+bool iguais(const cv::Mat_<PIXEL>& a, const cv::Mat_<PIXEL>& b) {
+  return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin());
+}
 
 // One string per row: '.' black, 'R' red, 'G' green, 'W' white, '?' any other colour.
 std::vector<std::string> retrato(const cv::Mat_<pim::VEC3B>& img);

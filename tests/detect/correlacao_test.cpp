@@ -4,8 +4,9 @@
 
 #include <random>
 
-#include "detect/ingenua.h"
+#include "apoio/detector.h"
 #include "kernels/normaliza.h"
+#include "referencia/correlacao.h"
 
 namespace {
 
@@ -26,7 +27,7 @@ TEST(CorrelaPiramide, EhASomaDiretaComBordaRepetida) {
       std::vector<FLOAT> saida;
       correlaPiramide(p, K, saida, 0);
       ASSERT_EQ(saida.size(), 1U);
-      ASSERT_LE(maiorDiferenca(saida[0], somaDireta(p[0], K)), tolerancia)
+      ASSERT_LE(maiorDiferenca(saida[0], referencia::somaDireta(p[0], K)), tolerancia)
           << "kernel " << n << " imagem " << tamanho;
     }
   }
@@ -39,7 +40,7 @@ TEST(CorrelaPiramide, KernelDeFormaRealEhASomaDireta) {
   kernelRetangulo(K, 30, 12, 25);
   std::vector<FLOAT> saida;
   correlaPiramide({img}, K, saida, 0);
-  EXPECT_LE(maiorDiferenca(saida[0], somaDireta(img, K)), tolerancia);
+  EXPECT_LE(maiorDiferenca(saida[0], referencia::somaDireta(img, K)), tolerancia);
 }
 
 TEST(CorrelaPiramide, KernelNaoEhVirado) {
@@ -82,7 +83,7 @@ TEST(CorrelaPiramide, SaidaTemUmaImagemPorNivelEMesmoAcimaDoUltimo) {
   correlaPiramide(p, K, saida, 1);
   ASSERT_EQ(saida.size(), 4U);
   for (std::size_t L = 0; L < 4; ++L) EXPECT_EQ(saida[L].size(), p[L].size());
-  EXPECT_LE(maiorDiferenca(saida[1], somaDireta(p[1], K)), tolerancia);
+  EXPECT_LE(maiorDiferenca(saida[1], referencia::somaDireta(p[1], K)), tolerancia);
 }
 
 TEST(CorrelaPiramide, UltimoNegativoSoPreparaAsImagens) {

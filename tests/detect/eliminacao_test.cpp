@@ -6,8 +6,9 @@
 #include <limits>
 #include <random>
 
-#include "detect/ingenua.h"
+#include "apoio/detector.h"
 #include "detect/ordenacao.h"
+#include "referencia/proximos.h"
 
 namespace {
 
@@ -28,7 +29,7 @@ LISTA eliminaIngenuo(const LISTA& entrada, int maxDist) {
   }
   std::stable_sort(mantidos.begin(), mantidos.end(),
                    [](const MAXLOCAL& a, const MAXLOCAL& b) { return a.ci < b.ci; });
-  ordenaLiteral(mantidos, 0, static_cast<int>(mantidos.size()) - 1);
+  referencia::ordena(mantidos, 0, static_cast<int>(mantidos.size()) - 1);
   return mantidos;
 }
 
@@ -53,7 +54,7 @@ TEST(EliminaProximo, ListasSorteadasSaoAsDeTodosOsPares) {
                 static_cast<int>(g() % lado) - 5, static_cast<int>(g() % lado) - 5);
       m.d1 = static_cast<double>(g());  // tells the copies apart
     }
-    ordenaLiteral(entrada, 0, static_cast<int>(entrada.size()) - 1);
+    referencia::ordena(entrada, 0, static_cast<int>(entrada.size()) - 1);
     const int maxDist = static_cast<int>(g() % 6);
     const LISTA antes = entrada;
     LISTA saida(7);

@@ -3,9 +3,10 @@
 #include <algorithm>
 #include <random>
 
+#include "apoio/detector.h"
 #include "detect/correlacao.h"
-#include "detect/ingenua.h"
 #include "kernels/normaliza.h"
+#include "referencia/correlacao.h"
 
 namespace {
 
@@ -66,7 +67,7 @@ void conferePixel(const MELHOR& grupo, const PIRAMIDE& p, const std::vector<MASC
   for (int i = faixa[0]; i <= faixa[1]; ++i) {
     const MASCARA& m = v[static_cast<std::size_t>(i)];
     if (m.sPir < static_cast<int>(L)) continue;
-    const double soma = somaEm(p[L], m.kernel, l, c);
+    const double soma = referencia::somaEm(p[L], m.kernel, l, c);
     melhor = std::max(melhor, soma);
     if (i == k) doEscolhido = soma;
   }
@@ -120,7 +121,7 @@ TEST(CorrelaGrupo, KernelsSorteadosSaoOMaximoDasSomasDiretas) {
 
 TEST(CorrelaGrupo, FormasSobreFotosSaoOMaximoDasSomasDiretas) {
   const auto kernel = [](std::mt19937& g) { return formaSorteada(g, 24); };
-  confereSorteados(33101, 25, kernel, fotoSorteada);
+  confereSorteados(33101, 25, kernel, cinzaSorteada);
 }
 
 TEST(CorrelaGrupo, FormasSobreImagensDeQualquerValorSaoOMaximoDasSomasDiretas) {
@@ -130,7 +131,7 @@ TEST(CorrelaGrupo, FormasSobreImagensDeQualquerValorSaoOMaximoDasSomasDiretas) {
 
 TEST(CorrelaGrupo, FormaJuntoDeKernelQualquerEhOMaximoDosDois) {
   std::mt19937 g(33103);
-  const PIRAMIDE p = piramideDe(fotoSorteada(g, 40, 33), 3);
+  const PIRAMIDE p = piramideDe(cinzaSorteada(g, 40, 33), 3);
   const std::vector<MASCARA> v = {nucleo(formaSorteada(g, 14), 2), nucleo(pesosSorteados(g, 9), 1),
                                   nucleo(formaSorteada(g, 14), 0)};
   confere(p, v, 0, 2);
@@ -152,7 +153,7 @@ TEST(CorrelaGrupo, FotoGrandeConferidaPorAmostra) {
   constexpr unsigned semente = 33105;
   SCOPED_TRACE(semente);
   std::mt19937 g(semente);
-  const PIRAMIDE p = piramideDe(fotoSorteada(g, 611, 1303), 3);
+  const PIRAMIDE p = piramideDe(cinzaSorteada(g, 611, 1303), 3);
   std::vector<MASCARA> v;
   for (int k = 0; k < 6; ++k) v.push_back(nucleo(formaSorteada(g, 40), k % 3));
   const MELHOR grupo(p, v, 0, 5);
@@ -181,7 +182,7 @@ TEST(CorrelaGrupo, ImagemLisaDaUmValorSoPertoDeZero) {
 
 TEST(CorrelaGrupo, VizinhancasIguaisTemValoresIguais) {
   std::mt19937 g(33107);
-  const FLOAT ladrilho = fotoSorteada(g, 16, 16);
+  const FLOAT ladrilho = cinzaSorteada(g, 16, 16);
   FLOAT img(160, 224);
   for (int l = 0; l < img.rows; ++l) {
     for (int c = 0; c < img.cols; ++c) img(l, c) = ladrilho(l % 16, c % 16);
@@ -204,14 +205,14 @@ TEST(CorrelaGrupo, EmpateFicaComOMenorIndice) {
   for (const FLOAT& K : kernels) {
     const std::vector<MASCARA> v = {nucleo(formaSorteada(g, 9), 0), nucleo(K, 0),
                                     nucleo(K.clone(), 0), nucleo(K, 0)};
-    const MELHOR grupo({fotoSorteada(g, 40, 40)}, v, 1, 3);
+    const MELHOR grupo({cinzaSorteada(g, 40, 40)}, v, 1, 3);
     EXPECT_TRUE(todosInt(grupo.kernel[0], 1)) << K.rows;
   }
 }
 
 TEST(CorrelaGrupo, SPirNegativoNaoContribui) {
   std::mt19937 g(33300);
-  const PIRAMIDE p = piramideDe(fotoSorteada(g, 16, 16), 2);
+  const PIRAMIDE p = piramideDe(cinzaSorteada(g, 16, 16), 2);
   const std::vector<MASCARA> v = {nucleo(formaSorteada(g, 9), -1), nucleo(formaSorteada(g, 9), 0),
                                   nucleo(formaSorteada(g, 9), -7)};
   const MELHOR grupo(p, v, 0, 2);
@@ -222,7 +223,7 @@ TEST(CorrelaGrupo, SPirNegativoNaoContribui) {
 
 TEST(CorrelaGrupo, NiveisAcimaDoSPirFicamComMenosUm) {
   std::mt19937 g(33301);
-  const PIRAMIDE p = piramideDe(fotoSorteada(g, 32, 32), 4);
+  const PIRAMIDE p = piramideDe(cinzaSorteada(g, 32, 32), 4);
   const MELHOR grupo(p, {nucleo(formaSorteada(g, 9), 1)}, 0, 0);
   EXPECT_TRUE(todosInt(grupo.kernel[1], 0));
   for (const std::size_t L : {2U, 3U}) {
@@ -233,7 +234,7 @@ TEST(CorrelaGrupo, NiveisAcimaDoSPirFicamComMenosUm) {
 
 TEST(CorrelaGrupo, PiramideDeUmNivelLimitaQualquerSPir) {
   std::mt19937 g(33302);
-  const MELHOR grupo({fotoSorteada(g, 16, 16)}, {nucleo(formaSorteada(g, 9), 2147483647)}, 0, 0);
+  const MELHOR grupo({cinzaSorteada(g, 16, 16)}, {nucleo(formaSorteada(g, 9), 2147483647)}, 0, 0);
   ASSERT_EQ(grupo.correl.size(), 1U);
   EXPECT_TRUE(todosInt(grupo.kernel[0], 0));
 }
@@ -253,11 +254,12 @@ TEST(CorrelaGrupo, FaixaVaziaDaListasDeMenosUm) {
 TEST(CorrelaGrupo, ListasSaoRefeitasACadaGrupo) {
   std::mt19937 g(33303);
   const std::vector<MASCARA> v = {nucleo(formaSorteada(g, 9), 3), nucleo(formaSorteada(g, 9), 0)};
-  MELHOR grupo(piramideDe(fotoSorteada(g, 32, 32), 4), v, 0, 1);
-  const PIRAMIDE menor = {fotoSorteada(g, 8, 8)};
+  MELHOR grupo(piramideDe(cinzaSorteada(g, 32, 32), 4), v, 0, 1);
+  const PIRAMIDE menor = {cinzaSorteada(g, 8, 8)};
   correlaGrupo(menor, v, 1, 1, grupo.correl, grupo.kernel);
   ASSERT_EQ(grupo.correl.size(), 1U);
-  EXPECT_LE(maiorDiferenca(grupo.correl[0], somaDireta(menor[0], v[1].kernel)), tolerancia);
+  EXPECT_LE(maiorDiferenca(grupo.correl[0], referencia::somaDireta(menor[0], v[1].kernel)),
+            tolerancia);
   EXPECT_TRUE(todosInt(grupo.kernel[0], 1));
 }
 

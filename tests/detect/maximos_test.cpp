@@ -7,7 +7,7 @@
 #include <limits>
 #include <random>
 
-#include "detect/ingenua.h"
+#include "apoio/detector.h"
 
 namespace {
 

@@ -10,8 +10,8 @@
 #include <random>
 #include <stdexcept>
 
+#include "apoio/detector.h"
 #include "apoio/pasta.h"
-#include "detect/ingenua.h"
 
 namespace {
 

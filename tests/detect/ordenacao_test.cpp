@@ -7,7 +7,8 @@
 #include <csignal>
 #include <random>
 
-#include "detect/ingenua.h"
+#include "apoio/detector.h"
+#include "referencia/proximos.h"
 
 namespace {
 
@@ -66,7 +67,7 @@ std::vector<float> adversario(int n) {
     const int y = de(b) < 0 ? n : de(b);
     return x < y;
   };
-  quicksortLiteral(itens, 0, n - 1, maior);
+  referencia::quicksort(itens, 0, n - 1, maior);
   std::vector<float> correls;
   for (const int x : valor) correls.push_back(static_cast<float>(-(x < 0 ? n : x)));
   return correls;
@@ -85,7 +86,7 @@ TEST(Ordena, ListasSorteadasComEmpatesFicamNaOrdemDoAlgoritmo) {
     LISTA v = lista(correls);
     LISTA literal = v;
     ordenaTudo(v);
-    ordenaLiteral(literal, 0, static_cast<int>(literal.size()) - 1);
+    referencia::ordena(literal, 0, static_cast<int>(literal.size()) - 1);
     ASSERT_EQ(primeiraDiferenca(v, literal), -1) << "lista " << vez;
   }
 }
@@ -102,7 +103,7 @@ TEST(Ordena, FaixaInternaNaoTocaORestoDaLista) {
     const int l = static_cast<int>(g() % 50);
     const int r = l + static_cast<int>(g() % static_cast<unsigned>(50 - l));
     ordena(v, l, r);
-    ordenaLiteral(literal, l, r);
+    referencia::ordena(literal, l, r);
     ASSERT_EQ(primeiraDiferenca(v, literal), -1) << l << ".." << r;
   }
 }
@@ -154,7 +155,7 @@ TEST(Ordena, OrgaoDeTubosNaoEstouraAPilha) {
     LISTA v = lista(correls);
     LISTA literal = v;
     ordenaEmPilhaCurta(v);
-    ordenaLiteral(literal, 0, n - 1);
+    referencia::ordena(literal, 0, n - 1);
     EXPECT_EQ(primeiraDiferenca(v, literal), -1) << sinal;
   }
 }
@@ -164,7 +165,7 @@ TEST(Ordena, EntradaAdversaNaoEstouraAPilha) {
   LISTA v = lista(adversario(n));
   LISTA literal = v;
   ordenaEmPilhaCurta(v);
-  ordenaLiteral(literal, 0, n - 1);
+  referencia::ordena(literal, 0, n - 1);
   EXPECT_EQ(primeiraDiferenca(v, literal), -1);
   EXPECT_TRUE(emOrdem(v));
 }

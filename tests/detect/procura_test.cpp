@@ -6,12 +6,11 @@
 #include <limits>
 #include <random>
 #include <stdexcept>
-#include <thread>
 #include <utility>
 #include <vector>
 
+#include "apoio/detector.h"
 #include "detect/correlacao.h"
-#include "detect/ingenua.h"
 #include "detect/maximos.h"
 #include "detect/ordenacao.h"
 #include "kernels/normaliza.h"
@@ -202,18 +201,4 @@ TEST(Procura, OQueOAvisoLancaChegaAQuemChamou) {
     return true;
   };
   EXPECT_THROW(detect::procura(graos(), conjunto(), 0.05, lanca), std::runtime_error);
-}
-
-TEST(Procura, VariasAoMesmoTempoDaoOMesmo) {
-  const CINZA img = graos();
-  const std::vector<MASCARA> v = conjunto();
-  const auto esperados = detect::procura(img, v, 0.05);
-  std::vector<std::vector<MAXLOCAL>> achados(4);
-  std::vector<std::thread> linhas;
-  linhas.reserve(achados.size());
-  for (auto& lista : achados) {
-    linhas.emplace_back([&] { lista = detect::procura(img, v, 0.05); });
-  }
-  for (std::thread& t : linhas) t.join();
-  for (const auto& lista : achados) EXPECT_EQ(primeiraDiferenca(lista, esperados), -1);
 }

@@ -2,13 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include "kernels/ingenua.h"
+#include "apoio/figuras.h"
+#include "referencia/formas.h"
 
 using CINZA = cv::Mat_<unsigned char>;
 
 TEST(KernelParaCinza, NegativoPretoZeroMeioTomPositivoBranco) {
   CINZA G;
-  cv::Mat_<float> K = desenho("+0-/-+0");
+  cv::Mat_<float> K = referencia::desenho("+0-/-+0");
   for (float& x : K) x *= 1e-30F;
   kernelParaCinza(K, G);
   const CINZA esperada = (CINZA(2, 3) << 255, 128, 0, 0, 255, 128);
@@ -24,9 +25,9 @@ TEST(KernelParaCinza, ZeroExatoDeQualquerSinalEh128) {
 TEST(KernelParaCinza, ReusaAImagemDoMesmoTamanho) {
   CINZA G(2, 3, static_cast<unsigned char>(9));
   const CINZA copiaRasa = G;
-  kernelParaCinza(desenho("+0-/-+0"), G);
+  kernelParaCinza(referencia::desenho("+0-/-+0"), G);
   EXPECT_EQ(G.data, copiaRasa.data);
-  kernelParaCinza(desenho("+0-"), G);
+  kernelParaCinza(referencia::desenho("+0-"), G);
   EXPECT_NE(G.data, copiaRasa.data);
   EXPECT_EQ(G.size(), cv::Size(3, 1));
 }

@@ -8,9 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "kernels/ingenua.h"
+#include "apoio/figuras.h"
 #include "kernels/lekernels.h"
 #include "le.h"
+#include "referencia/formas.h"
 
 namespace {
 
@@ -30,7 +31,7 @@ struct CASO {
   std::vector<MASCARA> esperados;
 };
 
-void sorteiaAjustes(SORTEIO& g, AJUSTE& a, std::string& texto) {
+void sorteiaAjustes(SORTEIO& g, referencia::AJUSTE& a, std::string& texto) {
   a.passoAng = escolhe(g, {15, 22.5, 45, 30.1, 100, 200});
   a.escOitava = 1 + static_cast<int>(g() % 7);
   a.escMin = escolhe(g, {0.5, 0.55, 0.7, 0.9});
@@ -46,7 +47,7 @@ CASO sorteia(SORTEIO& g) {
   std::uniform_real_distribution<double> tamanho(10, 26);
   std::uniform_real_distribution<double> diametro(2, 14);
   CASO caso;
-  AJUSTE a;
+  referencia::AJUSTE a;
   const std::vector<std::string> nomes = {"circulo", "quadrado", "retangulo", "elipse"};
   for (int i = 0; i < 4; ++i) {
     if (g() % 2 == 0) sorteiaAjustes(g, a, caso.texto);
@@ -54,7 +55,8 @@ CASO sorteia(SORTEIO& g) {
     const double d1 = qual == 0 ? diametro(g) : tamanho(g);
     const double d2 = qual < 2 ? d1 : tamanho(g);
     caso.texto += nomes[qual] + numero(d1) + (qual < 2 ? "" : numero(d2)) + "\n";
-    for (const MASCARA& m : expansaoIngenua(a, "cqre"[qual], d1, d2)) caso.esperados.push_back(m);
+    for (const MASCARA& m : referencia::expansao(a, "cqre"[qual], d1, d2))
+      caso.esperados.push_back(m);
   }
   return caso;
 }
@@ -101,13 +103,15 @@ int confereImagens(const std::vector<MASCARA>& v, IMAGEM imagem, DESENHA desenha
 
 int confereTudo(const std::vector<MASCARA>& v) {
   const auto nunca = [](const MASCARA&) { return false; };
-  const auto mascara = [](const MASCARA& m) { return mascaraIngenua(m.forma, m.d1, m.d2, m.ang); };
+  const auto mascara = [](const MASCARA& m) {
+    return referencia::mascara(m.forma, m.d1, m.d2, m.ang);
+  };
   const int kernels = confereImagens<float>(
       v, [](const MASCARA& m) { return m.kernel; },
-      [](const MASCARA& m) { return kernelIngenuo(m.forma, m.d1, m.d2, m.ang); }, usaTabela);
+      [](const MASCARA& m) { return referencia::kernel(m.forma, m.d1, m.d2, m.ang); }, usaTabela);
   const int contornos = confereImagens<unsigned char>(
       v, [](const MASCARA& m) { return m.contorno; },
-      [&](const MASCARA& m) { return contornoIngenuo(mascara(m)); }, nunca);
+      [&](const MASCARA& m) { return referencia::contorno(mascara(m)); }, nunca);
   const int mascaras = confereImagens<unsigned char>(
       v, [](const MASCARA& m) { return m.mascara; }, mascara, nunca);
   return std::min({kernels, contornos, mascaras});
@@ -159,8 +163,8 @@ TEST(Conjunto, AngulosDeUmaFormaDividemAsImagensEMostramOUltimo) {
   const std::vector<MASCARA> v = le("escala 1 a 1 passoang 45 retangulo 20 10 eof");
   ASSERT_EQ(v.size(), 4U);
   for (const MASCARA& m : v) {
-    EXPECT_TRUE(iguais(m.mascara, mascaraIngenua('r', 20, 10, 135)));
-    EXPECT_TRUE(iguais(m.kernel, kernelIngenuo('r', 20, 10, 135)));
+    EXPECT_TRUE(iguais(m.mascara, referencia::mascara('r', 20, 10, 135)));
+    EXPECT_TRUE(iguais(m.kernel, referencia::kernel('r', 20, 10, 135)));
   }
   EXPECT_EQ(v[0].ang, 0);  // the numbers of a record are its own
   EXPECT_EQ(v[3].ang, 135);
@@ -172,14 +176,14 @@ TEST(Conjunto, TabelaTomaKernelNovoMasMascaraAntiga) {
   EXPECT_NE(v[0].kernel.data, v[1].kernel.data);
   EXPECT_EQ(v[0].mascara.data, v[1].mascara.data);
   EXPECT_EQ(v[1].mascara.data, v[2].mascara.data);
-  EXPECT_TRUE(iguais(v[0].mascara, mascaraIngenua('c', 3, 3, 0)));
+  EXPECT_TRUE(iguais(v[0].mascara, referencia::mascara('c', 3, 3, 0)));
 }
 
 TEST(Conjunto, CasoGeralApagaATabelaDoMesmoTamanho) {
   const std::vector<MASCARA> v = le("escala 1 a 1 circulo 4 circulo 4.51 eof");
   ASSERT_EQ(v.size(), 2U);
   EXPECT_EQ(v[0].kernel.data, v[1].kernel.data);
-  EXPECT_TRUE(iguais(v[0].kernel, kernelIngenuo('c', 4.51, 4.51, 0)));
+  EXPECT_TRUE(iguais(v[0].kernel, referencia::kernel('c', 4.51, 4.51, 0)));
 }
 
 TEST(Conjunto, DiscosPequenosSemImagensMostramOMesmo) {

@@ -6,7 +6,8 @@
 #include <limits>
 #include <random>
 
-#include "kernels/ingenua.h"
+#include "apoio/figuras.h"
+#include "referencia/formas.h"
 
 namespace {
 
@@ -39,11 +40,12 @@ constexpr double infinito = std::numeric_limits<double>::infinity();
 }  // namespace
 
 TEST(MascaraCirculo, DiametrosDe1A4SaoTabelasFixas) {
-  EXPECT_TRUE(iguais(mascaraDe('c', 1, 0, 0), figura("+++/+0+/+++")));
-  EXPECT_TRUE(iguais(mascaraDe('c', 2, 0, 0), figura("+++++/++0++/+000+/++0++/+++++")));
-  EXPECT_TRUE(iguais(mascaraDe('c', 3, 0, 0), figura("+++++/+000+/+000+/+000+/+++++")));
-  EXPECT_TRUE(iguais(mascaraDe('c', 4, 0, 0),
-                     figura("+++++++/+++0+++/++000++/+00000+/++000++/+++0+++/+++++++")));
+  EXPECT_TRUE(iguais(mascaraDe('c', 1, 0, 0), referencia::figura("+++/+0+/+++")));
+  EXPECT_TRUE(iguais(mascaraDe('c', 2, 0, 0), referencia::figura("+++++/++0++/+000+/++0++/+++++")));
+  EXPECT_TRUE(iguais(mascaraDe('c', 3, 0, 0), referencia::figura("+++++/+000+/+000+/+000+/+++++")));
+  EXPECT_TRUE(
+      iguais(mascaraDe('c', 4, 0, 0),
+             referencia::figura("+++++++/+++0+++/++000++/+00000+/++000++/+++0+++/+++++++")));
 }
 
 TEST(MascaraCirculo, MeioArredondaParaOPar) {
@@ -56,8 +58,9 @@ TEST(MascaraCirculo, MeioArredondaParaOPar) {
 TEST(MascaraCirculo, PoucoAcimaDe4EMeioSegueOCasoGeral) {
   const CINZA m = mascaraDe('c', 4.51, 0, 0);
   EXPECT_EQ(m.size(), cv::Size(7, 7));
-  EXPECT_TRUE(iguais(m, figura("+++++++/+++0+++/++000++/+00000+/++000++/+++0+++/+++++++")));
-  EXPECT_TRUE(pertence('c', 2, 2, 0, 0, 2));
+  EXPECT_TRUE(
+      iguais(m, referencia::figura("+++++++/+++0+++/++000++/+00000+/++000++/+++0+++/+++++++")));
+  EXPECT_TRUE(referencia::pertence('c', 2, 2, 0, 0, 2));
 }
 
 TEST(MascaraCirculo, Diametro9TemLado11ERaio4) {
@@ -120,10 +123,10 @@ TEST(Mascaras, SaoAsDaVersaoIngenua) {
     const double d1 = tamanho(g);
     const double d2 = forma == 'c' || forma == 'q' ? d1 : tamanho(g);
     const double ang = i % 3 == 0 ? 15.0 * (i % 24) : angulo(g);
-    const CINZA esperada = mascaraIngenua(forma, d1, d2, ang);
+    const CINZA esperada = referencia::mascara(forma, d1, d2, ang);
     const CINZA obtida = mascaraDe(forma, d1, d2, ang);
     ASSERT_TRUE(iguais(obtida, esperada)) << forma << ' ' << d1 << ' ' << d2 << ' ' << ang;
-    ASSERT_TRUE(iguais(contornoDe(forma, d1, d2, ang), contornoIngenuo(esperada)))
+    ASSERT_TRUE(iguais(contornoDe(forma, d1, d2, ang), referencia::contorno(esperada)))
         << forma << ' ' << d1 << ' ' << d2 << ' ' << ang;
     ASSERT_EQ(obtida.rows % 2, 1);
   }
@@ -158,10 +161,10 @@ TEST(Mascaras, SaidaDoMesmoTamanhoEhDesenhadaPorCima) {
   const CINZA copiaRasa = out;
   mascaraQuadrado(out, 10, 0);
   EXPECT_EQ(out.data, copiaRasa.data);
-  EXPECT_TRUE(iguais(copiaRasa, mascaraIngenua('q', 10, 10, 0)));
+  EXPECT_TRUE(iguais(copiaRasa, referencia::mascara('q', 10, 10, 0)));
   contornoQuadrado(out, 10, 0);
   EXPECT_EQ(out.data, copiaRasa.data);
-  EXPECT_TRUE(iguais(copiaRasa, contornoIngenuo(mascaraIngenua('q', 10, 10, 0))));
+  EXPECT_TRUE(iguais(copiaRasa, referencia::contorno(referencia::mascara('q', 10, 10, 0))));
 }
 
 TEST(Mascaras, TabelasTambemReusamASaidaDoMesmoTamanho) {
@@ -190,17 +193,18 @@ TEST(MascarasDeathTest, TamanhoQueNaoCabeEhErroComAForma) {
 }
 
 TEST(ContornoInterno, Diametro1EhOProprioPixel) {
-  EXPECT_TRUE(iguais(contornoDe('c', 1, 0, 0), figura("+++/+0+/+++")));
+  EXPECT_TRUE(iguais(contornoDe('c', 1, 0, 0), referencia::figura("+++/+0+/+++")));
 }
 
 TEST(ContornoInterno, Diametro3EhAnelDe8Pixels) {
-  EXPECT_TRUE(iguais(contornoDe('c', 3, 0, 0), figura("+++++/+000+/+0+0+/+000+/+++++")));
+  EXPECT_TRUE(
+      iguais(contornoDe('c', 3, 0, 0), referencia::figura("+++++/+000+/+0+0+/+000+/+++++")));
 }
 
 TEST(ContornoInterno, PixelDaFormaNaBordaEhContorno) {
   CINZA out;
   contornoInterno(CINZA(3, 3, static_cast<unsigned char>(0)), out);
-  EXPECT_TRUE(iguais(out, figura("000/0+0/000")));
+  EXPECT_TRUE(iguais(out, referencia::figura("000/0+0/000")));
 }
 
 TEST(ContornoInterno, QualquerValorDiferenteDeZeroEhFundo) {
@@ -212,7 +216,7 @@ TEST(ContornoInterno, QualquerValorDiferenteDeZeroEhFundo) {
     for (unsigned char& x : img) x = static_cast<unsigned char>(g() % 4 == 0 ? 1 + g() % 255 : 0);
     CINZA out;
     contornoInterno(img, out);
-    ASSERT_TRUE(iguais(out, contornoIngenuo(img)));
+    ASSERT_TRUE(iguais(out, referencia::contorno(img)));
   }
 }
 

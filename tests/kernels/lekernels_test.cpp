@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "apoio/pasta.h"
-#include "kernels/ingenua.h"
 #include "le.h"
 
 namespace {

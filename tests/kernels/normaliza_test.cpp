@@ -5,7 +5,8 @@
 #include <cmath>
 #include <random>
 
-#include "kernels/ingenua.h"
+#include "apoio/figuras.h"
+#include "referencia/formas.h"
 
 namespace {
 
@@ -21,7 +22,7 @@ FLOAT kernelDe(char forma, double d1, double d2, double ang) {
 }
 
 FLOAT tabela(const std::string& linhas) {
-  FLOAT K = desenho(linhas);
+  FLOAT K = referencia::desenho(linhas);
   NegPosUm(K);
   return K;
 }
@@ -85,7 +86,7 @@ TEST(KernelCirculo, CasoGeralDesenhaSobreATabelaDoMesmoTamanho) {
   const FLOAT copiaRasa = K;
   kernelCirculo(K, 4.51);
   EXPECT_EQ(K.data, copiaRasa.data);
-  EXPECT_TRUE(iguais(copiaRasa, kernelIngenuo('c', 4.51, 4.51, 0)));
+  EXPECT_TRUE(iguais(copiaRasa, referencia::kernel('c', 4.51, 4.51, 0)));
 }
 
 TEST(KernelCirculo, QueArredondaParaZeroDeixaOKernelAnterior) {
@@ -139,7 +140,7 @@ TEST(Kernels, SaoOsDaVersaoIngenuaESomamZero) {
     const double d2 = forma == 'c' || forma == 'q' ? d1 : tamanho(g);
     const double ang = i % 3 == 0 ? 15.0 * (i % 24) : angulo(g);
     const FLOAT K = kernelDe(forma, d1, d2, ang);
-    ASSERT_TRUE(iguais(K, kernelIngenuo(forma, d1, d2, ang)))
+    ASSERT_TRUE(iguais(K, referencia::kernel(forma, d1, d2, ang)))
         << forma << ' ' << d1 << ' ' << d2 << ' ' << ang;
     const SOMAS s = somas(K);
     ASSERT_NEAR(s.positivos, 1, 1e-5);
@@ -154,7 +155,7 @@ TEST(Kernels, DoMesmoTamanhoReusamAMemoria) {
   EXPECT_EQ(K.data, copiaRasa.data);
   kernelQuadrado(K, 12, 45);
   EXPECT_NE(K.data, copiaRasa.data);
-  EXPECT_TRUE(iguais(copiaRasa, kernelIngenuo('q', 10, 10, 45)));
+  EXPECT_TRUE(iguais(copiaRasa, referencia::kernel('q', 10, 10, 45)));
 }
 
 TEST(KernelsDeathTest, NucleoQueCobreOAnelEhErro) {

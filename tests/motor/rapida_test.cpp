@@ -6,7 +6,6 @@
 #include <tuple>
 
 #include "detect/correlacao.h"
-#include "detect/ingenua.h"
 #include "kernels/formas.h"
 #include "kernels/normaliza.h"
 #include "motor/caminho.h"
@@ -59,7 +58,7 @@ void confereMapas(const PIRAMIDE& piramide, const std::vector<MASCARA>& kernels)
         double doEscolhido = -1;
         for (std::size_t k = 0; k < kernels.size(); ++k) {
           if (kernels[k].sPir < static_cast<int>(L)) continue;
-          const double x = somaEm(piramide[L], kernels[k].kernel, l, c);
+          const double x = referencia::somaEm(piramide[L], kernels[k].kernel, l, c);
           maior = std::max(maior, x);
           if (static_cast<int>(k) == qual[L](l, c)) doEscolhido = x;
         }

@@ -43,4 +43,24 @@ void correlaGrupo(const PIRAMIDE& piramide, const std::vector<MASCARA>& kernels,
   }
 }
 
+double somaEm(const cv::Mat_<float>& img, const cv::Mat_<float>& K, int l, int c) {
+  double soma = 0;
+  for (int i = 0; i < K.rows; ++i) {
+    for (int j = 0; j < K.cols; ++j) {
+      const int y = std::clamp(l + i - K.rows / 2, 0, img.rows - 1);
+      const int x = std::clamp(c + j - K.cols / 2, 0, img.cols - 1);
+      soma += static_cast<double>(K(i, j)) * static_cast<double>(img(y, x));
+    }
+  }
+  return soma;
+}
+
+cv::Mat_<double> somaDireta(const cv::Mat_<float>& img, const cv::Mat_<float>& K) {
+  cv::Mat_<double> out(img.size());
+  for (int l = 0; l < img.rows; ++l) {
+    for (int c = 0; c < img.cols; ++c) out(l, c) = somaEm(img, K, l, c);
+  }
+  return out;
+}
+
 }  // namespace referencia

@@ -6,14 +6,14 @@
 #include <random>
 #include <vector>
 
-#include "detect/ingenua.h"
+#include "apoio/detector.h"
 
 using namespace motor;
 
 TEST(Niveis, FotografiaDe8BitsEhInteiraNosDoisPrimeirosNiveis) {
   std::mt19937 g(20);
   PIRAMIDE piramide;
-  constroiPiramide(piramide, fotoSorteada(g, 64, 50), 3);
+  constroiPiramide(piramide, cinzaSorteada(g, 64, 50), 3);
   std::vector<NIVEL> niveis;
   for (const cv::Mat_<float>& imagem : piramide) niveis.push_back(representa(imagem));
   EXPECT_EQ(niveis[0].tipo, REPRESENTACAO::inteira);

@@ -6,8 +6,8 @@
 
 #include "kernels/mascara.h"
 
-// Slow versions of the shape images and of the kernel set, written apart from the program, to
-// compare it with.
+// The shape images and the kernel set in their plain form: pixel by pixel, by the definitions.
+namespace referencia {
 
 // The values of the settings of a kernel file.
 struct AJUSTE {
@@ -22,12 +22,12 @@ struct AJUSTE {
 bool pertence(char forma, int h1, int h2, double ang, int dl, int dc);
 
 // The filled shape (0 on 255), its inner outline, and the normalised kernel, of full sizes d1, d2.
-cv::Mat_<unsigned char> mascaraIngenua(char forma, double d1, double d2, double ang);
-cv::Mat_<unsigned char> contornoIngenuo(const cv::Mat_<unsigned char>& mascara);
-cv::Mat_<float> kernelIngenuo(char forma, double d1, double d2, double ang);
+cv::Mat_<unsigned char> mascara(char forma, double d1, double d2, double ang);
+cv::Mat_<unsigned char> contorno(const cv::Mat_<unsigned char>& mascara);
+cv::Mat_<float> kernel(char forma, double d1, double d2, double ang);
 
 // The records, without images, of one shape statement.
-std::vector<MASCARA> expansaoIngenua(const AJUSTE& a, char forma, double d1, double d2);
+std::vector<MASCARA> expansao(const AJUSTE& a, char forma, double d1, double d2);
 
 // The image drawn as rows separated by '/': '+' is 1, '-' is -1, '0' is 0.
 cv::Mat_<float> desenho(const std::string& linhas);
@@ -35,14 +35,4 @@ cv::Mat_<float> desenho(const std::string& linhas);
 // The same in bytes: '+' is 255.
 cv::Mat_<unsigned char> figura(const std::string& linhas);
 
-// Same size and same pixels.
-template <class T>
-bool iguais(const cv::Mat_<T>& a, const cv::Mat_<T>& b) {
-  if (a.size() != b.size()) return false;
-  for (int l = 0; l < a.rows; ++l) {
-    for (int c = 0; c < a.cols; ++c) {
-      if (a(l, c) != b(l, c)) return false;
-    }
-  }
-  return true;
-}
+}  // namespace referencia

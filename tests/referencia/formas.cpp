@@ -1,8 +1,9 @@
-#include "kernels/ingenua.h"
+#include "referencia/formas.h"
 
 #include <algorithm>
 #include <cmath>
 
+namespace referencia {
 namespace {
 
 constexpr double raiz2 = 1.4142135623730951;
@@ -92,7 +93,7 @@ bool pertence(char forma, int h1, int h2, double ang, int dl, int dc) {
   return u * u / h1 / h1 + v * v / h2 / h2 <= 1 + 1e-9;
 }
 
-cv::Mat_<unsigned char> mascaraIngenua(char forma, double d1, double d2, double ang) {
+cv::Mat_<unsigned char> mascara(char forma, double d1, double d2, double ang) {
   const int classe = classeDoCirculo(forma, d1);
   if (classe <= 4) return tabelaDeMascara(classe);
   const double maior = std::max(d1, d2);
@@ -104,7 +105,7 @@ cv::Mat_<unsigned char> mascaraIngenua(char forma, double d1, double d2, double 
   return img;
 }
 
-cv::Mat_<unsigned char> contornoIngenuo(const cv::Mat_<unsigned char>& mascara) {
+cv::Mat_<unsigned char> contorno(const cv::Mat_<unsigned char>& mascara) {
   cv::Mat_<unsigned char> larga(mascara.rows + 2, mascara.cols + 2,
                                 static_cast<unsigned char>(255));
   mascara.copyTo(larga(cv::Rect(1, 1, mascara.cols, mascara.rows)));
@@ -119,7 +120,7 @@ cv::Mat_<unsigned char> contornoIngenuo(const cv::Mat_<unsigned char>& mascara) 
   return out;
 }
 
-cv::Mat_<float> kernelIngenuo(char forma, double d1, double d2, double ang) {
+cv::Mat_<float> kernel(char forma, double d1, double d2, double ang) {
   const int classe = classeDoCirculo(forma, d1);
   cv::Mat_<float> K;
   if (classe <= 4) {
@@ -136,7 +137,7 @@ cv::Mat_<float> kernelIngenuo(char forma, double d1, double d2, double ang) {
   return K;
 }
 
-std::vector<MASCARA> expansaoIngenua(const AJUSTE& a, char forma, double d1, double d2) {
+std::vector<MASCARA> expansao(const AJUSTE& a, char forma, double d1, double d2) {
   std::vector<double> angulos = {0.0};
   const double limite = forma == 'c' ? 0.0 : forma == 'q' ? 90.0 : 180.0;
   while (angulos.back() + a.passoAng < limite) angulos.push_back(angulos.back() + a.passoAng);
@@ -182,3 +183,5 @@ cv::Mat_<unsigned char> figura(const std::string& linhas) {
   }
   return img;
 }
+
+}  // namespace referencia
