@@ -4,7 +4,7 @@
 #include <cmath>
 #include <utility>
 
-#include "examples/cenas/ajuste.h"
+#include "examples/cenas/forma/ajuste.h"
 
 namespace cenas {
 
@@ -14,6 +14,10 @@ constexpr int tentativas = 200;
 
 double milesimos(double x) {
   return std::round(x * 1000) / 1000;
+}
+
+cv::Point2d lugarEscrito(cv::Point2d p) {
+  return {milesimos(p.x), milesimos(p.y)};
 }
 
 GRAO arredondado(GRAO g) {
@@ -40,20 +44,20 @@ double partilhada(const RETALHO& a, const RETALHO& b) {
 // The grains laid so far, and how much of each is shared already.
 struct TERRENO {
   cv::Size tamanho;
-  double partilha;  // of a grain's area, at most
+  double partilha;  // of the area of grains set against each other, at most
   std::vector<OBJETO> objetos;
   std::vector<double> areas;
   std::vector<double> cobertas;
 
-  // Whether `r`, of `area` pixels, may lie there: it shares at most `partilha` of its own area and
-  // of theirs. Where nothing may be shared, the thousandth part stands for rounding.
-  bool cabe(const RETALHO& r, double area) const {
+  // Whether `r`, of `area` pixels, may lie there: it shares at most `parte` of its own area and of
+  // theirs. Where nothing may be shared, the thousandth part stands for rounding.
+  bool cabe(const RETALHO& r, double area, double parte) const {
+    const double limite = std::max(parte, 0.001);
     double minha = 0;
     for (std::size_t i = 0; i < objetos.size(); ++i) {
       if ((objetos[i].cobertura.caixa() & r.caixa()).empty()) continue;
       const double x = partilhada(objetos[i].cobertura, r);
       minha += x;
-      const double limite = std::max(partilha, 0.001);
       if (cobertas[i] + x > limite * areas[i] || minha > limite * area) return false;
     }
     return true;
@@ -118,8 +122,6 @@ struct CANDIDATO {
   CONTORNO contorno;
   bool corta;  // is to be cut by the border
 
-  cv::Point2d lugar(cv::Point2d p) const { return {milesimos(p.x), milesimos(p.y)}; }
-
   CONTORNO em(cv::Point2d p) const { return deslocado(contorno, p); }
 
   bool noQuadro(const CONTORNO& c, cv::Size tamanho) const {
@@ -134,12 +136,12 @@ bool livre(const TERRENO& t, const CANDIDATO& k, cv::Point2d p, double folga) {
   g.coluna = p.x;
   const double fator = 1 + 2 * folga / std::min(g.d1, g.d2);
   const RETALHO r = cobertura(escalado(k.em(p), g, fator));
-  return t.cabe(r, areaCoberta(r));
+  return t.cabe(r, areaCoberta(r), 0);
 }
 
 bool solto(const TERRENO& t, const CANDIDATO& k, double folga, SORTEIO& s, cv::Point2d& p) {
   const double fora = k.corta ? std::max(k.grao.d1, k.grao.d2) / 2 : 0;
-  p = k.lugar(
+  p = lugarEscrito(
       {s.uniforme(-fora, t.tamanho.width + fora), s.uniforme(-fora, t.tamanho.height + fora)});
   return k.noQuadro(k.em(p), t.tamanho) && livre(t, k, p, folga);
 }
@@ -152,9 +154,9 @@ bool encostado(const TERRENO& t, const CANDIDATO& k, SORTEIO& s, cv::Point2d& p)
   const double raio = (std::min(v.d1, v.d2) + std::min(k.grao.d1, k.grao.d2)) / 2;
   const double longe = std::hypot(v.d1, v.d2) + std::hypot(k.grao.d1, k.grao.d2);
   for (double d = raio * (1 - 1.2 * std::sqrt(t.partilha)); d < longe; d += 0.5) {
-    p = k.lugar({v.coluna + d * std::cos(direcao), v.linha + d * std::sin(direcao)});
+    p = lugarEscrito({v.coluna + d * std::cos(direcao), v.linha + d * std::sin(direcao)});
     const CONTORNO c = k.em(p);
-    if (!t.cabe(cobertura(c), area(c))) continue;
+    if (!t.cabe(cobertura(c), area(c), t.partilha)) continue;
     return k.noQuadro(c, t.tamanho);
   }
   return false;
@@ -171,7 +173,12 @@ OBJETO objeto(const POPULACAO& populacao, const CANDIDATO& k, cv::Point2d p) {
   g.linha = p.y;
   g.coluna = p.x;
   if (populacao.feitio == FEITIO::exato) return OBJETO(g, k.em(p));
-  return OBJETO(arredondado(ajusta(k.em(p), g.forma, g)), k.em(p));
+  GRAO dito = ajusta(k.em(p), g.forma, g);
+  if (populacao.feitio == FEITIO::oblongo && g.forma == 'r') {
+    const GRAO elipse = ajusta(k.em(p), 'e', g);
+    if (semelhanca(k.em(p), elipse) > semelhanca(k.em(p), dito)) dito = elipse;
+  }
+  return OBJETO(arredondado(dito), k.em(p));
 }
 
 }  // namespace

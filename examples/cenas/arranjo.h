@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "examples/cenas/contorno.h"
+#include "examples/cenas/forma/contorno.h"
 
 namespace cenas {
 

@@ -4,10 +4,10 @@
 #include <cmath>
 #include <cstdio>
 
-#include "examples/cenas/camera.h"
-#include "examples/cenas/chao.h"
-#include "examples/cenas/pintura.h"
-#include "examples/cenas/sujeira.h"
+#include "examples/cenas/imagem/camera.h"
+#include "examples/cenas/imagem/chao.h"
+#include "examples/cenas/imagem/pintura.h"
+#include "examples/cenas/imagem/sujeira.h"
 #include "pim/arquivo.h"
 
 namespace cenas {

@@ -2,7 +2,7 @@
 #include <cstdio>
 
 #include "examples/cenas/cena.h"
-#include "examples/cenas/tipos.h"
+#include "examples/cenas/tipos/tipos.h"
 #include "pim/erro.h"
 #include "pim/imagem.h"
 #include "pim/texto.h"

@@ -1,8 +1,8 @@
-#include "examples/cenas/ajuste.h"
+#include "examples/cenas/forma/ajuste.h"
 
 #include <gtest/gtest.h>
 
-#include "examples/cenas/contorno.h"
+#include "examples/cenas/forma/contorno.h"
 
 TEST(Ajuste, AchaAFormaDeUmContornoExato) {
   for (const char forma : {'c', 'q', 'r', 'e'}) {

@@ -1,11 +1,11 @@
-#include "examples/cenas/cobertura.h"
+#include "examples/cenas/forma/cobertura.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <numbers>
 
-#include "examples/cenas/contorno.h"
+#include "examples/cenas/forma/contorno.h"
 #include "kernels/formas.h"
 
 namespace {

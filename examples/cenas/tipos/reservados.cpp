@@ -1,6 +1,6 @@
 #include <array>
 
-#include "examples/cenas/tipos.h"
+#include "examples/cenas/tipos/tipos.h"
 
 namespace cenas {
 
@@ -20,8 +20,9 @@ const std::array tiposReservados = {
                        .quantos = {50, 80},
                        .tamanho = {18, 36},
                        .razao = {5, 11},
-                       .juntos = 0.9,
-                       .partilha = {0.4, 0.5}},
+                       .juntos = 0.6,
+                       .partilha = {0.25, 0.35},
+                       .folga = 1},
          .aspecto = {.contraste = {0.35, 0.8}, .aro = -0.05}},
     TIPO{
         .nome = "discos",
@@ -30,7 +31,7 @@ const std::array tiposReservados = {
         .linhas = 512,
         .colunas = 512,
         .populacao = {.familias = "c",
-                      .quantos = {3, 9},
+                      .quantos = {3, 8},
                       .tamanho = {10, 200},
                       .juntos = 0.2,
                       .partilha = {0.1, 0.2},

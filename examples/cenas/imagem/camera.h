@@ -2,7 +2,7 @@
 
 #include <opencv2/core.hpp>
 
-#include "examples/cenas/tipo.h"
+#include "examples/cenas/tipos/tipo.h"
 
 namespace cenas {
 

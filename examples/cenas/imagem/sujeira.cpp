@@ -1,9 +1,10 @@
-#include "examples/cenas/sujeira.h"
+#include "examples/cenas/imagem/sujeira.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
-#include "examples/cenas/pintura.h"
+#include "examples/cenas/imagem/pintura.h"
 
 namespace cenas {
 
@@ -73,7 +74,10 @@ struct PINCEL {
     const double passo = s.uniforme(3, 6);
     const float cor = tom(s.uniforme(0.3, 0.7));
     const auto& sinal = sinais[static_cast<std::size_t>(s.uniforme(0, sinais.size()))];
-    const auto em = [&](int i) { return canto + passo * cv::Point2d(i % 3 * 1.4, i / 3); };
+    const auto em = [&](int i) {
+      const int linha = i / 3;
+      return canto + passo * cv::Point2d(1.4 * (i % 3), linha);
+    };
     for (std::size_t i = 0; i < sinal.size(); i += 2) {
       if (sinal[i] == sinal[i + 1]) continue;
       cobre(imagem, cobertura(traco(em(sinal[i]), em(sinal[i + 1]), passo / 2.5)), cor);

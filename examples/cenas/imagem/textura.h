@@ -15,4 +15,7 @@ struct TEXTURA {
   double em(double l, double c) const;
 };
 
+// Two textures, the finer one turned, so that no grid is seen; from -1 to 1, mostly within 0.6.
+double nuvem(double passo, std::uint64_t semente, double l, double c);
+
 }  // namespace cenas

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "examples/cenas/faixa.h"
+#include "examples/cenas/tipos/faixa.h"
 
 // What a kind of scene is made from. Every range is drawn anew for each scene or each grain, so
 // that two seeds of one kind differ in more than places. Brightness is in shares of white, lengths

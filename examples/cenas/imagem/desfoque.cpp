@@ -1,4 +1,4 @@
-#include "examples/cenas/desfoque.h"
+#include "examples/cenas/imagem/desfoque.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,6 +18,7 @@ std::vector<float> pesosDoSino(double sigma) {
     soma += pesos.back();
   }
   std::vector<float> v;
+  v.reserve(pesos.size());
   for (const double p : pesos) v.push_back(static_cast<float>(p / soma));
   return v;
 }
@@ -26,9 +27,9 @@ cv::Mat_<float> desfocaColunas(const cv::Mat_<float>& imagem, const std::vector<
   const int alcance = static_cast<int>(pesos.size() / 2);
   cv::Mat_<float> saida(imagem.size(), 0.0F);
   for (int l = 0; l < imagem.rows; ++l) {
-    for (int d = -alcance; d <= alcance; ++d) {
-      const float peso = pesos[static_cast<std::size_t>(d + alcance)];
-      const float* origem = imagem[std::clamp(l + d, 0, imagem.rows - 1)];
+    int vizinha = l - alcance;
+    for (const float peso : pesos) {
+      const float* origem = imagem[std::clamp(vizinha++, 0, imagem.rows - 1)];
       for (int c = 0; c < imagem.cols; ++c) saida(l, c) += peso * origem[c];
     }
   }

@@ -1,10 +1,10 @@
-#include "examples/cenas/pintura.h"
+#include "examples/cenas/imagem/pintura.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "examples/cenas/desfoque.h"
-#include "examples/cenas/textura.h"
+#include "examples/cenas/imagem/desfoque.h"
+#include "examples/cenas/imagem/textura.h"
 
 namespace cenas {
 
@@ -34,18 +34,8 @@ LUGAR lugar(const FIGURA& f, int l, int c) {
 double cunho(const LUGAR& p, const TINTA& t, int l, int c) {
   const double aro = sino((p.nivel - 0.86) / 0.03);
   if (p.nivel > 0.8) return aro;
-  const TEXTURA figura{7, t.semente};
-  const TEXTURA miudo{3, t.semente ^ 0x9U};
-  const double x = figura.em(l, c);
-  return std::tanh(8 * (x - 0.1)) * (0.6 + 0.4 * miudo.em(l, c));
-}
-
-// Patches of two sizes, their grids at odds so that neither is seen.
-double manchas(double passo, std::uint64_t semente, double l, double c) {
-  const double y = 0.8 * l + 0.6 * c;
-  const double x = 0.8 * c - 0.6 * l;
-  return 1.3 * TEXTURA{passo, semente ^ 0x3U}.em(l, c) +
-         0.8 * TEXTURA{passo / 2, semente ^ 0x5U}.em(y, x);
+  const double figura = nuvem(9, t.semente, l, c);
+  return std::tanh(10 * (figura - 0.05)) * (0.6 + 0.4 * nuvem(3, t.semente ^ 0x9U, l, c));
 }
 
 double relevo(const ASPECTO& a, const LUGAR& p, const TINTA& t, int l, int c) {
@@ -55,7 +45,7 @@ double relevo(const ASPECTO& a, const LUGAR& p, const TINTA& t, int l, int c) {
   x += a.aro * sino((p.fundo - 1.5) / 1.0);
   const cv::Point2d reflexo(p.fora * p.nivel - 0.4 * t.luz);
   x += a.brilho * sino(std::hypot(reflexo.x, reflexo.y) / 0.22);
-  if (a.manchas > 0) x += a.manchas * t.contraste * manchas(a.passoManchas, t.semente, l, c);
+  if (a.manchas > 0) x += 2 * a.manchas * t.contraste * nuvem(a.passoManchas, t.semente, l, c);
   if (a.cunho > 0) x += a.cunho * cunho(p, t, l, c);
   return x;
 }

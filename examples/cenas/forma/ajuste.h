@@ -1,6 +1,6 @@
 #pragma once
 
-#include "examples/cenas/cobertura.h"
+#include "examples/cenas/forma/cobertura.h"
 #include "examples/grao.h"
 
 namespace cenas {

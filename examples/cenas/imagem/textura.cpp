@@ -1,4 +1,4 @@
-#include "examples/cenas/textura.h"
+#include "examples/cenas/imagem/textura.h"
 
 #include <cmath>
 
@@ -28,6 +28,12 @@ double TEXTURA::em(double l, double c) const {
   const double acima = no(semente, i, j) * (1 - wc) + no(semente, i, j + 1) * wc;
   const double abaixo = no(semente, i + 1, j) * (1 - wc) + no(semente, i + 1, j + 1) * wc;
   return acima * (1 - wl) + abaixo * wl;
+}
+
+double nuvem(double passo, std::uint64_t semente, double l, double c) {
+  const double y = 0.8 * l + 0.6 * c;
+  const double x = 0.8 * c - 0.6 * l;
+  return 0.6 * TEXTURA{passo, semente}.em(y, x) + 0.4 * TEXTURA{0.6 * passo, ~semente}.em(l, c);
 }
 
 }  // namespace cenas

@@ -1,9 +1,10 @@
-#include "examples/cenas/chao.h"
+#include "examples/cenas/imagem/chao.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
-#include "examples/cenas/textura.h"
+#include "examples/cenas/imagem/textura.h"
 
 namespace cenas {
 
@@ -30,30 +31,35 @@ struct DESENHO {
   double angulo;
   double passoTrama;
   double passoPauta;
-  TEXTURA fina, media, larga, onda;
+  std::uint64_t fina, media, larga, onda;
 };
 
 DESENHO sorteia(SORTEIO& s) {
   const double angulo = s.uniforme(-0.15, 0.15);
   const double passoTrama = s.uniforme(5, 9);
   const double passoPauta = s.uniforme(22, 40);
-  const auto semente = [&] { return s.bits(); };
-  return {angulo,         passoTrama,      passoPauta,     {2, semente()},
-          {8, semente()}, {90, semente()}, {60, semente()}};
+  const std::uint64_t fina = s.bits();
+  const std::uint64_t media = s.bits();
+  const std::uint64_t larga = s.bits();
+  const std::uint64_t onda = s.bits();
+  return {angulo, passoTrama, passoPauta, fina, media, larga, onda};
+}
+
+// Streaks of uneven length and strength that bend together.
+double fibras(std::uint64_t semente, double y, double z) {
+  const double dobra = 30 * nuvem(70, ~semente, y, z);
+  return nuvem(5, semente, y + dobra, z / 9) * (1 + nuvem(40, semente ^ 0x7U, y, z));
 }
 
 double brilho(const CHAO& chao, const DESENHO& d, int l, int c) {
-  double x =
-      chao.fina * d.fina.em(l, c) + chao.media * d.media.em(l, c) + chao.larga * d.larga.em(l, c);
+  double x = chao.fina * TEXTURA{2, d.fina}.em(l, c) + 1.5 * chao.media * nuvem(9, d.media, l, c) +
+             1.5 * chao.larga * nuvem(110, d.larga, l, c);
   const double y = l * std::cos(d.angulo) + c * std::sin(d.angulo);
   const double z = c * std::cos(d.angulo) - l * std::sin(d.angulo);
   if (chao.trama > 0) x += chao.trama * trama(y, z, d.passoTrama);
   x -= chao.pauta * linha(y, d.passoPauta);
   x -= chao.quadricula * std::max(linha(y, d.passoPauta), linha(z, d.passoPauta));
-  if (chao.fibroso > 0) {
-    const double fase = (y + 18 * d.onda.em(l, c)) / 11;
-    x += chao.fibroso * std::sin(volta * fase) * (0.6 + 0.4 * d.media.em(z, y));
-  }
+  if (chao.fibroso > 0) x += 2 * chao.fibroso * fibras(d.onda, y, z);
   return chao.claro * (1 + x);
 }
 

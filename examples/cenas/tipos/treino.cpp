@@ -1,6 +1,6 @@
 #include <array>
 
-#include "examples/cenas/tipos.h"
+#include "examples/cenas/tipos/tipos.h"
 
 namespace cenas {
 
@@ -70,7 +70,7 @@ const std::array tiposDeTreino = {
     TIPO{.nome = "luz",
          .descricao = "luz muito desigual e cantos escuros",
          .populacao = {.juntos = 0.2},
-         .camera = {.gradiente = {0.25, 0.4}, .vinheta = {0.2, 0.4}}},
+         .camera = {.gradiente = {0.15, 0.28}, .vinheta = {0.1, 0.25}}},
     TIPO{.nome = "palida",
          .descricao = "pouco contraste",
          .aspecto = {.contraste = {0.08, 0.2}, .manchas = 0.05}},

@@ -1,4 +1,4 @@
-#include "examples/cenas/contorno.h"
+#include "examples/cenas/forma/contorno.h"
 
 #include <algorithm>
 #include <array>

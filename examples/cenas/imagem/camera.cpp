@@ -1,11 +1,11 @@
-#include "examples/cenas/camera.h"
+#include "examples/cenas/imagem/camera.h"
 
 #include <algorithm>
 #include <cmath>
 #include <opencv2/imgcodecs.hpp>
 #include <vector>
 
-#include "examples/cenas/desfoque.h"
+#include "examples/cenas/imagem/desfoque.h"
 
 namespace cenas {
 

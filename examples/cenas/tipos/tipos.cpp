@@ -1,4 +1,4 @@
-#include "examples/cenas/tipos.h"
+#include "examples/cenas/tipos/tipos.h"
 
 namespace cenas {
 

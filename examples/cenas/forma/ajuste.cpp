@@ -1,8 +1,7 @@
-#include "examples/cenas/ajuste.h"
+#include "examples/cenas/forma/ajuste.h"
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
 #include <numbers>
 #include <vector>
 
@@ -47,7 +46,7 @@ double areaDe(const GRAO& g) {
   return std::numbers::pi * d * d / 4;
 }
 
-double semelhanca(const AMOSTRA& a, const GRAO& g) {
+double parteComum(const AMOSTRA& a, const GRAO& g) {
   const FIGURA f(g);
   double ambos = 0;
   for (const cv::Point2d& p : a.dentro) ambos += f.dentro(p.y, p.x) ? 1 : 0;
@@ -56,19 +55,29 @@ double semelhanca(const AMOSTRA& a, const GRAO& g) {
   return ambos / algum;
 }
 
-// The same shape with another ratio of sizes, at equal area.
-GRAO alongado(GRAO g, double fator) {
-  g.d1 *= fator;
-  g.d2 /= fator;
-  return g;
+// The same shape a little beside, turned, longer and shorter, at equal area.
+std::vector<GRAO> vizinhas(const GRAO& g, double passo) {
+  std::vector<GRAO> v;
+  for (const double sinal : {-passo, passo}) {
+    v.insert(v.end(), 4, g);
+    GRAO* const nova = &v[v.size() - 4];
+    nova[0].linha += sinal * diametro(g);
+    nova[1].coluna += sinal * diametro(g);
+    if (g.forma != 'c') nova[2].ang += sinal * 90;
+    if (g.forma != 'r' && g.forma != 'e') continue;
+    nova[3].d1 *= 1 + sinal;
+    nova[3].d2 /= 1 + sinal;
+  }
+  return v;
 }
 
 }  // namespace
 
 double semelhanca(const CONTORNO& contorno, const GRAO& g) {
-  return semelhanca(amostra(contorno), g);
+  return parteComum(amostra(contorno), g);
 }
 
+// Uphill from `inicio` in ever smaller steps.
 GRAO ajusta(const CONTORNO& contorno, char forma, const GRAO& inicio) {
   const AMOSTRA a = amostra(contorno);
   GRAO melhor = inicio;
@@ -76,32 +85,16 @@ GRAO ajusta(const CONTORNO& contorno, char forma, const GRAO& inicio) {
   const double fator = std::sqrt(std::abs(area(contorno)) / areaDe(melhor));
   melhor.d1 *= fator;
   melhor.d2 *= fator;
-  double valor = semelhanca(a, melhor);
-  const bool alonga = forma == 'r' || forma == 'e';
-  for (double passo = 0.06; passo > 0.001; passo /= 2) {
-    for (int rodada = 0; rodada < 4; ++rodada) {
-      const double antes = valor;
-      const double lado = passo * diametro(melhor);
-      const auto tenta = [&](GRAO g) {
-        const double x = semelhanca(a, g);
-        if (x <= valor) return;
-        valor = x;
-        melhor = g;
-      };
-      for (const double sinal : {-1.0, 1.0}) {
-        GRAO g = melhor;
-        g.linha += sinal * lado;
-        tenta(g);
-        g = melhor;
-        g.coluna += sinal * lado;
-        tenta(g);
-        g = melhor;
-        g.ang += sinal * passo * 90;
-        if (forma != 'c') tenta(g);
-        if (alonga) tenta(alongado(melhor, 1 + sinal * passo));
-      }
-      if (valor <= antes) break;
+  double valor = parteComum(a, melhor);
+  for (double passo = 0.06; passo > 0.001;) {
+    const double antes = valor;
+    for (const GRAO& g : vizinhas(melhor, passo)) {
+      const double x = parteComum(a, g);
+      if (x <= valor) continue;
+      valor = x;
+      melhor = g;
     }
+    if (valor <= antes) passo /= 2;
   }
   return melhor;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "examples/cenas/cobertura.h"
-#include "examples/cenas/tipo.h"
+#include "examples/cenas/forma/cobertura.h"
+#include "examples/cenas/tipos/tipo.h"
 #include "examples/grao.h"
 
 namespace cenas {

@@ -3,7 +3,7 @@
 #include <span>
 #include <string_view>
 
-#include "examples/cenas/tipo.h"
+#include "examples/cenas/tipos/tipo.h"
 
 namespace cenas {
 

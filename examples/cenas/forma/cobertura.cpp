@@ -1,4 +1,4 @@
-#include "examples/cenas/cobertura.h"
+#include "examples/cenas/forma/cobertura.h"
 
 #include <algorithm>
 #include <cmath>
