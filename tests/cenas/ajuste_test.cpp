@@ -30,3 +30,11 @@ TEST(Ajuste, ContornoIrregularTemAFormaDeMesmaArea) {
     EXPECT_GT(cenas::semelhanca(c, achado), 0.85);
   }
 }
+
+TEST(Ajuste, RetanguloOnduladoSegueRetangulo) {
+  SORTEIO s{5};
+  const GRAO g = {'r', 60, 70, 44, 26, 70};
+  const cenas::CONTORNO c = cenas::contornoDe(g, cenas::FEITIO::ondulado, 0.03, s);
+  EXPECT_GT(cenas::semelhanca(c, cenas::ajusta(c, 'r', g)), 0.92);
+  EXPECT_LT(cenas::semelhanca(c, cenas::ajusta(c, 'e', g)), 0.92);
+}

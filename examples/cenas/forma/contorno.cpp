@@ -25,9 +25,11 @@ struct EIXOS {
   }
 };
 
-// Sides enough that no arc of this radius leaves its chord by more than 0.001 pixel.
+// Sides enough that no arc of this radius leaves its chord by more than 0.001 pixel; of eighths of
+// a turn, where squares have their corners.
 int lados(double raio) {
-  return std::max(32, static_cast<int>(std::ceil(std::numbers::pi * std::sqrt(raio / 0.002))));
+  const double n = std::numbers::pi * std::sqrt(raio / 0.002);
+  return std::max(32, 8 * static_cast<int>(std::ceil(n / 8)));
 }
 
 // The outline whose point at each angle is `ponto(angle)`, for half sizes 1.
@@ -76,7 +78,9 @@ CONTORNO ondulado(const GRAO& g, double parte, SORTEIO& s) {
       raio +=
           1.6 * parte / soma * ondas[k].x * std::cos(static_cast<double>(k + 2) * a + ondas[k].y);
     }
-    return raio * cv::Point2d(std::cos(a), std::sin(a));
+    const cv::Point2d p(std::cos(a), std::sin(a));
+    const bool reta = g.forma == 'q' || g.forma == 'r';
+    return raio / (reta ? std::max(std::abs(p.x), std::abs(p.y)) : 1) * p;
   });
 }
 

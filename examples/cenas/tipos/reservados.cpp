@@ -95,7 +95,8 @@ const std::array tiposReservados = {
                        .feitio = FEITIO::ondulado,
                        .irregular = {0.02, 0.05},
                        .folga = 8},
-         .aspecto = {.contraste = {0.45, 0.7}, .foco = {0.5, 1}, .manchas = 0.15},
+         .aspecto =
+             {.contraste = {0.4, 0.65}, .translucido = true, .foco = {0.5, 1}, .manchas = 0.15},
          .chao = {.claro = 0.9},
          .sujeira = {.pontos = 60, .corpos = true}},
     TIPO{.nome = "trama",

@@ -126,7 +126,7 @@ const std::array tiposDeTreino = {
          .aspecto = {.contraste = {0.15, 0.6}, .foco = {0.5, 2}, .manchas = 0.4, .passoManchas = 4},
          .chao = {.claro = 0.72, .media = 0.05, .larga = 0.1, .fibroso = 0.05}},
     TIPO{.nome = "irregulares",
-         .descricao = "contornos entre elipse e retangulo, de raio ondulado",
+         .descricao = "contornos de raio ondulado: circulos, elipses e retangulos imperfeitos",
          .populacao = {.familias = "cer",
                        .quantos = {70, 110},
                        .feitio = FEITIO::ondulado,
