@@ -15,3 +15,6 @@ find_path(MATIO_INCLUDE_DIR matio.h REQUIRED)
 add_library(matio INTERFACE)
 target_include_directories(matio SYSTEM INTERFACE ${MATIO_INCLUDE_DIR})
 target_link_libraries(matio INTERFACE ${MATIO_LIBRARY})
+
+set(THREADS_PREFER_PTHREAD_FLAG ON)
+find_package(Threads REQUIRED)

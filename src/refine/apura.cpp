@@ -1,0 +1,221 @@
+#include "refine/apura.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+#include <string_view>
+
+#include "pim/erro.h"
+#include "refine/candidatos.h"
+#include "refine/companhia.h"
+#include "refine/escolha.h"
+#include "refine/medida.h"
+#include "refine/paralelo.h"
+#include "refine/vizinhos.h"
+
+namespace refine {
+
+namespace {
+
+constexpr double menorNota = -3;  // of shapes alone, to be chosen
+constexpr double notaDeQuemEncobre = -0.5;
+
+void exigeFamilias(const std::string& familias) {
+  const bool boas = !familias.empty() && familias.find_first_not_of("cqre") == std::string::npos;
+  if (!boas) pim::erro("Erro: Familias invalidas ", familias);
+}
+
+// The detection in one of the families allowed, of equal area.
+FIGURA emFamilia(FIGURA f, std::string_view familias) {
+  if (familias.find(f.forma) != std::string_view::npos) return f;
+  const bool redonda = f.forma == 'c' || f.forma == 'q';
+  const std::string_view ordem = redonda ? "cqer" : "ercq";
+  const double antes = area(f);
+  for (const char forma : ordem) {
+    if (familias.find(forma) == std::string_view::npos) continue;
+    f.forma = forma;
+    break;
+  }
+  if (f.forma == 'c' || f.forma == 'q') f.d1 = f.d2 = std::sqrt(f.d1 * f.d2);
+  if (f.forma == 'c') f.ang = 0;
+  const double k = std::sqrt(antes / area(f));
+  f.d1 *= k;
+  f.d2 *= k;
+  return f;
+}
+
+bool servePara(const MAXLOCAL& m, int rows, int cols) {
+  const std::string_view letras = "cqre";
+  const bool finitos =
+      std::isfinite(m.correl) && std::isfinite(m.d1) && std::isfinite(m.d2) && std::isfinite(m.ang);
+  if (!finitos || letras.find(m.forma) == std::string_view::npos) return false;
+  const double maior = 2.0 * std::max(rows, cols);
+  const double d2 = m.forma == 'c' || m.forma == 'q' ? m.d1 : m.d2;
+  return m.d1 >= 1 && d2 >= 1 && m.d1 <= maior && d2 <= maior && m.li >= 0 && m.li < rows &&
+         m.ci >= 0 && m.ci < cols && std::fabs(m.ang) <= 1e6;
+}
+
+double diametro(const FIGURA& f) {
+  return std::sqrt(area(f) * (4 / 3.14159265358979323846));
+}
+
+struct MESA_DE_EXAME {
+  BANCADA bancada;
+  std::vector<std::uint32_t> perto;
+  std::vector<PONTO_NA_FOTO> pontos;
+  std::vector<FIGURA> encobrem;
+};
+
+// The chosen shapes around `f` that may hide part of it: they share some of its area, and no more
+// than both could have in common.
+void quemEncobre(const FIGURA& f, const VIZINHOS& aceitos, double sobreposicao, MESA_DE_EXAME& m) {
+  m.encobrem.clear();
+  aceitos.perto(f, m.perto);
+  if (m.perto.empty()) return;
+  pontosDentro(f, m.pontos);
+  for (const std::uint32_t k : m.perto) {
+    const FIGURA& g = aceitos.figuras[k];
+    const auto n = std::count_if(m.pontos.begin(), m.pontos.end(), [&](const PONTO_NA_FOTO& p) {
+      return contem(g, aceitos.eixos[k], p.l, p.c);
+    });
+    const double parte = static_cast<double>(n) / static_cast<double>(m.pontos.size());
+    if (n == 0 || parte > sobreposicao || parte * area(f) > sobreposicao * area(g)) continue;
+    m.encobrem.push_back(g);
+  }
+}
+
+// What judging goes over: shapes, what was seen of each, scores, and which are chosen.
+struct JUIZO {
+  std::vector<FIGURA> figuras;
+  std::vector<EXAME> exames;
+  std::vector<double> notas;
+  std::vector<std::size_t> escolhidos;
+};
+
+// Looks again at what chosen neighbours hide in part: hidden outline is not missing outline.
+void olhaDeNovo(const CAMPO& campo, const std::vector<CANDIDATO>& v, const MODO_DE_APURAR& modo,
+                const PESOS& pesos, JUIZO& j) {
+  VIZINHOS aceitos(32);
+  for (const std::size_t k : j.escolhidos) {
+    if (j.notas[k] >= notaDeQuemEncobre) aceitos.poe(j.figuras[k]);
+  }
+  paraTodos<MESA_DE_EXAME>(v.size(), modo.fios, [&](std::size_t k, MESA_DE_EXAME& m) {
+    if (j.notas[k] < menorNota - 2) return;
+    quemEncobre(j.figuras[k], aceitos, modo.sobreposicao, m);
+    if (m.encobrem.empty()) return;
+    const ANDAR& andar = campo.andarPara(menorMetade(j.figuras[k]));
+    for (FIGURA& g : m.encobrem) g = noAndar(g, andar.nivel);
+    const EXAME e =
+        examina(andar, noAndar(j.figuras[k], andar.nivel), v[k].correl, m.encobrem, m.bancada);
+    const double nota = pesos.sozinha.de(e.tracos);
+    if (nota <= j.notas[k]) return;
+    j.notas[k] = nota;
+    j.exames[k] = e;
+  });
+}
+
+JUIZO julga(const CAMPO& campo, const std::vector<CANDIDATO>& v, const MODO_DE_APURAR& modo,
+            const PESOS& pesos) {
+  JUIZO j;
+  for (const CANDIDATO& c : v) {
+    j.figuras.push_back(c.figura);
+    j.exames.push_back(c.exame);
+    j.notas.push_back(pesos.sozinha.de(c.exame.tracos));
+  }
+  REGRAS regras;
+  regras.sobreposicao = modo.sobreposicao;
+  regras.menorNota = menorNota;
+  j.escolhidos = escolhe(j.figuras, j.notas, regras);
+  olhaDeNovo(campo, v, modo, pesos, j);
+  j.escolhidos = escolhe(j.figuras, j.notas, regras);
+  return j;
+}
+
+// The support of each chosen shape, from its own score and in the company of the others.
+std::vector<double> apoios(const JUIZO& j, const PESOS& pesos) {
+  std::vector<EXAME> exames;
+  std::vector<double> notas;
+  std::vector<double> p;
+  for (const std::size_t k : j.escolhidos) {
+    exames.push_back(j.exames[k]);
+    notas.push_back(j.notas[k]);
+    p.push_back(probabilidade(j.notas[k]));
+  }
+  for (int volta = 0; volta < 2; ++volta) {
+    const std::vector<COMPANHIA> c = comparaTodos(exames, notas, p);
+    for (std::size_t k = 0; k < p.size(); ++k) p[k] = probabilidade(pesos.acompanhada.de(c[k]));
+  }
+  return p;
+}
+
+// The least support that is kept: 0.35 in the middle, towards 0.9 and 0.05 at the ends.
+double menorApoio(double sensibilidade) {
+  const double s = std::clamp(sensibilidade, 0.0, 1.0);
+  return s < 0.5 ? 0.35 + (0.5 - s) * 1.1 : 0.35 - (s - 0.5) * 0.6;
+}
+
+}  // namespace
+
+APURACAO apura(const cv::Mat_<unsigned char>& imagem, const std::vector<MAXLOCAL>& lista,
+               const MODO_DE_APURAR& modo, const PESOS& pesos) {
+  exigeFamilias(modo.familias);
+  APURACAO r;
+  std::vector<DETECCAO> boas;
+  for (const MAXLOCAL& m : lista) {
+    if (servePara(m, imagem.rows, imagem.cols)) {
+      boas.push_back({modo.semLetras ? figura(m) : emFamilia(figura(m), modo.familias), m.correl});
+    } else {
+      ++r.recusados;
+    }
+  }
+  if (boas.empty()) return r;
+  const CAMPO campo = preparaCampo(imagem);
+  std::vector<CANDIDATO> v = ajustaTodos(campo, boas, modo.fios);
+  std::erase_if(v, [&](const CANDIDATO& c) {
+    const double d = diametro(c.figura);
+    return d < 0.85 * modo.menor || d > modo.maior / 0.85;
+  });
+  const JUIZO j = julga(campo, v, modo, pesos);
+  const std::vector<double> p = apoios(j, pesos);
+
+  std::vector<std::size_t> ficam;
+  for (std::size_t i = 0; i < p.size(); ++i) {
+    if (p[i] >= menorApoio(modo.sensibilidade)) ficam.push_back(i);
+  }
+  std::vector<APURADO> graos(ficam.size());
+  VIZINHOS aceitos(32);
+  for (const std::size_t i : ficam) aceitos.poe(j.figuras[j.escolhidos[i]]);
+  paraTodos<MESA_DE_EXAME>(ficam.size(), modo.fios, [&](std::size_t i, MESA_DE_EXAME& m) {
+    const std::size_t k = j.escolhidos[ficam[i]];
+    quemEncobre(j.figuras[k], aceitos, 1, m);
+    std::erase_if(m.encobrem, [&](const FIGURA& g) {
+      return g.l == j.figuras[k].l && g.c == j.figuras[k].c && g.d1 == j.figuras[k].d1;
+    });
+    const std::string familias =
+        modo.semLetras ? std::string(1, j.figuras[k].forma) : modo.familias;
+    const std::optional<MEDIDA> medida =
+        medeMelhor(campo.andares[0], j.figuras[k], familias, m.encobrem, m.bancada);
+    APURADO& g = graos[i];
+    g.correl = v[k].correl;
+    g.apoio = p[ficam[i]];
+    g.contraste = j.exames[k].contraste;
+    if (medida) {
+      g.figura = medida->figura;
+      g.erro = medida->erro;
+    }
+  });
+  std::erase_if(graos, [&](const APURADO& g) {
+    const double d = diametro(g.figura);
+    return !(g.figura.d1 > 0) || d < modo.menor || d > modo.maior;
+  });
+  for (APURADO& g : graos) {
+    if (g.figura.d2 > g.figura.d1) std::swap(g.erro[2], g.erro[3]);
+    g.figura = normal(g.figura);
+  }
+  std::stable_sort(graos.begin(), graos.end(),
+                   [](const APURADO& a, const APURADO& b) { return a.apoio > b.apoio; });
+  r.graos = std::move(graos);
+  return r;
+}
+
+}  // namespace refine

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <vector>
+
+#include "refine/campo.h"
+#include "refine/figura.h"
+#include "refine/tracos.h"
+
+namespace refine {
+
+// A detection to begin with, in pixels of the picture.
+struct DETECCAO {
+  FIGURA figura;
+  float correl = 0;
+};
+
+// A fitted shape that may be a grain.
+struct CANDIDATO {
+  FIGURA figura;     // in pixels of the picture
+  float correl = 0;  // of the detection that it comes from
+  EXAME exame;
+};
+
+// Fits every detection to the edges around it; those that end as the same shape are one, the first
+// of them. In the order of the list, whatever the number of threads.
+std::vector<CANDIDATO> ajustaTodos(const CAMPO& campo, const std::vector<DETECCAO>& lista,
+                                   int fios);
+
+}  // namespace refine

@@ -1,0 +1,168 @@
+#include "refine/medida.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace refine {
+
+namespace {
+
+constexpr int passos = 8;
+constexpr double parada = 0.003;  // pixels
+
+float mediana(std::vector<float>& v, float padrao) {
+  if (v.empty()) return padrao;
+  const auto k = static_cast<std::ptrdiff_t>(v.size() / 2);
+  std::nth_element(v.begin(), v.begin() + k, v.end());
+  return v[static_cast<std::size_t>(k)];
+}
+
+struct ESTADO_DA_MEDIDA {
+  double desfoque = 1;  // variance of the slope's peak, square pixels
+  double rampa = 0;     // median slope
+  double espalha = 1;   // median distance of the edges from the contour
+  double vista = 0;
+  double quantas = 0;
+};
+
+ESTADO_DA_MEDIDA olha(BANCADA& b) {
+  std::vector<float> larguras, rampas, longe;
+  double visto = 0, vista = 0;
+  for (std::size_t i = 0; i < b.bordas.size(); ++i) {
+    const BORDA& x = b.bordas[i];
+    if (!x.visivel) continue;
+    visto += b.amostras[i].arco;
+    if (!x.ha) continue;
+    vista += b.amostras[i].arco;
+    rampas.push_back(x.rampa);
+    if (b.amostras[i].peso < 1) continue;
+    larguras.push_back(x.largura2);
+    longe.push_back(std::fabs(x.desvio));
+  }
+  ESTADO_DA_MEDIDA e;
+  e.desfoque = std::clamp(static_cast<double>(mediana(larguras, 1)), 0.64 + 1.0 / 3, 16.0);
+  e.rampa = mediana(rampas, 0);
+  e.espalha = mediana(longe, 1);
+  e.vista = visto > 0 ? vista / visto : 0;
+  e.quantas = vista;
+  return e;
+}
+
+// Leaves out the samples that others hide; a little way out must be free too.
+void esconde(ENCOBREM encobrem, BANCADA& b) {
+  for (const FIGURA& g : encobrem) {
+    const EIXOS eixos(g);
+    for (std::size_t i = 0; i < b.bordas.size(); ++i) {
+      const AMOSTRA& a = b.amostras[i];
+      if (contem(g, eixos, a.l + 1.5 * a.nl, a.c + 1.5 * a.nc)) b.bordas[i] = {};
+    }
+  }
+}
+
+// Neighbours to average on either side, so that the slope stands well above the noise.
+int quantosJuntar(const ANDAR& foto, double rampa, std::size_t amostras) {
+  const double sobra = rampa / (foto.ruido / 2.55 + 1e-6);
+  constexpr double basta = 8;
+  if (sobra >= basta) return 0;
+  const double n = (basta / std::max(sobra, 1.0)) * (basta / std::max(sobra, 1.0)) / 2;
+  return static_cast<int>(std::min({n, 8.0, static_cast<double>(amostras) / 24}));
+}
+
+}  // namespace
+
+std::optional<MEDIDA> mede(const ANDAR& foto, const FIGURA& inicial, ENCOBREM encobrem,
+                           BANCADA& b) {
+  MEDIDA m;
+  FIGURA& f = m.figura;
+  f = inicial;
+  double alcance = std::clamp(0.25 * menorMetade(f), 1.5, 4.0);
+  int junta = 0;
+  int nitidez = 4;
+  ESTADO_DA_MEDIDA e;
+  EQUACOES q;
+  double tolerancia = 1;
+  for (int k = 0; k < passos; ++k) {
+    const int n = static_cast<int>(std::clamp(perimetro(f), 32.0, 400.0)) / 2 * 2;
+    amostra(f, n, b.amostras);
+    procuraBordas(foto, b.amostras, {alcance, 0.5, nitidez, junta}, b.bordas);
+    esconde(encobrem, b);
+    e = olha(b);
+    b.deslocamentos.resize(b.bordas.size());
+    for (std::size_t i = 0; i < b.bordas.size(); ++i) {
+      b.deslocamentos[i] =
+          b.bordas[i].desvio + b.amostras[i].curvatura * (e.desfoque - 1.0 / 3) / 2;
+    }
+    tolerancia = std::max(0.15, 3 * e.espalha);
+    q = equacoes(foto, f, b.deslocamentos, tolerancia, b);
+    const std::optional<VETOR> v = resolve(q, 0);
+    if (!v) return std::nullopt;
+    const double movida = move(f, *v);
+    if (perdida(foto, f)) return std::nullopt;
+    if (movida < parada && k >= 2) break;
+    nitidez = static_cast<int>(std::clamp(4 * std::sqrt(e.desfoque), 2.0, 12.0));
+    junta = quantosJuntar(foto, e.rampa, b.bordas.size());
+    alcance = std::clamp(std::max(2.5 * std::sqrt(e.desfoque), 0.15 * menorMetade(f)), 1.5, 6.0);
+    alcance = std::min(alcance, std::max(1.5, 0.6 * menorMetade(f)));
+  }
+  m.residuo = e.espalha;
+  m.vista = e.vista;
+  m.quantas = e.quantas;
+  const std::optional<SISTEMA> c = covariancia(q);
+  if (!c) return std::nullopt;
+  const auto sigma = [&](int i) {
+    const auto k = static_cast<std::size_t>(i);
+    const double s = 2 * std::sqrt(std::max(0.0, (*c)[k][k]) * (1 + 2.0 * junta));
+    return std::sqrt(s * s + 0.04 * 0.04);
+  };
+  m.erro[0] = sigma(0);
+  m.erro[1] = sigma(1);
+  m.erro[2] = sigma(2);
+  m.erro[3] = q.n == 5 ? sigma(3) : m.erro[2];
+  m.erro[4] = q.n == 3 ? 0 : sigma(q.n - 1) * (180 / 3.14159265358979);
+  return m;
+}
+
+std::optional<MEDIDA> medeMelhor(const ANDAR& foto, const FIGURA& f, std::string_view familias,
+                                 ENCOBREM encobrem, BANCADA& b) {
+  std::optional<MEDIDA> melhor;
+  double menor = 0;
+  const bool curva = f.forma == 'c' || f.forma == 'e';
+  const double n = std::clamp(perimetro(f) / 3, 6.0, 60.0);
+  const auto tenta = [&](char forma, double ang, double d1, double d2) {
+    FIGURA g{forma, f.l, f.c, d1, d2, ang};
+    if (forma == 'c' || forma == 'q') g.d1 = g.d2 = std::sqrt(d1 * d2);
+    const std::optional<MEDIDA> m = mede(foto, g, encobrem, b);
+    if (!m) return;
+    double r2 = 0, w = 0;
+    for (std::size_t i = 0; i < b.bordas.size(); ++i) {
+      const BORDA& x = b.bordas[i];
+      if (!x.visivel) continue;
+      const double e = x.ha ? std::min(std::fabs(b.deslocamentos[i]), 2.0) : 2.0;
+      r2 += b.amostras[i].arco * b.amostras[i].peso * e * e;
+      w += b.amostras[i].arco * b.amostras[i].peso;
+    }
+    const double k = forma == 'c' ? 3 : forma == 'q' ? 4 : 5;
+    const double nota = n * logaritmo(r2 / std::max(w, 1.0) + 0.05) + 1.25 * k * logaritmo(n);
+    if (!melhor || nota < menor) {
+      melhor = m;
+      menor = nota;
+    }
+  };
+  for (const char forma : familias) {
+    const bool outraCurva = forma == 'c' || forma == 'e';
+    // Equal areas; a side is sqrt(pi / 4) of an axis.
+    const double k = outraCurva == curva ? 1 : outraCurva ? 1.1283791670955126 : 0.886226925452758;
+    tenta(forma, f.ang, f.d1 * k, f.d2 * k);
+    if (forma == 'c') continue;
+    if (alongamento(f) < 1.3) {
+      for (const double giro : {22.5, 45.0, 67.5}) {
+        if (forma == 'q' || forma == 'r') tenta(forma, f.ang + giro, f.d1 * k, f.d2 * k);
+        if (forma == 'e') tenta(forma, f.ang + giro * 2, f.d1 * k * 1.05, f.d2 * k / 1.05);
+      }
+    }
+  }
+  return melhor;
+}
+
+}  // namespace refine

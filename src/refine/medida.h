@@ -1,0 +1,30 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string_view>
+
+#include "refine/ajuste.h"
+#include "refine/tracos.h"
+
+namespace refine {
+
+// A shape measured as exactly as the picture allows.
+struct MEDIDA {
+  FIGURA figura;
+  double residuo = 0;                     // scatter of the edges about the outline, robust, pixels
+  double quantas = 0;                     // edges that count, in pixels of outline
+  double vista = 0;                       // share of the visible outline that has an edge
+  std::array<double, parametros> erro{};  // standard errors of row, column, d1, d2 (pixels) and
+                                          // angle (degrees)
+};
+
+// Fits the shape, its family kept, with samples about a pixel apart on the whole picture.
+// Outline inside of `encobrem` is out of sight.
+std::optional<MEDIDA> mede(const ANDAR& foto, const FIGURA& f, ENCOBREM encobrem, BANCADA& b);
+
+// The measure in the family of `familias` that explains the edges with the fewest parameters.
+std::optional<MEDIDA> medeMelhor(const ANDAR& foto, const FIGURA& f, std::string_view familias,
+                                 ENCOBREM encobrem, BANCADA& b);
+
+}  // namespace refine
