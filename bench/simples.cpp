@@ -6,6 +6,7 @@
 #include "detect/maximos.h"
 #include "detect/ordenacao.h"
 #include "detect/piramide.h"
+#include "fim/fim.h"
 #include "kernels/grupos.h"
 #include "kernels/lekernels.h"
 #include "pim/imagem.h"
@@ -52,10 +53,7 @@ void filtra(char** argv) {
   impMaxLocais(mantidos, argv[3]);
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-  cv::setNumThreads(1);
+int simples(int argc, char** argv) {
   if (argc == 6 && std::string(argv[1]) == "correla") {
     correla(argv + 1);
   } else if (argc == 5 && std::string(argv[1]) == "filtra") {
@@ -66,4 +64,11 @@ int main(int argc, char** argv) {
     return 1;
   }
   return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  cv::setNumThreads(1);
+  return fim::executa([&] { return simples(argc, argv); });
 }

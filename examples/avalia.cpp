@@ -2,6 +2,7 @@
 
 #include "examples/avaliacao.h"
 #include "examples/classes.h"
+#include "fim/fim.h"
 #include "pim/erro.h"
 
 namespace {
@@ -30,9 +31,7 @@ std::vector<unsigned char> classifica(const std::vector<GRAO>& verdade,
   return classes;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int compara(int argc, char** argv) {
   exigeArgumentos(argc);
   const std::vector<GRAO> verdade = leGraos(argv[1]);
   std::vector<MAXLOCAL> maximos;
@@ -51,4 +50,11 @@ int main(int argc, char** argv) {
   std::printf("erro mediano do diametro=%.1f%% letras certas=%.1f%%\n", 100 * a.erroDiametro,
               100 * a.letrasCertas());
   if (argc == 4) gravaClasses(classifica(verdade, deteccoes, par), argv[3]);
+  return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  return fim::executa([&] { return compara(argc, argv); });
 }

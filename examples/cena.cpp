@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "examples/cenario.h"
+#include "fim/fim.h"
 #include "pim/erro.h"
 #include "pim/imagem.h"
 #include "pim/texto.h"
@@ -34,13 +35,18 @@ CENARIO leArgumentos(int argc, char** argv) {
   return cenario;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int cena(int argc, char** argv) {
   exigeArgumentos(argc);
   const CENARIO cenario = leArgumentos(argc, argv);
   const std::vector<GRAO> graos = povoa(cenario);
   pim::imp(pinta(cenario, graos), argv[1]);
   gravaGraos(graos, argv[2]);
   std::printf("Numero de graos=%u\n", static_cast<unsigned>(graos.size()));
+  return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  return fim::executa([&] { return cena(argc, argv); });
 }

@@ -3,6 +3,7 @@
 
 #include "examples/cenas/cena.h"
 #include "examples/cenas/tipos/tipos.h"
+#include "fim/fim.h"
 #include "pim/erro.h"
 #include "pim/imagem.h"
 #include "pim/texto.h"
@@ -37,9 +38,7 @@ cv::Size leTamanho(const cenas::TIPO& tipo, int argc, char** argv) {
   return tamanho;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int rende(int argc, char** argv) {
   if (argc == 2 && std::string_view(argv[1]) == "lista") {
     lista(cenas::treino());
     lista(cenas::reservados());
@@ -55,4 +54,11 @@ int main(int argc, char** argv) {
   pim::imp(cena.foto, argv[3]);
   cenas::gravaVerdade(cena.graos, argv[4]);
   std::printf("Numero de graos=%u\n", static_cast<unsigned>(cena.graos.size()));
+  return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  return fim::executa([&] { return rende(argc, argv); });
 }

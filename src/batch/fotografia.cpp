@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
-#include <cstdlib>
 #include <optional>
 #include <system_error>
 #include <vector>
@@ -33,13 +32,18 @@ std::string frase(const RECEITA& r, const FRASE& f) {
   return diz(f, r.opcoes.idioma);
 }
 
-// When a sub-program has failed this process ends, the reason standing in its output.
+// What ends a photograph before its results are complete; fazFotografia catches it.
+struct DESISTENCIA {
+  int fim;
+};
+
+// Nothing more is done when a sub-program has failed, the reason standing in its output.
 void exigeBom(const RECEITA& r, const TERMINO& t, const std::vector<std::string>& args) {
   if (t.estado == 0) return;
   const std::string porque = motivo(t, args[0], r.opcoes.idioma);
   // One that could say why has said so; one that was ended by a signal could not.
   if (t.fala.find(porque) == std::string::npos) pim::erro(frase(r, falas::erro), porque);
-  std::exit(fins::falhou);
+  throw DESISTENCIA{fins::falhou};
 }
 
 void executa(const RECEITA& r, const std::vector<std::string>& args) {
@@ -146,10 +150,10 @@ bool completos(const ESTADO& e, const fs::path& pasta, const std::string& nome) 
 
 namespace {
 
-// Ends the process: nothing can be done for this photograph.
+// Nothing can be done for this photograph.
 [[noreturn]] void desiste(const RECEITA& r, int fim, const std::string& porque) {
   std::puts((frase(r, falas::erro) + porque).c_str());
-  std::exit(fim);
+  throw DESISTENCIA{fim};
 }
 
 // The checksum of the photograph.
@@ -170,9 +174,7 @@ void registra(ESTADO& e, const std::string& nome) {
   impEstado(e, ".");
 }
 
-}  // namespace
-
-int fazFotografia(const RECEITA& r, const ALVO& alvo) {
+int faz(const RECEITA& r, const ALVO& alvo) {
   const std::string foto = alvo.arquivo.string();
   const fs::path antiga = pronta(r.obra, alvo.nome);
   if (!livre(r.obra, alvo.nome)) {
@@ -197,6 +199,16 @@ int fazFotografia(const RECEITA& r, const ALVO& alvo) {
   if (exigeSoma(r, foto) != soma) desiste(r, fins::falhou, frase(r, falas::mudou));
   registra(novo, alvo.nome);
   return fins::feita;
+}
+
+}  // namespace
+
+int fazFotografia(const RECEITA& r, const ALVO& alvo) {
+  try {
+    return faz(r, alvo);
+  } catch (const DESISTENCIA& d) {
+    return d.fim;
+  }
 }
 
 }  // namespace batch

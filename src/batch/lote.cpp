@@ -256,9 +256,14 @@ int executa(LOTE& l, const std::vector<std::string>& args, const std::string& ve
   preparaSinais();
   const std::string semObra = abreObra(l.obra, o.saida, o.idioma);
   if (!semObra.empty()) return recusa(o, semObra);
-  const int estado = trabalha(l, versao, comoComando(args));
-  fechaObra(l.obra);
-  return estado;
+  try {
+    const int estado = trabalha(l, versao, comoComando(args));
+    fechaObra(l.obra);
+    return estado;
+  } catch (...) {
+    fechaObra(l.obra);
+    throw;
+  }
 }
 
 }  // namespace

@@ -13,14 +13,16 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <exception>
 #include <list>
-#include <new>
 #include <opencv2/core.hpp>
 #include <sstream>
 #include <string_view>
 
+#include "batch/descritor.h"
 #include "batch/frases.h"
 #include "export/valor.h"
+#include "fim/fim.h"
 #include "pim/erro.h"
 
 namespace batch {
@@ -43,14 +45,14 @@ void mascara(int como) {
 }
 
 struct CANO {
-  int leitura = -1;
-  int escrita = -1;
+  DESCRITOR leitura;
+  DESCRITOR escrita;
 };
 
 CANO abreCano() {
   std::array<int, 2> fds{};
   if (pipe2(fds.data(), O_CLOEXEC) != 0) pim::erro("Erro: pipe: ", std::strerror(errno));
-  return {fds[0], fds[1]};
+  return {DESCRITOR(fds[0]), DESCRITOR(fds[1])};
 }
 
 // The new process ends with the one that made it; if that has ended already, at once.
@@ -96,9 +98,18 @@ TERMINO recolhe(pid_t pid, std::string fala) {
 struct ATIVA {
   std::size_t indice = 0;
   pid_t pid = -1;
-  int leitura = -1;
+  DESCRITOR leitura;
   std::string fala;
 };
+
+// All exceptions end here: below lies what the process that made this one was doing.
+int estadoDe(const TAREFAS& t, std::size_t indice) {
+  try {
+    return fim::executa([&] { return t.faz(indice); });
+  } catch (const std::exception& e) {
+    return fim::executa([&]() -> int { pim::erro("Erro: ", e.what()); });
+  }
+}
 
 [[noreturn]] void cumpre(const TAREFAS& t, std::size_t indice, int saida) {
   for (const int sinal : fatais) std::signal(sinal, SIG_DFL);
@@ -110,37 +121,27 @@ struct ATIVA {
   dup2(vazio, STDIN_FILENO);
   dup2(saida, STDOUT_FILENO);
   dup2(saida, STDERR_FILENO);
-  try {
-    std::exit(t.faz(indice));
-  } catch (const std::bad_alloc&) {
-    pim::erro("Erro: Memoria insuficiente");
-  } catch (const cv::Exception& e) {
-    pim::erro("Erro: ", e.err.empty() ? e.what() : e.err);
-  } catch (const std::exception& e) {
-    pim::erro("Erro: ", e.what());
-  }
+  std::exit(estadoDe(t, indice));
 }
 
 // In a process group of its own, so that the task and its programs are ended together.
 ATIVA comeca(const TAREFAS& t, std::size_t indice) {
-  const CANO cano = abreCano();
+  CANO cano = abreCano();
   const pid_t pai = getpid();
   const pid_t pid = bifurca();
   if (pid == 0) {
     setpgid(0, 0);
     ligaA(pai);
-    cumpre(t, indice, cano.escrita);
+    cumpre(t, indice, cano.escrita.fd);
   }
   setpgid(pid, pid);
-  close(cano.escrita);
-  return {indice, pid, cano.leitura, ""};
+  return {indice, pid, std::move(cano.leitura), ""};
 }
 
 void mata(std::list<ATIVA>& ativas) {
   for (const ATIVA& a : ativas) kill(-a.pid, SIGKILL);
   for (ATIVA& a : ativas) {
-    while (escuta(a.leitura, a.fala, false)) continue;  // to the end of its programs too
-    close(a.leitura);
+    while (escuta(a.leitura.fd, a.fala, false)) continue;  // to the end of its programs too
     recolhe(a.pid, "");
   }
   ativas.clear();
@@ -149,7 +150,7 @@ void mata(std::list<ATIVA>& ativas) {
 // Waits until a task says something, a second has passed or a signal comes.
 std::vector<pollfd> espera(const std::list<ATIVA>& ativas) {
   std::vector<pollfd> fds;
-  for (const ATIVA& a : ativas) fds.push_back({a.leitura, POLLIN, 0});
+  for (const ATIVA& a : ativas) fds.push_back({a.leitura.fd, POLLIN, 0});
   const timespec segundo = {1, 0};
   sigset_t livre;
   sigprocmask(SIG_SETMASK, nullptr, &livre);
@@ -162,8 +163,8 @@ void atende(const TAREFAS& t, std::list<ATIVA>& ativas, const std::vector<pollfd
   auto ativa = ativas.begin();
   for (const pollfd& p : fds) {
     const auto esta = ativa++;
-    if (p.revents == 0 || escuta(esta->leitura, esta->fala, false)) continue;
-    close(esta->leitura);
+    if (p.revents == 0 || escuta(esta->leitura.fd, esta->fala, false)) continue;
+    esta->leitura = DESCRITOR();
     t.acabou(esta->indice, recolhe(esta->pid, std::move(esta->fala)));
     ativas.erase(esta);
   }
@@ -190,8 +191,9 @@ void preparaSinais() {
   mascara(SIG_BLOCK);
 }
 
-bool executaTarefas(const TAREFAS& t) {
-  std::list<ATIVA> ativas;
+namespace {
+
+bool executaTodas(const TAREFAS& t, std::list<ATIVA>& ativas) {
   std::size_t proxima = 0;
   while (proxima < t.quantas || !ativas.empty()) {
     while (proxima < t.quantas && static_cast<int>(ativas.size()) < t.aoMesmoTempo) {
@@ -208,6 +210,18 @@ bool executaTarefas(const TAREFAS& t) {
   return true;
 }
 
+}  // namespace
+
+bool executaTarefas(const TAREFAS& t) {
+  std::list<ATIVA> ativas;
+  try {
+    return executaTodas(t, ativas);
+  } catch (...) {
+    mata(ativas);
+    throw;
+  }
+}
+
 TERMINO executaPrograma(const std::string& programa, const std::vector<std::string>& args) {
   std::vector<std::string> linha = {programa};
   linha.insert(linha.end(), args.begin(), args.end());
@@ -215,20 +229,19 @@ TERMINO executaPrograma(const std::string& programa, const std::vector<std::stri
   argv.reserve(linha.size() + 1);
   for (std::string& s : linha) argv.push_back(s.data());
   argv.push_back(nullptr);
-  const CANO cano = abreCano();
+  CANO cano = abreCano();
   const pid_t pai = getpid();
   const pid_t pid = bifurca();
   if (pid == 0) {
     ligaA(pai);
-    dup2(cano.escrita, STDOUT_FILENO);
-    dup2(cano.escrita, STDERR_FILENO);
+    dup2(cano.escrita.fd, STDOUT_FILENO);
+    dup2(cano.escrita.fd, STDERR_FILENO);
     execv(argv[0], argv.data());
     _exit(127);
   }
-  close(cano.escrita);
+  cano.escrita = DESCRITOR();
   std::string fala;
-  while (escuta(cano.leitura, fala, true)) continue;
-  close(cano.leitura);
+  while (escuta(cano.leitura.fd, fala, true)) continue;
   return recolhe(pid, std::move(fala));
 }
 

@@ -38,8 +38,8 @@ void garanteSaidas();
 void preparaSinais();
 
 // Runs the tasks in order, so many at a time; their standard input is empty. An exception ends its
-// task with a message and exit status 1. False when a signal interrupted it: then no task is left
-// running.
+// task as fim::executa says, or else with a message and exit status 1. False when a signal
+// interrupted it; then, and when it throws, no task is left running.
 bool executaTarefas(const TAREFAS& t);
 
 // Runs a program in the current directory, to its end, within a task. What it says goes on to our

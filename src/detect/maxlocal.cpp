@@ -4,7 +4,6 @@
 #include <array>
 #include <charconv>
 #include <cstdio>
-#include <stdexcept>
 #include <string>
 
 #include "kernels/formas.h"
@@ -52,12 +51,9 @@ MAXLOCAL leRegistro(std::FILE* f, const std::string& nome) {
   return m;
 }
 
-// The exception ends the process with a line that names no file, so one that does goes before it.
 [[noreturn]] void recusaContagem(std::FILE* f, int n, const std::string& nome) {
-  std::fflush(stdout);
-  std::fprintf(stderr, "Erro: Numero de registros impossivel %d%s\n", n,
-               pim::lugar(f, nome).c_str());
-  throw std::length_error("vector::reserve");
+  throw pim::CONTAGEM_IMPOSSIVEL("Erro: Numero de registros impossivel " + std::to_string(n) +
+                                 pim::lugar(f, nome));
 }
 
 }  // namespace

@@ -24,7 +24,7 @@ void impMaxLocais(const std::vector<MAXLOCAL>& v, const std::string& nome);
 
 // Appends the records of a .ho1 or .ho2 file to `v`: as many as its first number says, whatever
 // follows them. pim::erro when the file can't be opened, or at a missing or bad number. A count
-// below 0 or above 107374182 is told on standard error and throws std::length_error.
+// below 0 or above 107374182 throws pim::CONTAGEM_IMPOSSIVEL.
 void leMaxLocais(std::vector<MAXLOCAL>& v, const std::string& nome);
 
 // Prints one record on standard output, for diagnosis.

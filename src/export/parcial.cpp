@@ -32,6 +32,7 @@ void conclui(PARCIAL p) {
   const std::string parcial = nomeParcial(p.nome);
   pim::fechaEscrita(std::move(p.arquivo), parcial);
   if (std::rename(parcial.c_str(), p.nome.c_str()) != 0) {
+    std::remove(parcial.c_str());
     pim::erro("Erro gravacao arquivo ", p.nome);
   }
 }

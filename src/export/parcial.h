@@ -5,8 +5,8 @@
 #include "pim/arquivo.h"
 
 // A result that is written aside, as NAME.parcial, and takes its name when it is complete: whoever
-// sees NAME sees all of it, and what stood there before stays until then. After an error the
-// .parcial remains; the next run overwrites it.
+// sees NAME sees all of it, and what stood there before stays until then. When it goes before
+// it is complete, so does the file; what a process that was killed leaves, the next one overwrites.
 struct PARCIAL {
   std::string nome;      // the final name
   pim::ARQUIVO arquivo;  // NAME.parcial

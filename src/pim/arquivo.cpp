@@ -13,20 +13,31 @@ namespace {
 // Larger inputs are refused before they exhaust the machine (an endless pipe never ends).
 constexpr std::size_t maximoDeBytes = std::size_t{4} << 30U;
 
+bool ehComum(std::FILE* f) {
+  struct stat dados {};
+  return fstat(fileno(f), &dados) == 0 && S_ISREG(dados.st_mode);
+}
+
 }  // namespace
+
+void FECHADOR::operator()(std::FILE* f) const {
+  const bool some = !inacabado.empty() && ehComum(f);
+  std::fclose(f);
+  if (some) std::remove(inacabado.c_str());
+}
 
 ARQUIVO abre(const std::string& nome, const char* modo, const std::string& mensagem) {
   ARQUIVO arquivo(std::fopen(nome.c_str(), modo));
   struct stat dados {};
   const bool aberto = arquivo && fstat(fileno(arquivo.get()), &dados) == 0;
   if (!aberto || S_ISDIR(dados.st_mode)) erro(mensagem, nome);
+  if (modo[0] == 'w') arquivo.get_deleter().inacabado = nome;
   return arquivo;
 }
 
 void fechaEscrita(ARQUIVO arquivo, const std::string& nome) {
   std::FILE* f = arquivo.release();
-  struct stat dados {};
-  const bool comum = fstat(fileno(f), &dados) == 0 && S_ISREG(dados.st_mode);
+  const bool comum = ehComum(f);
   const bool falhou = std::ferror(f) != 0;
   if (std::fclose(f) == 0 && !falhou) return;
   if (comum) std::remove(nome.c_str());

@@ -8,14 +8,17 @@
 namespace pim {
 
 struct FECHADOR {
-  void operator()(std::FILE* f) const { std::fclose(f); }
+  std::string inacabado;  // what goes when it is closed, if an ordinary file; may be empty
+
+  void operator()(std::FILE* f) const;
 };
 
 // An open standard C file that closes itself.
 using ARQUIVO = std::unique_ptr<std::FILE, FECHADOR>;
 
 // Opens `nome` in `modo` ("rt", "wt", "rb", "wb"). When that fails, or when `nome` is a directory,
-// pim::erro with `mensagem` followed by the name.
+// pim::erro with `mensagem` followed by the name. What is written is removed again, as unfinished,
+// unless fechaEscrita closes it.
 ARQUIVO abre(const std::string& nome, const char* modo,
              const std::string& mensagem = "Erro abertura arquivo ");
 

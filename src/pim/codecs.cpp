@@ -25,7 +25,11 @@ std::string caminhoDoModulo() {
 const CODECS& abreModulo() {
   void* modulo = dlopen(caminhoDoModulo().c_str(), RTLD_NOW | RTLD_LOCAL);
   const void* tabela = modulo != nullptr ? dlsym(modulo, "pimTabelaDeCodecs") : nullptr;
-  if (tabela == nullptr) erro("Erro: Modulo de imagens: ", dlerror());
+  if (tabela == nullptr) {
+    const std::string porque = dlerror();
+    if (modulo != nullptr) dlclose(modulo);
+    erro("Erro: Modulo de imagens: ", porque);
+  }
   return *static_cast<const CODECS*>(tabela);
 }
 

@@ -1,13 +1,24 @@
 #pragma once
 
+#include <exception>
+#include <stdexcept>
 #include <string>
+#include <utility>
+
+// What goes wrong is thrown, and caught by nobody below `main` unless to clean up. The types are
+// whole in this header and visible, so that one thrown in a shared module is caught outside it.
 
 namespace pim {
 
-// Reports a fatal error: flushes standard output, writes `a`, `b` and `c` one after the other as
-// one line on standard error and ends the process with exit status 1. Never returns. On a terminal
-// control characters show as "?": the words of a file may hold any.
-[[noreturn]] void erro(const std::string& a, const std::string& b = "", const std::string& c = "");
+// An error of the input, of a file or of the system.
+struct [[gnu::visibility("default")]] ERRO : std::exception {
+  std::string mensagem;  // one line, without its end
+
+  explicit ERRO(std::string texto) : mensagem(std::move(texto)) {}
+  const char* what() const noexcept override {
+    return mensagem.c_str();
+  }
+};
 
 // Where an assertion stands: the source name, line and full signature that its text reports.
 struct LOCAL {
@@ -16,9 +27,27 @@ struct LOCAL {
   const char* funcao;
 };
 
-// Ends the process as a failed assertion of the C library does: standard output is flushed, the
-// line "PROGRAM: arquivo:linha: funcao: Assertion `expressao' failed." goes to standard error and
-// the process aborts.
+// A failed assertion. what() is its text: "arquivo:linha: funcao: Assertion `expressao' failed."
+struct [[gnu::visibility("default")]] ASSERCAO : std::logic_error {
+  const char* expressao;
+  LOCAL local;
+
+  ASSERCAO(const char* expressao_, const LOCAL& local_)
+      : std::logic_error(std::string(local_.arquivo) + ":" + std::to_string(local_.linha) + ": " +
+                         local_.funcao + ": Assertion `" + expressao_ + "' failed."),
+        expressao(expressao_),
+        local(local_) {}
+};
+
+// The length that a file asks for can be that of no list. what() is a line that names the file.
+struct [[gnu::visibility("default")]] CONTAGEM_IMPOSSIVEL : std::length_error {
+  using std::length_error::length_error;
+};
+
+// Throws an ERRO of which `a`, `b` and `c`, one after the other, are the message.
+[[noreturn]] void erro(const std::string& a, const std::string& b = "", const std::string& c = "");
+
+// Throws an ASSERCAO. The texts are kept by address: they must last, as literals do.
 [[noreturn]] void assercaoFalhou(const char* expressao, const LOCAL& local);
 
 // An assertion that release builds keep. `expressao` is the text shown when `valida` is false.

@@ -8,6 +8,7 @@
 #include <random>
 
 #include "apoio/detector.h"
+#include "apoio/erros.h"
 
 namespace {
 
@@ -192,24 +193,23 @@ TEST(FindMaxLocal, SemNiveisNaoHaMaximos) {
   EXPECT_TRUE(MAPAS(5, 5, 0).acha(0).empty());
 }
 
-TEST(FindMaxLocalDeathTest, MapasDeTamanhosDiferentesSaoErro) {
-  const auto saida = testing::ExitedWithCode(1);
-  const char* mensagem = "^Erro findMaxLocal: Nao dentro\n$";
+TEST(FindMaxLocal, MapasDeTamanhosDiferentesSaoErro) {
+  const char* mensagem = "Erro findMaxLocal: Nao dentro";
   MAPAS estreito(9, 9, 1);
   estreito.correl[0](7, 7) = 0.5F;
   estreito.kernel[0] = INTEIRO(9, 7, 0);
-  EXPECT_EXIT(estreito.acha(0), saida, mensagem);
+  EXPECT_EQ(erroDe([&] { estreito.acha(0); }), mensagem);
   estreito.kernel[0] = INTEIRO(7, 9, 0);
-  EXPECT_EXIT(estreito.acha(0), saida, mensagem);
+  EXPECT_EQ(erroDe([&] { estreito.acha(0); }), mensagem);
   estreito.kernel.clear();
-  EXPECT_EXIT(estreito.acha(0), saida, mensagem);
+  EXPECT_EQ(erroDe([&] { estreito.acha(0); }), mensagem);
 }
 
-TEST(FindMaxLocalDeathTest, MaximoForaDaImagemEhErro) {
+TEST(FindMaxLocal, MaximoForaDaImagemEhErro) {
   MAPAS m(16, 16, 2);
   m.correl[1](6, 6) = 0.5F;
   EXPECT_EQ(m.acha(0).size(), 1U);
   m.correl[0] = FLOAT(13, 16, -1.0F);
   m.kernel[0] = INTEIRO(13, 16, 0);  // row 6 of level 1 is row 13 of the image
-  EXPECT_EXIT(m.acha(0), testing::ExitedWithCode(1), "^Erro findMaxLocal: Nao dentro\n$");
+  EXPECT_EQ(erroDe([&] { m.acha(0); }), "Erro findMaxLocal: Nao dentro");
 }

@@ -6,6 +6,7 @@
 #include <limits>
 #include <random>
 
+#include "apoio/erros.h"
 #include "apoio/figuras.h"
 #include "fotos.h"
 
@@ -116,21 +117,20 @@ TEST(ExtraiAm, PixelsForaDaFotografiaSaoPretos) {
 TEST(ExtraiAm, MascaraVaziaViolaAAfirmacao) {
   const FOTO img(9, 9, preto);
   const char* texto =
-      "vorplex:[0-9]+: cv::Mat_<cv::Vec<unsigned char, 3> > extraiAm.MAXLOCAL, "
-      "cv::Mat_<cv::Vec<unsigned char, 3> >, double.: "
-      "Assertion .g.rows%2==1 && g.cols%2==1' failed";
-  EXPECT_EXIT(extraiAm({0.9F, 'x', 4, 4, 5, 5, 0}, img, 1), testing::KilledBySignal(SIGABRT),
-              texto);
-  EXPECT_EXIT(extraiAm({0.9F, 'c', 4, 4, 5, 5, 0}, img, 0.1), testing::KilledBySignal(SIGABRT),
-              texto);
-  EXPECT_EXIT(extraiAm({0.9F, 'q', 4, 4, 5, 5, 0}, img, -1), testing::KilledBySignal(SIGABRT),
-              texto);
+      "vorplex: cv::Mat_<cv::Vec<unsigned char, 3> > extraiAm(MAXLOCAL, "
+      "cv::Mat_<cv::Vec<unsigned char, 3> >, double): "
+      "Assertion `g.rows%2==1 && g.cols%2==1' failed.";
+  EXPECT_EQ(assercaoSemLinha([&] { extraiAm({0.9F, 'x', 4, 4, 5, 5, 0}, img, 1); }), texto);
+  EXPECT_EQ(assercaoSemLinha([&] { extraiAm({0.9F, 'c', 4, 4, 5, 5, 0}, img, 0.1); }), texto);
+  EXPECT_EQ(assercaoSemLinha([&] { extraiAm({0.9F, 'q', 4, 4, 5, 5, 0}, img, -1); }), texto);
 }
 
 TEST(ExtraiAm, TamanhoSemImagemPossivelEhErro) {
   const FOTO img(9, 9, preto);
-  EXPECT_EXIT(extraiAm({0.9F, 'c', 4, 4, 5, 5, 0}, img, 1e9), testing::ExitedWithCode(1),
-              "^Erro: Forma grande demais c 5e.09 5e.09\n$");
+  EXPECT_EQ(erroDe([&] {
+              extraiAm({0.9F, 'c', 4, 4, 5, 5, 0}, img, 1e9);
+            }),
+            "Erro: Forma grande demais c 5e+09 5e+09");
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <random>
 
+#include "apoio/erros.h"
 #include "apoio/figuras.h"
 #include "apoio/pasta.h"
 #include "draw/amostra.h"
@@ -33,8 +34,10 @@ struct ExtraiNaPasta : testing::Test {
     std::vector<char*> argv;
     for (std::string& a : args) argv.push_back(a.data());
     testing::internal::CaptureStdout();
-    programa(static_cast<int>(argv.size()), argv.data());
+    const std::string lancado =
+        erroDe([&] { programa(static_cast<int>(argv.size()), argv.data()); });
     testing::internal::GetCapturedStdout();
+    if (!lancado.empty()) pim::erro(lancado);
   }
 
   static FOTO lida(const std::string& nome) {
@@ -96,23 +99,22 @@ TEST_F(ExtraiNaPasta, IndiceGrandeOcupaMaisAlgarismos) {
 
 TEST_F(ExtraiNaPasta, IndiceForaDaListaEhErroQueODiz) {
   for (const std::string indice : {"5", "-1", "2147483647", "-2147483648"}) {
-    EXPECT_EXIT(chama(ExtraiAm, {"1", indice}), testing::ExitedWithCode(1),
-                "Erro: Indice fora da lista " + indice + "\n$");
+    EXPECT_EQ(erroDe([&] {
+                chama(ExtraiAm, {"1", indice});
+              }),
+              "Erro: Indice fora da lista " + indice);
   }
 }
 
 TEST_F(ExtraiNaPasta, IndiceForaDaImagemDeClassesEhErroQueODiz) {
   grava("foto.mat", "P2\n2 2\n255\n1 2 3 4\n");
-  EXPECT_EXIT(chama(ExtraiCla, {"1"}), testing::ExitedWithCode(1),
-              "Erro: Indice fora da imagem de classes 4\n$");
+  EXPECT_EQ(erroDe([&] { chama(ExtraiCla, {"1"}); }), "Erro: Indice fora da imagem de classes 4");
 }
 
 TEST_F(ExtraiNaPasta, AsAmostrasAntesDoErroFicam) {
-  EXPECT_EXIT(chama(ExtraiAm, {"1", "2", "9"}), testing::ExitedWithCode(1),
-              "Erro: Indice fora da lista 9\n$");
+  EXPECT_EQ(erroDe([&] { chama(ExtraiAm, {"1", "2", "9"}); }), "Erro: Indice fora da lista 9");
   EXPECT_EQ(pngs(), (NOMES{"foto0002.png"}));
-  EXPECT_EXIT(chama(ExtraiAm, {"1", "0", "dois"}), testing::ExitedWithCode(1),
-              "Erro: Numero invalido dois\n$");
+  EXPECT_EQ(erroDe([&] { chama(ExtraiAm, {"1", "0", "dois"}); }), "Erro: Numero invalido dois");
   EXPECT_EQ(pngs(), (NOMES{"foto0000.png", "foto0002.png"}));
 }
 

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <random>
 
+#include "apoio/erros.h"
 #include "apoio/figuras.h"
 #include "fotos.h"
 #include "kernels/formas.h"
@@ -129,16 +130,16 @@ TEST(TracaForma, LetraDesconhecidaNaoDesenhaNadaFino) {
 
 TEST(TracaForma, LetraDesconhecidaEmBoldEhErro) {
   FOTO img = preta(9, 9);
-  EXPECT_EXIT(tracaForma(img, deteccao('x', 4, 4, 5, 5), true, vermelho),
-              testing::ExitedWithCode(1), "^Erro: IMG_::constructor _mat nulo\n$");
+  EXPECT_EQ(erroDe([&] { tracaForma(img, deteccao('x', 4, 4, 5, 5), true, vermelho); }),
+            "Erro: IMG_::constructor _mat nulo");
 }
 
 TEST(TracaForma, CirculoSemContornoEhErroFinoEBold) {
   FOTO img = preta(9, 9);
   for (const bool bold : {false, true}) {
     for (const double d : {0.5, 0.0, -8.0}) {
-      EXPECT_EXIT(tracaForma(img, deteccao('c', 4, 4, d), bold, vermelho),
-                  testing::ExitedWithCode(1), "^Erro: IMG_::constructor _mat nulo\n$");
+      EXPECT_EQ(erroDe([&] { tracaForma(img, deteccao('c', 4, 4, d), bold, vermelho); }),
+                "Erro: IMG_::constructor _mat nulo");
     }
   }
 }

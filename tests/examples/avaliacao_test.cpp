@@ -5,6 +5,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "apoio/erros.h"
 #include "apoio/pasta.h"
 
 namespace {
@@ -126,10 +127,10 @@ TEST(Graos, VaoEVoltamPeloArquivo) {
   EXPECT_EQ(lidos[1].ang, 179.9);
 }
 
-TEST(GraosDeathTest, LinhaEstragadaEhRecusada) {
+TEST(Graos, LinhaEstragadaEhRecusada) {
   const PASTA pasta;
   grava("a.csv", "letter,row,col,d1,d2,ang\nc,1,2,x,4,5\n");
-  EXPECT_EXIT(leGraos("a.csv"), testing::ExitedWithCode(1), "Linha invalida c,1,2,x,4,5 em a.csv");
+  EXPECT_EQ(erroDe([&] { leGraos("a.csv"); }), "Erro: Linha invalida c,1,2,x,4,5 em a.csv");
   grava("b.csv", "c,1,2,3,4,5\n");
-  EXPECT_EXIT(leGraos("b.csv"), testing::ExitedWithCode(1), "Cabecalho invalido em b.csv");
+  EXPECT_EQ(erroDe([&] { leGraos("b.csv"); }), "Erro: Cabecalho invalido em b.csv");
 }

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "apoio/erros.h"
 #include "apoio/pasta.h"
 #include "export/colunas.h"
 #include "export/graoscsv.h"
@@ -91,15 +92,15 @@ TEST(GraosCsv, TabelaDeVariasFotosTemONomeNaPrimeiraColuna) {
 TEST(GraosCsv, FotoDeOutraUnidadeEhErro) {
   const PASTA pasta;
   TABELA_GRAOS t = abreGraosCsv("todos.csv", UNIDADE::mm);
-  EXPECT_EXIT(acrescenta(t, umGrao({}, "b.jpg")), testing::ExitedWithCode(1),
-              "^Erro: Fotografias com unidades diferentes: b.jpg\n$");
+  EXPECT_EQ(erroDe([&] { acrescenta(t, umGrao({}, "b.jpg")); }),
+            "Erro: Fotografias com unidades diferentes: b.jpg");
 }
 
 TEST(GraosCsv, DiscoCheioEhErro) {
   const PASTA pasta;
   std::filesystem::create_symlink("/dev/full", "g.csv.parcial");
-  EXPECT_EXIT(impGraosCsv(umGrao({}), "g.csv"), testing::ExitedWithCode(1),
-              "^Erro gravacao arquivo g.csv.parcial\n$");
+  EXPECT_EQ(erroDe([&] { impGraosCsv(umGrao({}), "g.csv"); }),
+            "Erro gravacao arquivo g.csv.parcial");
 }
 
 RESUMO resumoDe(const FOTOGRAFIA& f, const std::vector<double>& aberturas = {}) {
@@ -173,10 +174,14 @@ TEST(ResumoCsv, OCabecalhoDizSeOPhiEhDeMilimetrosOuDePixels) {
 TEST(ResumoCsv, LinhaDeOutraUnidadeOuPeneiraEhErro) {
   const PASTA pasta;
   const RESUMO mm = resumoDe(umGrao(meioMilimetro));
-  EXPECT_EXIT(impResumoCsv({{"b", resumoDe(umGrao({}))}}, mm, "r.csv"), testing::ExitedWithCode(1),
-              "^Erro: Resumo com outras colunas: b\n$");
-  EXPECT_EXIT(impResumoCsv({{"c", resumoDe(umGrao(meioMilimetro), {2})}}, mm, "r.csv"),
-              testing::ExitedWithCode(1), "^Erro: Resumo com outras colunas: c\n$");
+  EXPECT_EQ(erroDe([&] {
+              impResumoCsv({{"b", resumoDe(umGrao({}))}}, mm, "r.csv");
+            }),
+            "Erro: Resumo com outras colunas: b");
+  EXPECT_EQ(erroDe([&] {
+              impResumoCsv({{"c", resumoDe(umGrao(meioMilimetro), {2})}}, mm, "r.csv");
+            }),
+            "Erro: Resumo com outras colunas: c");
 }
 
 }  // namespace

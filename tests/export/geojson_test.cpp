@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "apoio/erros.h"
 #include "apoio/pasta.h"
 #include "export/colunas.h"
 #include "leitores.h"
@@ -110,8 +111,8 @@ TEST(Geojson, PontosFicamAUmDecimoDeMilesimoDoContorno) {
 TEST(Geojson, DiscoCheioEhErro) {
   const PASTA pasta;
   std::filesystem::create_symlink("/dev/full", "g.geojson.parcial");
-  EXPECT_EXIT(impGeojson(fotoDeExemplo(), "g.geojson"), testing::ExitedWithCode(1),
-              "^Erro gravacao arquivo g.geojson.parcial\n$");
+  EXPECT_EQ(erroDe([&] { impGeojson(fotoDeExemplo(), "g.geojson"); }),
+            "Erro gravacao arquivo g.geojson.parcial");
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <array>
 
+#include "apoio/erros.h"
 #include "apoio/figuras.h"
 #include "apoio/pasta.h"
 
@@ -60,16 +61,15 @@ TEST(LeParametros, AFormaRepetidaValeAUltima) {
 }
 
 TEST(LeParametros, PalavraDesconhecidaEhErroComElaEmMinusculas) {
-  EXPECT_EXIT(le("circulo 0.5 0.6 Triangulo 1 2"), testing::ExitedWithCode(1),
-              "^Erro: Palavra desconhecida triangulo\n$");
-  EXPECT_EXIT(le("0.5"), testing::ExitedWithCode(1), "^Erro: Palavra desconhecida 0.5\n$");
+  EXPECT_EQ(erroDe([&] { le("circulo 0.5 0.6 Triangulo 1 2"); }),
+            "Erro: Palavra desconhecida triangulo");
+  EXPECT_EQ(erroDe([&] { le("0.5"); }), "Erro: Palavra desconhecida 0.5");
 }
 
 TEST(LeParametros, NumeroQueFaltaOuNaoEhNumeroEhErro) {
-  EXPECT_EXIT(le("elipse"), testing::ExitedWithCode(1), "^Erro: Falta numero");
-  EXPECT_EXIT(le("elipse 0.5"), testing::ExitedWithCode(1), "^Erro: Falta numero");
-  EXPECT_EXIT(le("elipse 0.5 default"), testing::ExitedWithCode(1),
-              "^Erro: Numero invalido default\n$");
+  EXPECT_EQ(erroDe([&] { le("elipse"); }), "Erro: Falta numero no fim dos parametros");
+  EXPECT_EQ(erroDe([&] { le("elipse 0.5"); }), "Erro: Falta numero no fim dos parametros");
+  EXPECT_EQ(erroDe([&] { le("elipse 0.5 default"); }), "Erro: Numero invalido default");
 }
 
 // Two overlapping circles in a folder with an image; `filtra` writes to `saida`.

@@ -5,6 +5,7 @@
 #include <random>
 #include <set>
 
+#include "apoio/erros.h"
 #include "filter/filtinter.h"
 #include "filter/ocupacao.h"
 #include "filter/silhueta.h"
@@ -107,8 +108,12 @@ TEST(Ocupacao, IndicesDemaisSaoMemoriaInsuficiente) {
 TEST(Ocupacao, RetirarOIndiceErradoOuForaDaGradeAborta) {
   OCUPACAO o(2, 2);
   o.acrescenta(1, 1, 1, 5);
-  EXPECT_DEATH(o.retira(1, 1, 4), "Assertion `t.back\\(\\)==int\\(wi\\)' failed");
-  EXPECT_DEATH(o.retira(2, 0, 4), "Assertion `l<rows && c<cols' failed");
+  EXPECT_EQ(
+      assercaoSemLinha([&] { o.retira(1, 1, 4); }),
+      "vorplex: void filtInter(std::vector<MAXLOCAL>&, std::vector<MAXLOCAL>&, cv::Size, double, "
+      "double, double, double, double, double, double, double): Assertion `t.back()==int(wi)' "
+      "failed.");
+  EXPECT_EQ(assercaoSemLinha([&] { o.retira(2, 0, 4); }), foraDaGrade);
 }
 
 TEST(Silhueta, MarcaOsZerosDaMascara) {

@@ -1,13 +1,13 @@
 // The fast correlation against the plain one and against direct sums in double.
 
 #include "detect/correlacao.h"
+#include "apoio/erros.h"
 
 #include <algorithm>
 #include <cmath>
 
 #include "confere.h"
 #include "entrada.h"
-#include "erro_lanca.h"
 #include "kernels/normaliza.h"
 #include "motor/termos/regioes.h"
 #include "pim/converte.h"

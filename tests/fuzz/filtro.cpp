@@ -4,9 +4,9 @@
 #include <limits>
 #include <stdexcept>
 
+#include "apoio/erros.h"
 #include "confere.h"
 #include "entrada.h"
-#include "erro_lanca.h"
 #include "filter/filtinter.h"
 #include "referencia/filtro.h"
 
@@ -41,9 +41,9 @@ std::string fimDe(FILTRO filtro, const LISTA& entrada, LISTA& saida, cv::Size ta
   try {
     filtro(entrada, saida, tamanho, t);
     return "";
-  } catch (const AFIRMACAO& a) {
-    return a.what();
-  } catch (const ERRO& erro) {
+  } catch (const pim::ASSERCAO& a) {
+    return a.expressao;
+  } catch (const pim::ERRO& erro) {
     return erro.what();
   } catch (const std::out_of_range&) {
     return "out_of_range";

@@ -2,13 +2,13 @@
 // and an outline is the inner boundary of its mask.
 
 #include "kernels/formas.h"
+#include "apoio/erros.h"
 
 #include <algorithm>
 #include <cmath>
 
 #include "confere.h"
 #include "entrada.h"
-#include "erro_lanca.h"
 #include "kernels/normaliza.h"
 #include "pim/converte.h"
 

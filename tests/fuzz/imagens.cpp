@@ -2,9 +2,9 @@
 
 #include <cstdlib>
 
+#include "apoio/erros.h"
 #include "confere.h"
 #include "entrada.h"
-#include "erro_lanca.h"
 #include "memoria.h"
 #include "pim/imagem.h"
 #include "pim/pnm.h"

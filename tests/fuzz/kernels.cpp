@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "apoio/erros.h"
 #include "confere.h"
 #include "entrada.h"
-#include "erro_lanca.h"
 #include "kernels/lekernels.h"
 #include "kernels/normaliza.h"
 #include "memoria.h"

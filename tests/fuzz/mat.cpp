@@ -1,8 +1,8 @@
 // MAT-files, through the codec module.
 
+#include "apoio/erros.h"
 #include "confere.h"
 #include "entrada.h"
-#include "erro_lanca.h"
 #include "memoria.h"
 #include "pim/codecs.h"
 #include "pim/imagem.h"

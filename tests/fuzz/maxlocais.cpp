@@ -5,9 +5,9 @@
 #include <cmath>
 #include <stdexcept>
 
+#include "apoio/erros.h"
 #include "confere.h"
 #include "entrada.h"
-#include "erro_lanca.h"
 #include "memoria.h"
 #include "report/relat.h"
 

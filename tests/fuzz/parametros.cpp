@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <map>
 
+#include "apoio/erros.h"
 #include "confere.h"
 #include "entrada.h"
-#include "erro_lanca.h"
 #include "filter/filtra.h"
 #include "pim/texto.h"
 #include "simples.h"

@@ -1,12 +1,12 @@
 // PGM, PPM and PBM files as grey and as colour, and written back.
 
 #include "pim/pnm.h"
+#include "apoio/erros.h"
 
 #include <opencv2/imgproc.hpp>
 
 #include "confere.h"
 #include "entrada.h"
-#include "erro_lanca.h"
 #include "memoria.h"
 #include "pim/arquivo.h"
 #include "pim/imagem.h"

@@ -3,10 +3,10 @@
 #include <bit>
 #include <limits>
 
+#include "apoio/erros.h"
 #include "confere.h"
 #include "detect/ordenacao.h"
 #include "entrada.h"
-#include "erro_lanca.h"
 #include "referencia/proximos.h"
 
 namespace {
@@ -46,8 +46,8 @@ void confereAmbas(RAPIDA rapida, SIMPLES simples, const char* texto) {
     try {
       acao();
       return "";
-    } catch (const AFIRMACAO& a) {
-      return a.what();
+    } catch (const pim::ASSERCAO& a) {
+      return a.expressao;
     }
   };
   const std::string daRapida = falha(rapida);

@@ -1,12 +1,12 @@
 // The token readers: a file, a parameter stream and the plain form see the same tokens and numbers.
 
+#include "apoio/erros.h"
 #include "pim/token.h"
 
 #include <bit>
 
 #include "confere.h"
 #include "entrada.h"
-#include "erro_lanca.h"
 #include "pim/arquivo.h"
 #include "pim/texto.h"
 #include "simples.h"

@@ -4,11 +4,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "apoio/erros.h"
 #include "confere.h"
 #include "draw/amostra.h"
 #include "draw/formas.h"
 #include "entrada.h"
-#include "erro_lanca.h"
 
 namespace {
 
@@ -42,7 +42,7 @@ void confereAmostra(const MAXLOCAL& m, const cv::Mat_<pim::VEC3B>& foto, double 
   if (!erroDe([&] { mascaraMaxLocal(ampliada, mascara); }).empty()) return;
   try {
     amostra = extraiAm(m, foto, fator);
-  } catch (const AFIRMACAO&) {
+  } catch (const pim::ASSERCAO&) {
     confere(mascara.empty(), "afirmacao com mascara");
     return;
   }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "apoio/erros.h"
+
 namespace {
 
 struct CASO {
@@ -57,8 +59,8 @@ TEST(Escala, TextoRecusadoDizPorqueENaoMudaNada) {
 
 TEST(Escala, LeEscalaTerminaComTextoEMotivo) {
   EXPECT_EQ(leEscala("0.05mm").lado, 0.05);
-  EXPECT_EXIT(leEscala("12,5 um"), testing::ExitedWithCode(1),
-              "^Erro: Escala invalida 12,5 um: use ponto decimal, e nao virgula\n$");
+  EXPECT_EQ(erroDe([&] { leEscala("12,5 um"); }),
+            "Erro: Escala invalida 12,5 um: use ponto decimal, e nao virgula");
 }
 
 TEST(Escala, SemEscalaTudoFicaEmPixels) {

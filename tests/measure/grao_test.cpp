@@ -7,6 +7,7 @@
 #include <numbers>
 #include <random>
 
+#include "apoio/erros.h"
 #include "apoio/figuras.h"
 #include "measure/contorno.h"
 #include "measure/perimetro.h"
@@ -79,10 +80,8 @@ TEST(MedeTodos, OIndiceEhOLugarNaLista) {
 }
 
 TEST(Mede, FormaSemMedidaEhErroQueDizQualE) {
-  EXPECT_EXIT(mede(forma('x', 5, 6), 3, 9, 9), testing::ExitedWithCode(1),
-              "^Erro: Forma sem medida 3 x 5 6\n$");
-  EXPECT_EXIT(mede(forma('r', 5, 0), 12, 9, 9), testing::ExitedWithCode(1),
-              "^Erro: Forma sem medida 12 r 5 0\n$");
+  EXPECT_EQ(erroDe([&] { mede(forma('x', 5, 6), 3, 9, 9); }), "Erro: Forma sem medida 3 x 5 6");
+  EXPECT_EQ(erroDe([&] { mede(forma('r', 5, 0), 12, 9, 9); }), "Erro: Forma sem medida 12 r 5 0");
 }
 
 TEST(Mensuravel, SoFormasComTamanhosPositivosEFinitos) {

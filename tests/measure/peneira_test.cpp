@@ -5,6 +5,7 @@
 #include <cmath>
 #include <random>
 
+#include "apoio/erros.h"
 #include "apoio/figuras.h"
 
 namespace {
@@ -81,13 +82,12 @@ TEST(Peneira, AsFracoesSomamUmEAPassanteCresce) {
 }
 
 TEST(Peneira, AberturasForaDeOrdemSaoErro) {
-  const char* erro = "^Erro: Aberturas de peneira devem ser crescentes e maiores que zero: ";
-  const std::string inicio = erro;
-  EXPECT_EXIT(peneira(curva({}), {2, 1}), testing::ExitedWithCode(1), inicio + "1\n$");
-  EXPECT_EXIT(peneira(curva({}), {2, 2}), testing::ExitedWithCode(1), inicio + "2\n$");
-  EXPECT_EXIT(peneira(curva({}), {0, 2}), testing::ExitedWithCode(1), inicio + "0\n$");
-  EXPECT_EXIT(confereAberturas({1, HUGE_VAL}), testing::ExitedWithCode(1), inicio + "inf\n$");
-  EXPECT_EXIT(confereAberturas({std::nan("")}), testing::ExitedWithCode(1), inicio + "nan\n$");
+  const std::string inicio = "Erro: Aberturas de peneira devem ser crescentes e maiores que zero: ";
+  EXPECT_EQ(erroDe([&] { peneira(curva({}), {2, 1}); }), inicio + "1");
+  EXPECT_EQ(erroDe([&] { peneira(curva({}), {2, 2}); }), inicio + "2");
+  EXPECT_EQ(erroDe([&] { peneira(curva({}), {0, 2}); }), inicio + "0");
+  EXPECT_EQ(erroDe([&] { confereAberturas({1, HUGE_VAL}); }), inicio + "inf");
+  EXPECT_EQ(erroDe([&] { confereAberturas({std::nan("")}); }), inicio + "nan");
 }
 
 TEST(Peneira, OQuePassaPorUmaPeneiraSobreTodosOsGraosEhExatamenteTudo) {

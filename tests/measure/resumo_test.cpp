@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "apoio/erros.h"
+
 namespace {
 
 FOTOGRAFIA foto(const std::string& nome, int rows, int cols, ESCALA escala,
@@ -92,8 +94,8 @@ TEST(Acumula, AOrdemDasFotosNaoMudaADistribuicao) {
 TEST(Acumula, UnidadesDiferentesSaoErro) {
   ACUMULADO a;
   acumula(a, foto("a", 9, 9, meioMilimetro, {}));
-  EXPECT_EXIT(acumula(a, foto("b", 9, 9, {}, {})), testing::ExitedWithCode(1),
-              "^Erro: Fotografias com unidades diferentes: b em px, antes mm\n$");
+  EXPECT_EQ(erroDe([&] { acumula(a, foto("b", 9, 9, {}, {})); }),
+            "Erro: Fotografias com unidades diferentes: b em px, antes mm");
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <opencv2/imgproc.hpp>
 #include <random>
 
+#include "apoio/erros.h"
 #include "apoio/figuras.h"
 #include "apoio/pasta.h"
 #include "pim/arquivo.h"
@@ -77,7 +78,7 @@ TEST(Jpeg, RecorteDeOutraImagemTemSoOsSeusPixels) {
 }
 
 TEST(Jpeg, ImagemVaziaEhErro) {
-  EXPECT_EXIT(emJpeg(IMAGEM(), 80), testing::ExitedWithCode(1), "Erro: Imagem vazia");
+  EXPECT_EQ(erroDe([&] { emJpeg(IMAGEM(), 80); }), "Erro: Imagem vazia");
 }
 
 TEST(JpegAte, ImagemCalmaFicaCom1600Pixels) {
@@ -116,7 +117,8 @@ TEST(Figura, FicaEmDoisArquivosEEhLidaDeVolta) {
   EXPECT_EQ(relida(lida.jpeg).size(), cv::Size(320, 240));
   EXPECT_EQ(relida(lida.miniatura).size(), cv::Size(160, 120));
   EXPECT_EQ(lida.jpeg, emJpegAte(foto, 1000000));
-  EXPECT_EXIT(impFigura("nenhuma.png", 1000, "g"), testing::ExitedWithCode(1), "nenhuma.png");
+  EXPECT_EQ(erroDe([&] { impFigura("nenhuma.png", 1000, "g"); }),
+            "Erro abertura arquivo nenhuma.png");
 }
 
 TEST(Figura, VaziaTemAProporcaoDaFotografia) {

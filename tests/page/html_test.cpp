@@ -4,6 +4,7 @@
 
 #include <regex>
 
+#include "apoio/erros.h"
 #include "page/recursos.h"
 
 namespace {
@@ -53,7 +54,7 @@ TEST(Recursos, BibliotecasNaoPedemOutrosArquivos) {
 }
 
 TEST(Recursos, QuemNaoExisteEhErro) {
-  EXPECT_EXIT(recurso("nada.js"), testing::ExitedWithCode(1), "Erro: Pagina sem nada.js");
+  EXPECT_EQ(erroDe([&] { recurso("nada.js"); }), "Erro: Pagina sem nada.js");
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <regex>
 
+#include "apoio/erros.h"
 #include "apoio/figuras.h"
 #include "apoio/pasta.h"
 #include "page/dados.h"
@@ -223,7 +224,7 @@ TEST(Pagina, FiguraIlegivelNaoTocaAPaginaAnterior) {
   grava("p.html", "anterior");
   PAGINA p = umaFoto();
   p.fotos[0].figura = "nenhuma";
-  EXPECT_EXIT(impPagina(p, "p.html"), testing::ExitedWithCode(1), "nenhuma");
+  EXPECT_EQ(erroDe([&] { impPagina(p, "p.html"); }), "Erro abertura arquivo nenhuma");
   EXPECT_EQ(leTudo("p.html"), "anterior");
 }
 
@@ -231,12 +232,14 @@ TEST(Pagina, PeneirasForaDeOrdemSaoRecusadas) {
   const PASTA pasta;
   PAGINA p;
   p.peneiras = {2, 1};
-  EXPECT_EXIT(impPagina(p, "p.html"), testing::ExitedWithCode(1), "Aberturas de peneira");
+  EXPECT_EQ(erroDe([&] { impPagina(p, "p.html"); }),
+            "Erro: Aberturas de peneira devem ser crescentes e maiores que zero: 1");
 }
 
 TEST(Pagina, PastaInexistenteEhErro) {
   const PASTA pasta;
-  EXPECT_EXIT(impPagina(PAGINA{}, "nada/p.html"), testing::ExitedWithCode(1), "nada/p.html");
+  EXPECT_EQ(erroDe([&] { impPagina(PAGINA{}, "nada/p.html"); }),
+            "Erro abertura arquivo nada/p.html.parcial");
 }
 
 }  // namespace

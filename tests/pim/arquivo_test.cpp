@@ -7,21 +7,22 @@
 #include <filesystem>
 #include <thread>
 
+#include "apoio/erros.h"
 #include "apoio/pasta.h"
 #include "fabrica.h"
 
 TEST(Abre, ArquivoInexistenteTerminaComAMensagemEONome) {
   const PASTA pasta;
-  ESPERA_ERRO(pim::abre("nada.txt", "rt"), "Erro abertura arquivo nada.txt");
-  ESPERA_ERRO(pim::abre("nada.txt", "rt", "Nao abre: "), "Nao abre: nada.txt");
+  EXPECT_EQ(erroDe([&] { pim::abre("nada.txt", "rt"); }), "Erro abertura arquivo nada.txt");
+  EXPECT_EQ(erroDe([&] { pim::abre("nada.txt", "rt", "Nao abre: "); }), "Nao abre: nada.txt");
 }
 
 TEST(Abre, PastaNaoEhArquivo) {
   const PASTA pasta;
   std::filesystem::create_directory("d.txt");
-  ESPERA_ERRO(pim::abre("d.txt", "rt"), "Erro abertura arquivo d.txt");
-  ESPERA_ERRO(pim::abre("d.txt", "wt"), "Erro abertura arquivo d.txt");
-  ESPERA_ERRO(pim::leBytes("d.txt"), "Erro abertura arquivo d.txt");
+  EXPECT_EQ(erroDe([&] { pim::abre("d.txt", "rt"); }), "Erro abertura arquivo d.txt");
+  EXPECT_EQ(erroDe([&] { pim::abre("d.txt", "wt"); }), "Erro abertura arquivo d.txt");
+  EXPECT_EQ(erroDe([&] { pim::leBytes("d.txt"); }), "Erro abertura arquivo d.txt");
 }
 
 TEST(FechaEscrita, DiscoCheioEhErro) {
@@ -30,7 +31,7 @@ TEST(FechaEscrita, DiscoCheioEhErro) {
     std::fputs("x", f.get());
     pim::fechaEscrita(std::move(f), "/dev/full");
   };
-  ESPERA_ERRO(acao(), "Erro gravacao arquivo /dev/full");
+  EXPECT_EQ(erroDe(acao), "Erro gravacao arquivo /dev/full");
 }
 
 TEST(FechaEscrita, ErroDeEscritaAnteriorNaoSePerde) {
@@ -40,20 +41,45 @@ TEST(FechaEscrita, ErroDeEscritaAnteriorNaoSePerde) {
     std::fflush(f.get());
     pim::fechaEscrita(std::move(f), "/dev/full");
   };
-  ESPERA_ERRO(acao(), "Erro gravacao arquivo /dev/full");
+  EXPECT_EQ(erroDe(acao), "Erro gravacao arquivo /dev/full");
 }
 
 TEST(FechaEscrita, OQueNaoCabeNoDiscoNaoFicaPelaMetade) {
   const PASTA pasta;
   grava("a.txt", "o que havia");
-  const auto acao = [] {
-    std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit limite{4096, 4096};
-    setrlimit(RLIMIT_FSIZE, &limite);
-    pim::gravaBytes("a.txt", std::vector<unsigned char>(5000));
-  };
-  ESPERA_ERRO(acao(), "Erro gravacao arquivo a.txt");
+  rlimit antes{};
+  getrlimit(RLIMIT_FSIZE, &antes);
+  const rlimit limite{4096, antes.rlim_max};
+  auto* const sinal = std::signal(SIGXFSZ, SIG_IGN);
+  setrlimit(RLIMIT_FSIZE, &limite);
+  const std::string erro =
+      erroDe([] { pim::gravaBytes("a.txt", std::vector<unsigned char>(5000)); });
+  setrlimit(RLIMIT_FSIZE, &antes);
+  std::signal(SIGXFSZ, sinal);
+  EXPECT_EQ(erro, "Erro gravacao arquivo a.txt");
   EXPECT_FALSE(std::filesystem::exists("a.txt"));
+}
+
+TEST(Abre, OQueUmErroInterrompeNaoFicaPelaMetade) {
+  const PASTA pasta;
+  grava("a.txt", "o que havia");
+  const auto acao = [](const char* nome) {
+    const pim::ARQUIVO f = pim::abre(nome, "wt");
+    std::fputs("metade", f.get());
+    pim::erro("Erro: x");
+  };
+  EXPECT_EQ(erroDe([&] { acao("a.txt"); }), "Erro: x");
+  EXPECT_FALSE(existe("a.txt"));
+  std::filesystem::create_symlink("/dev/null", "nulo");
+  EXPECT_EQ(erroDe([&] { acao("nulo"); }), "Erro: x");
+  EXPECT_TRUE(existe("nulo"));
+}
+
+TEST(Abre, OQueSeLeFica) {
+  const PASTA pasta;
+  grava("a.txt", "x");
+  pim::abre("a.txt", "rt").reset();
+  EXPECT_TRUE(existe("a.txt"));
 }
 
 TEST(GravaBytes, LeBytesDevolveOsMesmosBytes) {
@@ -72,8 +98,9 @@ TEST(GravaBytes, LeBytesDevolveOsMesmosBytes) {
 
 TEST(GravaBytes, PastaInexistenteOuDiscoCheioEhErro) {
   const PASTA pasta;
-  ESPERA_ERRO(pim::gravaBytes("nada/a.bin", {1}), "Erro abertura arquivo nada/a.bin");
-  ESPERA_ERRO(pim::gravaBytes("/dev/full", {1}), "Erro gravacao arquivo /dev/full");
+  EXPECT_EQ(erroDe([&] { pim::gravaBytes("nada/a.bin", {1}); }),
+            "Erro abertura arquivo nada/a.bin");
+  EXPECT_EQ(erroDe([&] { pim::gravaBytes("/dev/full", {1}); }), "Erro gravacao arquivo /dev/full");
 }
 
 TEST(LeBytes, TuboEhLidoAteOFim) {
@@ -87,12 +114,12 @@ TEST(LeBytes, TuboEhLidoAteOFim) {
 }
 
 TEST(LeBytes, DispositivoSemFimEhRecusado) {
-  ESPERA_ERRO(pim::leBytes("/dev/zero"), "Erro leitura arquivo /dev/zero");
+  EXPECT_EQ(erroDe([&] { pim::leBytes("/dev/zero"); }), "Erro leitura arquivo /dev/zero");
 }
 
 TEST(LeBytes, ArquivoEnormeEhRecusadoAntesDeSerLido) {
   const PASTA pasta;
   grava("enorme", "");
   std::filesystem::resize_file("enorme", (std::uintmax_t{4} << 30U) + 1);  // sparse
-  ESPERA_ERRO(pim::leBytes("enorme"), "Erro: Arquivo grande demais enorme");
+  EXPECT_EQ(erroDe([&] { pim::leBytes("enorme"); }), "Erro: Arquivo grande demais enorme");
 }

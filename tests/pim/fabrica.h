@@ -12,10 +12,6 @@
 
 using BYTES = std::vector<unsigned char>;
 
-// Expects that `acao` ends through pim::erro with nothing but the line `texto` on standard error.
-#define ESPERA_ERRO(acao, texto) \
-  EXPECT_EXIT(acao, testing::ExitedWithCode(1), testing::Eq(std::string(texto) + "\n"))
-
 BYTES deTexto(const std::string& texto);
 void gravaBytesEm(const std::string& nome, const BYTES& bytes);
 

@@ -8,6 +8,7 @@
 #include <opencv2/imgcodecs.hpp>
 #include <thread>
 
+#include "apoio/erros.h"
 #include "apoio/pasta.h"
 #include "fabrica.h"
 
@@ -29,8 +30,10 @@ COR leCor(const std::string& nome) {
 }
 
 void exigeErroDeLeitura(const std::string& nome) {
-  EXPECT_EXIT(leCinza(nome), testing::ExitedWithCode(1),
-              testing::ContainsRegex("^Erro leitura imagem " + nome + ": [^\n]+\n$"));
+  const std::string inicio = "Erro leitura imagem " + nome + ": ";
+  const std::string erro = erroDe([&] { leCinza(nome); });
+  EXPECT_TRUE(erro.starts_with(inicio) && erro.size() > inicio.size()) << erro;
+  EXPECT_EQ(erro.find('\n'), std::string::npos) << erro;
 }
 
 }  // namespace
@@ -137,26 +140,28 @@ TEST(Le, MatEmTuboEhErroENaoEspera) {
   ASSERT_EQ(mkfifo("tubo.mat", 0600), 0);
   const auto acao = [] {
     std::thread escritor([] { grava("tubo.mat", "MATLAB 5.0 MAT-file"); });
-    escritor.detach();
-    leCinza("tubo.mat");
+    const std::string erro = erroDe([] { leCinza("tubo.mat"); });
+    escritor.join();
+    return erro;
   };
-  ESPERA_ERRO(acao(), "Erro leitura imagem tubo.mat: MAT-file precisa ser arquivo comum");
+  EXPECT_EQ(acao(), "Erro leitura imagem tubo.mat: MAT-file precisa ser arquivo comum");
 }
 
 TEST(Le, ArquivoAusenteOuPastaTerminaComONome) {
   const PASTA pasta;
   std::filesystem::create_directory("d.png");
-  ESPERA_ERRO(leCinza("nada.png"), "Erro abertura arquivo nada.png");
-  ESPERA_ERRO(leCor("nada.png"), "Erro abertura arquivo nada.png");
-  ESPERA_ERRO(leCinza("d.png"), "Erro abertura arquivo d.png");
+  EXPECT_EQ(erroDe([&] { leCinza("nada.png"); }), "Erro abertura arquivo nada.png");
+  EXPECT_EQ(erroDe([&] { leCor("nada.png"); }), "Erro abertura arquivo nada.png");
+  EXPECT_EQ(erroDe([&] { leCinza("d.png"); }), "Erro abertura arquivo d.png");
 }
 
 TEST(Le, ArquivoVazioOuQueNaoEhImagemTerminaComONome) {
   const PASTA pasta;
   grava("vazio.png", "");
-  ESPERA_ERRO(leCinza("vazio.png"), "Erro leitura imagem vazio.png: arquivo vazio");
+  EXPECT_EQ(erroDe([&] { leCinza("vazio.png"); }), "Erro leitura imagem vazio.png: arquivo vazio");
   grava("texto.png", "isto nao e' uma imagem");
-  ESPERA_ERRO(leCinza("texto.png"), "Erro leitura imagem texto.png: nao e' uma imagem legivel");
+  EXPECT_EQ(erroDe([&] { leCinza("texto.png"); }),
+            "Erro leitura imagem texto.png: nao e' uma imagem legivel");
 }
 
 TEST(Le, ArquivoTruncadoTerminaComONomeENadaMaisNoErroPadrao) {
@@ -201,8 +206,8 @@ TEST(ImpReais, GravaUmTiffSemCompressao) {
 TEST(ImpReais, OutroSufixoOuImagemVaziaEhErro) {
   const PASTA pasta;
   const cv::Mat_<float> img(2, 2, 0.0F);
-  ESPERA_ERRO(pim::imp(img, "a.png"), "Erro: Formato de imagem desconhecido a.png");
-  ESPERA_ERRO(pim::imp(cv::Mat_<float>(), "a.img"), "Erro: Imagem vazia a.img");
+  EXPECT_EQ(erroDe([&] { pim::imp(img, "a.png"); }), "Erro: Formato de imagem desconhecido a.png");
+  EXPECT_EQ(erroDe([&] { pim::imp(cv::Mat_<float>(), "a.img"); }), "Erro: Imagem vazia a.img");
   EXPECT_FALSE(existe("a.png"));
   EXPECT_FALSE(existe("a.img"));
 }
@@ -210,34 +215,39 @@ TEST(ImpReais, OutroSufixoOuImagemVaziaEhErro) {
 TEST(Imp, SufixoDesconhecidoOuAusenteEhErroENaoTocaNoArquivo) {
   const PASTA pasta;
   grava("a.xyz", "antigo");
-  ESPERA_ERRO(pim::imp(cenaCinza(4, 4), "a.xyz"), "Erro: Formato de imagem desconhecido a.xyz");
-  ESPERA_ERRO(pim::imp(cenaColorida(4, 4), "a"), "Erro: Formato de imagem desconhecido a");
-  ESPERA_ERRO(pim::imp(cenaColorida(4, 4), "d.png/a"),
-              "Erro: Formato de imagem desconhecido d.png/a");
+  EXPECT_EQ(erroDe([&] { pim::imp(cenaCinza(4, 4), "a.xyz"); }),
+            "Erro: Formato de imagem desconhecido a.xyz");
+  EXPECT_EQ(erroDe([&] { pim::imp(cenaColorida(4, 4), "a"); }),
+            "Erro: Formato de imagem desconhecido a");
+  EXPECT_EQ(erroDe([&] { pim::imp(cenaColorida(4, 4), "d.png/a"); }),
+            "Erro: Formato de imagem desconhecido d.png/a");
   EXPECT_EQ(leTudo("a.xyz"), "antigo");
 }
 
 TEST(Imp, ImagemVaziaEhErro) {
   const PASTA pasta;
   for (const char* nome : {"a.png", "a.pgm", "a.ppm"}) {
-    ESPERA_ERRO(pim::imp(CINZA(), nome), std::string("Erro: Imagem vazia ") + nome);
-    ESPERA_ERRO(pim::imp(COR(), nome), std::string("Erro: Imagem vazia ") + nome);
+    EXPECT_EQ(erroDe([&] { pim::imp(CINZA(), nome); }), std::string("Erro: Imagem vazia ") + nome);
+    EXPECT_EQ(erroDe([&] { pim::imp(COR(), nome); }), std::string("Erro: Imagem vazia ") + nome);
     EXPECT_FALSE(existe(nome));
   }
 }
 
 TEST(Imp, PastaInexistenteEhErro) {
   const PASTA pasta;
-  ESPERA_ERRO(pim::imp(cenaCinza(4, 4), "nada/a.png"), "Erro abertura arquivo nada/a.png");
-  ESPERA_ERRO(pim::imp(cenaCinza(4, 4), "nada/a.pgm"), "Erro abertura arquivo nada/a.pgm");
-  ESPERA_ERRO(pim::imp(cv::Mat_<float>(2, 2, 0.0F), "nada/a.img"),
-              "Erro abertura arquivo nada/a.img");
+  EXPECT_EQ(erroDe([&] { pim::imp(cenaCinza(4, 4), "nada/a.png"); }),
+            "Erro abertura arquivo nada/a.png");
+  EXPECT_EQ(erroDe([&] { pim::imp(cenaCinza(4, 4), "nada/a.pgm"); }),
+            "Erro abertura arquivo nada/a.pgm");
+  EXPECT_EQ(erroDe([&] { pim::imp(cv::Mat_<float>(2, 2, 0.0F), "nada/a.img"); }),
+            "Erro abertura arquivo nada/a.img");
 }
 
 TEST(Imp, DiscoCheioEhErroENaoSilencio) {
   const PASTA pasta;
   for (const char* nome : {"cheio.png", "cheio.pgm", "cheio.ppm", "cheio.jpg"}) {
     std::filesystem::create_symlink("/dev/full", nome);
-    ESPERA_ERRO(pim::imp(cenaCinza(100, 100), nome), std::string("Erro gravacao arquivo ") + nome);
+    EXPECT_EQ(erroDe([&] { pim::imp(cenaCinza(100, 100), nome); }),
+              std::string("Erro gravacao arquivo ") + nome);
   }
 }

@@ -1,10 +1,12 @@
 #include "pim/img.h"
 
+#include "apoio/erros.h"
 #include "fabrica.h"
 
 TEST(Img, MatrizSemDadosEhRecusada) {
-  ESPERA_ERRO(IMG_<float>(cv::Mat_<float>()), "Erro: IMG_::constructor _mat nulo");
-  ESPERA_ERRO(IMG_<unsigned char>(cv::Mat_<unsigned char>()), "Erro: IMG_::constructor _mat nulo");
+  EXPECT_EQ(erroDe([&] { IMG_<float>(cv::Mat_<float>()); }), "Erro: IMG_::constructor _mat nulo");
+  EXPECT_EQ(erroDe([&] { IMG_<unsigned char>(cv::Mat_<unsigned char>()); }),
+            "Erro: IMG_::constructor _mat nulo");
 }
 
 TEST(Img, CompartilhaOsPixels) {

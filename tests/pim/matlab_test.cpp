@@ -2,6 +2,7 @@
 
 #include <random>
 
+#include "apoio/erros.h"
 #include "apoio/pasta.h"
 #include "fabrica.h"
 #include "pim/imagem.h"
@@ -271,9 +272,9 @@ TEST(LeImagemMat, FalhaNomeiaOArquivoEmUmaSoLinha) {
   const PASTA pasta;
   cv::Mat_<unsigned char> img;
   gravaMat<double>("fracao.mat", {0.5}, 1, 1);
-  ESPERA_ERRO(pim::le(img, "fracao.mat"),
-              "Erro leitura imagem fracao.mat: elemento fora de 0 a 255");
+  EXPECT_EQ(erroDe([&] { pim::le(img, "fracao.mat"); }),
+            "Erro leitura imagem fracao.mat: elemento fora de 0 a 255");
   grava("lixo.mat", "isto nao e' um MAT-file");
-  ESPERA_ERRO(pim::le(img, "lixo.mat"),
-              "Erro leitura imagem lixo.mat: nao e' uma imagem nem um MAT-file");
+  EXPECT_EQ(erroDe([&] { pim::le(img, "lixo.mat"); }),
+            "Erro leitura imagem lixo.mat: nao e' uma imagem nem um MAT-file");
 }

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <limits>
 
+#include "apoio/erros.h"
 #include "fabrica.h"
 
 TEST(Minuscula, SoMudaAsLetrasDeAAZ) {
@@ -64,14 +65,16 @@ TEST(ConvArg, TextoQueNaoEhNumeroInteiroTerminaComEle) {
   int i = 0;
   for (const char* texto : {"", "abc", "12x", "1.5", " 3", "3 ", "1e3", "0x10", "-", "2147483648",
                             "-2147483649", "99999999999999999999"}) {
-    ESPERA_ERRO(pim::convArg(i, texto), std::string("Erro: Numero invalido ") + texto);
+    EXPECT_EQ(erroDe([&] { pim::convArg(i, texto); }),
+              std::string("Erro: Numero invalido ") + texto);
   }
 }
 
 TEST(ConvArg, TextoQueNaoEhNumeroRealTerminaComEle) {
   double d = 0;
   for (const char* texto : {"", "x", "1,5", "1.5.2", "1e", " 1", "1e999", "--1"}) {
-    ESPERA_ERRO(pim::convArg(d, texto), std::string("Erro: Numero invalido ") + texto);
+    EXPECT_EQ(erroDe([&] { pim::convArg(d, texto); }),
+              std::string("Erro: Numero invalido ") + texto);
   }
 }
 

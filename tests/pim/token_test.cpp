@@ -7,6 +7,7 @@
 #include <sstream>
 #include <thread>
 
+#include "apoio/erros.h"
 #include "apoio/pasta.h"
 #include "fabrica.h"
 #include "pim/arquivo.h"
@@ -161,7 +162,7 @@ TEST(LeNum, FluxoDeParametros) {
   EXPECT_EQ(d, 0.25);
   pim::leNum(s, d);
   EXPECT_EQ(d, 3);
-  ESPERA_ERRO(pim::leNum(s, d), "Erro: Falta numero no fim dos parametros");
+  EXPECT_EQ(erroDe([&] { pim::leNum(s, d); }), "Erro: Falta numero no fim dos parametros");
 }
 
 TEST(LeNum, PalavraEmVezDeNumeroTerminaComElaEOLugar) {
@@ -169,23 +170,27 @@ TEST(LeNum, PalavraEmVezDeNumeroTerminaComElaEOLugar) {
   const auto f = texto("1\n// comentario\nxis 2");
   int i = 0;
   pim::leNum(f.get(), i);
-  ESPERA_ERRO(pim::leNum(f.get(), i), "Erro: Numero invalido xis (linha 3)");
-  ESPERA_ERRO(pim::leNum(f.get(), i, "t.txt"), "Erro: Numero invalido xis (t.txt, linha 3)");
+  EXPECT_EQ(erroDe([&] { pim::leNum(f.get(), i); }), "Erro: Numero invalido xis (linha 3)");
+  const auto outro = texto("1\n// comentario\nxis 2");
+  pim::leNum(outro.get(), i);
+  EXPECT_EQ(erroDe([&] { pim::leNum(outro.get(), i, "t.txt"); }),
+            "Erro: Numero invalido xis (t.txt, linha 3)");
   ISTR s{"xis"};
   double d = 0;
-  ESPERA_ERRO(pim::leNum(s, d), "Erro: Numero invalido xis");
+  EXPECT_EQ(erroDe([&] { pim::leNum(s, d); }), "Erro: Numero invalido xis");
 }
 
 TEST(LeNum, FaltaDeNumeroEInteiroForaDaFaixaSaoErros) {
   const PASTA pasta;
   int i = 0;
   const auto vazio = texto("//so isto\n");
-  ESPERA_ERRO(pim::leNum(vazio.get(), i, "t.txt"),
-              "Erro: Falta numero no fim do texto (t.txt, linha 2)");
+  EXPECT_EQ(erroDe([&] { pim::leNum(vazio.get(), i, "t.txt"); }),
+            "Erro: Falta numero no fim do texto (t.txt, linha 2)");
   const auto fracao = texto("1.5");
-  ESPERA_ERRO(pim::leNum(fracao.get(), i), "Erro: Numero invalido 1.5 (linha 1)");
+  EXPECT_EQ(erroDe([&] { pim::leNum(fracao.get(), i); }), "Erro: Numero invalido 1.5 (linha 1)");
   const auto grande = texto("3000000000");
-  ESPERA_ERRO(pim::leNum(grande.get(), i), "Erro: Numero invalido 3000000000 (linha 1)");
+  EXPECT_EQ(erroDe([&] { pim::leNum(grande.get(), i); }),
+            "Erro: Numero invalido 3000000000 (linha 1)");
 }
 
 TEST(CopiaPalavra, CopiaAPrimeiraPalavraMesmoDeComentario) {
@@ -232,13 +237,14 @@ TEST(LeStr, FalhaDeLeituraEhErroENaoFim) {
   grava("t.txt", "x");
   // A file opened for writing only can't be read.
   const pim::ARQUIVO f(std::fopen("t.txt", "a"));
-  ESPERA_ERRO(pim::leStr(f.get()), "Erro leitura arquivo");
-  ESPERA_ERRO(pim::pulaBrancos(f.get()), "Erro leitura arquivo");
-  ESPERA_ERRO(pim::leStr(f.get(), "t.txt"), "Erro leitura arquivo t.txt");
-  ESPERA_ERRO(pim::pulaBrancos(f.get(), "t.txt"), "Erro leitura arquivo t.txt");
-  ESPERA_ERRO(pim::copiaPalavra(f.get(), stderr, "t.txt"), "Erro leitura arquivo t.txt");
+  EXPECT_EQ(erroDe([&] { pim::leStr(f.get()); }), "Erro leitura arquivo");
+  EXPECT_EQ(erroDe([&] { pim::pulaBrancos(f.get()); }), "Erro leitura arquivo");
+  EXPECT_EQ(erroDe([&] { pim::leStr(f.get(), "t.txt"); }), "Erro leitura arquivo t.txt");
+  EXPECT_EQ(erroDe([&] { pim::pulaBrancos(f.get(), "t.txt"); }), "Erro leitura arquivo t.txt");
+  EXPECT_EQ(erroDe([&] { pim::copiaPalavra(f.get(), stderr, "t.txt"); }),
+            "Erro leitura arquivo t.txt");
   double d = 0;
-  ESPERA_ERRO(pim::leNum(f.get(), d, "t.txt"), "Erro leitura arquivo t.txt");
+  EXPECT_EQ(erroDe([&] { pim::leNum(f.get(), d, "t.txt"); }), "Erro leitura arquivo t.txt");
 }
 
 TEST(LeStr, PalavraDeMaisDeUmMebibyteEhErro) {
@@ -246,18 +252,19 @@ TEST(LeStr, PalavraDeMaisDeUmMebibyteEhErro) {
   const std::string maior(std::size_t{1} << 20U, 'a');
   EXPECT_EQ(pim::leStr(texto("\n" + maior + " b").get()), maior);
   const auto f = texto("\n" + maior + "a b");
-  ESPERA_ERRO(pim::leStr(f.get(), "t.txt"), "Erro: Palavra grande demais (t.txt, linha 2)");
+  EXPECT_EQ(erroDe([&] { pim::leStr(f.get(), "t.txt"); }),
+            "Erro: Palavra grande demais (t.txt, linha 2)");
 }
 
 TEST(LeNum, PalavraLongaEhMostradaEmParte) {
   const PASTA pasta;
   int i = 0;
   const std::string longa(81, 'x');
-  ESPERA_ERRO(pim::leNum(texto(longa).get(), i),
-              "Erro: Numero invalido " + longa.substr(1) + "... (linha 1)");
-  ESPERA_ERRO(pim::leNum(texto(longa.substr(1)).get(), i),
-              "Erro: Numero invalido " + longa.substr(1) + " (linha 1)");
+  EXPECT_EQ(erroDe([&] { pim::leNum(texto(longa).get(), i); }),
+            "Erro: Numero invalido " + longa.substr(1) + "... (linha 1)");
+  EXPECT_EQ(erroDe([&] { pim::leNum(texto(longa.substr(1)).get(), i); }),
+            "Erro: Numero invalido " + longa.substr(1) + " (linha 1)");
   const std::string controles("1\0\x1B[m\xC3\xA1\x7F", 8);
-  ESPERA_ERRO(pim::leNum(texto(controles).get(), i),
-              "Erro: Numero invalido " + controles + " (linha 1)");
+  EXPECT_EQ(erroDe([&] { pim::leNum(texto(controles).get(), i); }),
+            "Erro: Numero invalido " + controles + " (linha 1)");
 }

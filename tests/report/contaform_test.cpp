@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include "apoio/pasta.h"
+#include "fim/fim.h"
 
 namespace {
 
@@ -66,8 +67,10 @@ TEST(ContaForm, PastaChamadaHo2NaoEntra) {
   dup2(open("saida", O_WRONLY | O_CREAT | O_TRUNC, 0666), STDOUT_FILENO);
   constexpr uid_t ninguem = 65534;
   if (geteuid() == 0 && seteuid(ninguem) != 0) std::_Exit(99);
-  ContaForm(0, nullptr);
-  std::_Exit(0);
+  std::_Exit(fim::executa([] {
+    ContaForm(0, nullptr);
+    return 0;
+  }));
 }
 
 TEST(ContaForm, ArquivoQueNaoAbreEhErroDepoisDosOutros) {

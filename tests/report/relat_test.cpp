@@ -7,6 +7,7 @@
 #include <limits>
 #include <random>
 
+#include "apoio/erros.h"
 #include "apoio/figuras.h"
 #include "apoio/pasta.h"
 
@@ -60,13 +61,14 @@ TEST(ContaAreas, TamanhosNulosENegativosContamComoSao) {
 TEST(ContaAreas, AreaQueNaoCabeEm32BitsEhErroQueDizARegistro) {
   EXPECT_EQ(contaAreas({forma('r', 2147483647, 1), forma('r', -2147483648, 1)}).retangulos.size(),
             2U);
-  EXPECT_EXIT(contaAreas({forma('r', 65536, 32768)}), testing::ExitedWithCode(1),
-              "^Erro: Area fora do intervalo r 65536 32768\n$");
-  EXPECT_EXIT(contaAreas({forma('c', std::numeric_limits<double>::quiet_NaN(), 3)}),
-              testing::ExitedWithCode(1), "^Erro: Area fora do intervalo c nan 3\n$");
-  EXPECT_EXIT(contaAreas({forma('c', 3), forma('q', 1e9, 1e9)}, "a.ho2"),
-              testing::ExitedWithCode(1),
-              "^Erro: Area fora do intervalo q 1e\\+09 1e\\+09 \\(a.ho2, registro 1\\)\n$");
+  EXPECT_EQ(erroDe([&] { contaAreas({forma('r', 65536, 32768)}); }),
+            "Erro: Area fora do intervalo r 65536 32768");
+  EXPECT_EQ(erroDe([&] { contaAreas({forma('c', std::numeric_limits<double>::quiet_NaN(), 3)}); }),
+            "Erro: Area fora do intervalo c nan 3");
+  EXPECT_EQ(erroDe([&] {
+              contaAreas({forma('c', 3), forma('q', 1e9, 1e9)}, "a.ho2");
+            }),
+            "Erro: Area fora do intervalo q 1e+09 1e+09 (a.ho2, registro 1)");
 }
 
 // Rounds by looking at what is left over.
@@ -136,11 +138,9 @@ TEST(ImpTabelas, SubstituiORelatorioAnterior) {
 
 TEST(ImpTabelas, ArquivoQueNaoAbreOuNaoCabeEhErro) {
   const PASTA pasta;
-  EXPECT_EXIT(impTabelas({}, "sem/a.rel"), testing::ExitedWithCode(1),
-              "^Erro abertura sem/a.rel\n$");
-  EXPECT_EXIT(impTabelas({}, "."), testing::ExitedWithCode(1), "^Erro abertura .\n$");
-  EXPECT_EXIT(impTabelas({}, "/dev/full"), testing::ExitedWithCode(1),
-              "^Erro gravacao arquivo /dev/full\n$");
+  EXPECT_EQ(erroDe([&] { impTabelas({}, "sem/a.rel"); }), "Erro abertura sem/a.rel");
+  EXPECT_EQ(erroDe([&] { impTabelas({}, "."); }), "Erro abertura .");
+  EXPECT_EQ(erroDe([&] { impTabelas({}, "/dev/full"); }), "Erro gravacao arquivo /dev/full");
 }
 
 }  // namespace

@@ -6,21 +6,24 @@
 #include <utility>
 #include <vector>
 
+#include "apoio/erros.h"
 #include "apoio/executa.h"
 #include "apoio/pasta.h"
 
 namespace {
 
-// Runs the dispatcher in this process and gives what it wrote on standard output.
-std::string despachada(std::vector<std::string> args) {
+void despachaTextos(std::vector<std::string> args) {
   std::vector<char*> argv;
   for (std::string& a : args) argv.push_back(a.data());
   argv.push_back(nullptr);
+  EXPECT_EQ(despacha(static_cast<int>(args.size()), argv.data()), 0);
+}
+
+// Runs the dispatcher in this process and gives what it wrote on standard output.
+std::string despachada(const std::vector<std::string>& args) {
   testing::internal::CaptureStdout();
-  const int estado = despacha(static_cast<int>(args.size()), argv.data());
-  std::string saida = testing::internal::GetCapturedStdout();
-  EXPECT_EQ(estado, 0);
-  return saida;
+  despachaTextos(args);
+  return testing::internal::GetCapturedStdout();
 }
 
 std::string tempoMostrado(int centesimos) {
@@ -46,11 +49,14 @@ TEST(MostraTempo, TempoNegativoSaiComoADivisaoDa) {
 }
 
 TEST(Despacha, SemNomeOuComNomeDesconhecidoTerminaPeloErro) {
-  const auto erro = [](const char* texto) { return testing::Eq(std::string(texto) + "\n"); };
-  EXPECT_EXIT(despachada({"Vorplex"}), testing::ExitedWithCode(1),
-              erro("Erro: Numero de argumentos invalido"));
-  EXPECT_EXIT(despachada({"Vorplex", "Foo", "x"}), testing::ExitedWithCode(1),
-              erro("Erro: Programa inexistente foo"));
+  const auto erro = [](const std::vector<std::string>& args) {
+    testing::internal::CaptureStdout();
+    const std::string lancado = erroDe([&] { despachaTextos(args); });
+    testing::internal::GetCapturedStdout();
+    return lancado;
+  };
+  EXPECT_EQ(erro({"Vorplex"}), "Erro: Numero de argumentos invalido");
+  EXPECT_EQ(erro({"Vorplex", "Foo", "x"}), "Erro: Programa inexistente foo");
 }
 
 TEST(Despacha, OSubprogramaVeOsSeusArgumentosAPartirDoSegundo) {

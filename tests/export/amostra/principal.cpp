@@ -6,6 +6,7 @@
 #include "export/graoscsv.h"
 #include "export/resumocsv.h"
 #include "export/roi.h"
+#include "fim/fim.h"
 #include "pim/erro.h"
 #include "pim/texto.h"
 
@@ -40,12 +41,17 @@ void exporta(const FOTOGRAFIA& foto, const std::string& pasta) {
   impRois(foto, pasta + "/rois.zip");
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int amostra(int argc, char** argv) {
   if (argc != 6 && argc != 7) {
     std::puts("amostra lista.ho2 rows cols nome pasta [escala]");
     pim::erro("Erro: Numero de argumentos invalido");
   }
   exporta(leFoto(argv, argc == 7 ? leEscala(argv[6]) : ESCALA{}), argv[5]);
+  return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  return fim::executa([&] { return amostra(argc, argv); });
 }

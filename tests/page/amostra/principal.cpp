@@ -7,6 +7,7 @@
 
 #include "export/graoscsv.h"
 #include "export/valor.h"
+#include "fim/fim.h"
 #include "measure/contorno.h"
 #include "measure/resumo.h"
 #include "page/figura.h"
@@ -195,9 +196,7 @@ void escreveGrande(char** argv) {
   escreve(p, std::string(argv[1]) + "/grande");
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int amostra(int argc, char** argv) {
   if (argc == 2) {
     escrevePequenas(argv[1]);
   } else if (argc == 6) {
@@ -206,4 +205,11 @@ int main(int argc, char** argv) {
     std::puts("amostra_pagina pasta [fotos graos rows cols]");
     pim::erro("Erro: Numero de argumentos invalido");
   }
+  return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  return fim::executa([&] { return amostra(argc, argv); });
 }
