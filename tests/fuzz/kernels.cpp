@@ -1,5 +1,5 @@
 // kernel.cfg: any file either ends in an error or gives the number of kernels that its statements
-// ask for, each with zero mean.
+// ask for, each with zero mean; without images it ends alike, and draws the same kernels later.
 
 #include <algorithm>
 #include <cmath>
@@ -99,8 +99,19 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t n) 
   const MEMORIA arquivo(comoTexto(bytes, n));
   std::vector<MASCARA> kernels;
   const std::string erro = erroDe([&] { leKernels(arquivo.nome, kernels); });
+  std::vector<MASCARA> semImagens;
+  const std::string erroSem =
+      erroDe([&] { leKernels(arquivo.nome, semImagens, IMAGENS::nenhuma); });
+  confere(erroSem == erro, "erro com imagens: " + erro + "; sem: " + erroSem);
   if (!erro.empty()) return 0;  // images may be half drawn
   confere(static_cast<double>(kernels.size()) == pedido.kernels, "numero de kernels");
-  for (const MASCARA& m : kernels) confereKernel(m);
+  confere(semImagens.size() == kernels.size(), "numero de kernels sem imagens");
+  for (std::size_t i = 0; i < kernels.size(); ++i) {
+    confereKernel(kernels[i]);
+    const cv::Mat_<float> K = kernels::imagemDoKernel(semImagens[i]);
+    confere(K.size() == kernels[i].kernel.size() &&
+                std::equal(K.begin(), K.end(), kernels[i].kernel.begin()),
+            "imagem desenhada depois");
+  }
   return 0;
 }
