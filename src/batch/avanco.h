@@ -10,7 +10,7 @@ namespace batch {
 // How far the run is, on standard output: on a terminal a bar that is drawn over and over,
 // elsewhere a line for each photograph.
 struct AVANCO {
-  IDIOMA idioma = IDIOMA::pt;
+  exporta::IDIOMA idioma = exporta::IDIOMA::pt;
   bool quieto = false;
   bool terminal = false;
   std::size_t total = 0;

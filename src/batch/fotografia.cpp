@@ -28,7 +28,7 @@ namespace {
 
 constexpr const char* invertida = "invertida.pgm";
 
-std::string frase(const RECEITA& r, const FRASE& f) {
+std::string frase(const RECEITA& r, const exporta::FRASE& f) {
   return diz(f, r.opcoes.idioma);
 }
 
@@ -84,12 +84,12 @@ std::size_t mede(const RECEITA& r, const ALVO& alvo, cv::Size tamanho) {
   std::vector<MAXLOCAL> v;
   leMaxLocais(v, "./" + alvo.nome + ".ho2");
   const OPCOES_LOTE& o = r.opcoes;
-  FOTOGRAFIA foto{alvo.nome, tamanho.height, tamanho.width, o.escala,
-                  medeTodos(v, tamanho.height, tamanho.width)};
-  if (o.semBorda) std::erase_if(foto.graos, [](const GRAO& g) { return g.tocaBorda; });
+  measure::FOTOGRAFIA foto{alvo.nome, tamanho.height, tamanho.width, o.escala,
+                           measure::medeTodos(v, tamanho.height, tamanho.width)};
+  if (o.semBorda) std::erase_if(foto.graos, [](const measure::GRAO& g) { return g.tocaBorda; });
   impGraosCsv(foto, "graos.csv", o.idioma);
   impGeojson(foto, "graos.geojson", o.idioma);
-  impRois(foto, "rois.zip");  // none without grains
+  exporta::impRois(foto, "rois.zip");  // none without grains
   return foto.graos.size();
 }
 

@@ -9,7 +9,7 @@ namespace batch {
 
 namespace falas {
 
-inline constexpr FRASE ajuda = {
+inline constexpr exporta::FRASE ajuda = {
     "vorplex-lote [opcoes] kernel.cfg FOTO|PASTA...\n"
     "  Procura, filtra, mede e relata os graos de muitas fotografias\n"
     "  -o, --saida PASTA      onde ficam os resultados (default: resultado)\n"
@@ -49,82 +49,92 @@ inline constexpr FRASE ajuda = {
     "      --versao           shows the version\n"
     "Exit status: 0 all well, 1 something failed, 2 wrong use, 130 interrupted\n"};
 
-inline constexpr FRASE erro = {"Erro: ", "Error: "};
-inline constexpr FRASE vejaAjuda = {"(vorplex-lote --ajuda mostra as opcoes)",
-                                    "(vorplex-lote --ajuda shows the options)"};
+inline constexpr exporta::FRASE erro = {"Erro: ", "Error: "};
+inline constexpr exporta::FRASE vejaAjuda = {"(vorplex-lote --ajuda mostra as opcoes)",
+                                             "(vorplex-lote --ajuda shows the options)"};
 
 // Wrong use.
-inline constexpr FRASE opcaoDesconhecida = {"Opcao desconhecida %s", "Unknown option %s"};
-inline constexpr FRASE faltaValor = {"Falta o valor de %s", "%s lacks its value"};
-inline constexpr FRASE valorDemais = {"A opcao nao leva valor: %s",
-                                      "The option takes no value: %s"};
-inline constexpr FRASE faltaKernel = {"Falta kernel.cfg", "kernel.cfg is missing"};
-inline constexpr FRASE faltaFoto = {"Falta fotografia ou pasta", "No photograph or folder given"};
-inline constexpr FRASE idiomaRuim = {"Idioma invalido %s (pt ou en)",
-                                     "Invalid language %s (pt or en)"};
-inline constexpr FRASE escalaRuim = {
+inline constexpr exporta::FRASE opcaoDesconhecida = {"Opcao desconhecida %s", "Unknown option %s"};
+inline constexpr exporta::FRASE faltaValor = {"Falta o valor de %s", "%s lacks its value"};
+inline constexpr exporta::FRASE valorDemais = {"A opcao nao leva valor: %s",
+                                               "The option takes no value: %s"};
+inline constexpr exporta::FRASE faltaKernel = {"Falta kernel.cfg", "kernel.cfg is missing"};
+inline constexpr exporta::FRASE faltaFoto = {"Falta fotografia ou pasta",
+                                             "No photograph or folder given"};
+inline constexpr exporta::FRASE idiomaRuim = {"Idioma invalido %s (pt ou en)",
+                                              "Invalid language %s (pt or en)"};
+inline constexpr exporta::FRASE escalaRuim = {
     "Escala invalida %s (numero de 1e-9 a 1e9 e um, mm, cm, m ou in, como 0.05mm)",
     "Invalid scale %s (a number from 1e-9 to 1e9 and um, mm, cm, m or in, such as 0.05mm)"};
-inline constexpr FRASE minCorrRuim = {"Correlacao minima invalida %s",
-                                      "Invalid smallest correlation %s"};
-inline constexpr FRASE grandezaRuim = {"Grandeza invalida %s (equivalente, menor ou maior)",
-                                       "Invalid size %s (equivalente, menor or maior)"};
-inline constexpr FRASE pesoRuim = {"Peso invalido %s (numero, area ou volume)",
-                                   "Invalid weight %s (numero, area or volume)"};
-inline constexpr FRASE peneirasRuins = {
+inline constexpr exporta::FRASE minCorrRuim = {"Correlacao minima invalida %s",
+                                               "Invalid smallest correlation %s"};
+inline constexpr exporta::FRASE grandezaRuim = {
+    "Grandeza invalida %s (equivalente, menor ou maior)",
+    "Invalid size %s (equivalente, menor or maior)"};
+inline constexpr exporta::FRASE pesoRuim = {"Peso invalido %s (numero, area ou volume)",
+                                            "Invalid weight %s (numero, area or volume)"};
+inline constexpr exporta::FRASE peneirasRuins = {
     "Peneiras invalidas %s (aberturas crescentes, acima de 0, como 0.5,1,2,4)",
     "Invalid sieves %s (ascending apertures above 0, such as 0.5,1,2,4)"};
-inline constexpr FRASE processosRuins = {"Numero de processos invalido %s (1 a 1024)",
-                                         "Invalid number of processes %s (1 to 1024)"};
-inline constexpr FRASE saidaVazia = {"Pasta de saida sem nome", "Output folder without a name"};
-inline constexpr FRASE semFotos = {"Nenhuma fotografia em %s", "No photograph in %s"};
-inline constexpr FRASE kernelIlegivel = {"%s inexistente ou ilegivel (%s)",
-                                         "%s can't be read (%s)"};
-inline constexpr FRASE semGrupo = {
+inline constexpr exporta::FRASE processosRuins = {"Numero de processos invalido %s (1 a 1024)",
+                                                  "Invalid number of processes %s (1 to 1024)"};
+inline constexpr exporta::FRASE saidaVazia = {"Pasta de saida sem nome",
+                                              "Output folder without a name"};
+inline constexpr exporta::FRASE semFotos = {"Nenhuma fotografia em %s", "No photograph in %s"};
+inline constexpr exporta::FRASE kernelIlegivel = {"%s inexistente ou ilegivel (%s)",
+                                                  "%s can't be read (%s)"};
+inline constexpr exporta::FRASE semGrupo = {
     "Nenhum grupo de kernels (falta uma forma com pelo menos duas escalas)",
     "No group of kernels (a shape of at least two scales is missing)"};
-inline constexpr FRASE semVorplex = {"Falta o executavel %s", "The executable %s is missing"};
-inline constexpr FRASE saidaRuim = {"Nada pode ser feito na pasta de saida %s (%s)",
-                                    "Nothing can be made in output folder %s (%s)"};
-inline constexpr FRASE saidaEmUso = {"A pasta de saida %s esta em uso por outro vorplex-lote",
-                                     "Output folder %s is in use by another vorplex-lote"};
+inline constexpr exporta::FRASE semVorplex = {"Falta o executavel %s",
+                                              "The executable %s is missing"};
+inline constexpr exporta::FRASE saidaRuim = {"Nada pode ser feito na pasta de saida %s (%s)",
+                                             "Nothing can be made in output folder %s (%s)"};
+inline constexpr exporta::FRASE saidaEmUso = {
+    "A pasta de saida %s esta em uso por outro vorplex-lote",
+    "Output folder %s is in use by another vorplex-lote"};
 
 // A photograph.
-inline constexpr FRASE fotoIlegivel = {"Fotografia inexistente ou ilegivel",
-                                       "No such photograph, or it can't be read"};
-inline constexpr FRASE mudou = {"A fotografia mudou durante o processamento",
-                                "The photograph changed while it was processed"};
-inline constexpr FRASE ocupada = {"%s existe e nao foi feita por vorplex-lote",
-                                  "%s exists and was not made by vorplex-lote"};
-inline constexpr FRASE semNome = {"Os resultados nao puderam tomar o nome %s",
-                                  "The results could not take the name %s"};
-inline constexpr FRASE porSinal = {"%s terminou pelo sinal %d (%s)", "%s ended by signal %d (%s)"};
-inline constexpr FRASE porEstado = {"%s terminou com estado %d", "%s ended with status %d"};
-inline constexpr FRASE linhaFeita = {"[%s/%s] %s: %s graos, %.2f MP em %.2f s",
-                                     "[%s/%s] %s: %s grains, %.2f MP in %.2f s"};
-inline constexpr FRASE linhaPronta = {"[%s/%s] %s: %s graos, ja pronta",
-                                      "[%s/%s] %s: %s grains, done already"};
-inline constexpr FRASE linhaFalhou = {"[%s/%s] %s: FALHOU: %s", "[%s/%s] %s: FAILED: %s"};
+inline constexpr exporta::FRASE fotoIlegivel = {"Fotografia inexistente ou ilegivel",
+                                                "No such photograph, or it can't be read"};
+inline constexpr exporta::FRASE mudou = {"A fotografia mudou durante o processamento",
+                                         "The photograph changed while it was processed"};
+inline constexpr exporta::FRASE ocupada = {"%s existe e nao foi feita por vorplex-lote",
+                                           "%s exists and was not made by vorplex-lote"};
+inline constexpr exporta::FRASE semNome = {"Os resultados nao puderam tomar o nome %s",
+                                           "The results could not take the name %s"};
+inline constexpr exporta::FRASE porSinal = {"%s terminou pelo sinal %d (%s)",
+                                            "%s ended by signal %d (%s)"};
+inline constexpr exporta::FRASE porEstado = {"%s terminou com estado %d",
+                                             "%s ended with status %d"};
+inline constexpr exporta::FRASE linhaFeita = {"[%s/%s] %s: %s graos, %.2f MP em %.2f s",
+                                              "[%s/%s] %s: %s grains, %.2f MP in %.2f s"};
+inline constexpr exporta::FRASE linhaPronta = {"[%s/%s] %s: %s graos, ja pronta",
+                                               "[%s/%s] %s: %s grains, done already"};
+inline constexpr exporta::FRASE linhaFalhou = {"[%s/%s] %s: FALHOU: %s", "[%s/%s] %s: FAILED: %s"};
 
 // The run.
-inline constexpr FRASE inicio = {"Fotografias: %s, ao mesmo tempo: %d",
-                                 "Photographs: %s, at a time: %d"};
-inline constexpr FRASE barra = {"%s/%s, falhas: %s, %.1f MP/s, resta %s",
-                                "%s/%s, failed: %s, %.1f MP/s, %s left"};
-inline constexpr FRASE juntando = {"Escrevendo tabelas e relatorio...",
-                                   "Writing tables and report..."};
-inline constexpr FRASE fim = {"Fotografias: %s (feitas %s, ja prontas %s, falhas %s); graos: %s",
-                              "Photographs: %s (done %s, done already %s, failed %s); grains: %s"};
-inline constexpr FRASE semEscala = {"Sem escala: todas as medidas em pixels (px)",
-                                    "No scale: all measures in pixels (px)"};
-inline constexpr FRASE resultados = {"Resultados em %s", "Results in %s"};
-inline constexpr FRASE falharam = {"Falharam:", "Failed:"};
-inline constexpr FRASE tabelasFalharam = {"Tabelas e relatorio nao foram escritos: %s",
-                                          "Tables and report were not written: %s"};
-inline constexpr FRASE interrompido = {"Interrompido; o mesmo comando continua de onde parou",
-                                       "Interrupted; the same command goes on from here"};
-inline constexpr FRASE saidaPadrao = {"Gravacao da saida padrao", "Writing to standard output"};
-inline constexpr FRASE tituloDaPagina = {"Granulometria de %s", "Granulometry of %s"};
+inline constexpr exporta::FRASE inicio = {"Fotografias: %s, ao mesmo tempo: %d",
+                                          "Photographs: %s, at a time: %d"};
+inline constexpr exporta::FRASE barra = {"%s/%s, falhas: %s, %.1f MP/s, resta %s",
+                                         "%s/%s, failed: %s, %.1f MP/s, %s left"};
+inline constexpr exporta::FRASE juntando = {"Escrevendo tabelas e relatorio...",
+                                            "Writing tables and report..."};
+inline constexpr exporta::FRASE fim = {
+    "Fotografias: %s (feitas %s, ja prontas %s, falhas %s); graos: %s",
+    "Photographs: %s (done %s, done already %s, failed %s); grains: %s"};
+inline constexpr exporta::FRASE semEscala = {"Sem escala: todas as medidas em pixels (px)",
+                                             "No scale: all measures in pixels (px)"};
+inline constexpr exporta::FRASE resultados = {"Resultados em %s", "Results in %s"};
+inline constexpr exporta::FRASE falharam = {"Falharam:", "Failed:"};
+inline constexpr exporta::FRASE tabelasFalharam = {"Tabelas e relatorio nao foram escritos: %s",
+                                                   "Tables and report were not written: %s"};
+inline constexpr exporta::FRASE interrompido = {
+    "Interrompido; o mesmo comando continua de onde parou",
+    "Interrupted; the same command goes on from here"};
+inline constexpr exporta::FRASE saidaPadrao = {"Gravacao da saida padrao",
+                                               "Writing to standard output"};
+inline constexpr exporta::FRASE tituloDaPagina = {"Granulometria de %s", "Granulometry of %s"};
 
 }  // namespace falas
 

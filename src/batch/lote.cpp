@@ -48,7 +48,7 @@ struct LOTE {
   std::vector<FIM_DA_FOTO> fins;
   AVANCO avanco;
 
-  const char* frase(const FRASE& f) const { return diz(f, opcoes.idioma); }
+  const char* frase(const exporta::FRASE& f) const { return diz(f, opcoes.idioma); }
 };
 
 int recusa(const OPCOES_LOTE& o, const std::string& porque, int estado = usoErrado) {
@@ -69,9 +69,9 @@ void publicaFalha(const LOTE& l, const std::string& nome, const std::string& fal
 
 void dizFim(LOTE& l, std::size_t i, double pixels, double segundos) {
   const FIM_DA_FOTO& f = l.fins[i];
-  const FRASE& forma = f.fim == fins::feita      ? falas::linhaFeita
-                       : f.fim == fins::jaPronta ? falas::linhaPronta
-                                                 : falas::linhaFalhou;
+  const exporta::FRASE& forma = f.fim == fins::feita      ? falas::linhaFeita
+                                : f.fim == fins::jaPronta ? falas::linhaPronta
+                                                          : falas::linhaFalhou;
   const std::string texto = f.porque.empty() ? std::to_string(f.graos) : f.porque;
   const std::string linha =
       cv::format(l.frase(forma), std::to_string(l.avanco.acabadas).c_str(),

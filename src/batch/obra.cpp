@@ -81,7 +81,7 @@ bool trava(int fd) {
 
 }  // namespace
 
-std::string abreObra(OBRA& o, const std::string& saida, IDIOMA idioma) {
+std::string abreObra(OBRA& o, const std::string& saida, exporta::IDIOMA idioma) {
   std::error_code falha;
   const auto recusa = [&](const std::string& porque) {
     return cv::format(diz(falas::saidaRuim, idioma), saida.c_str(), porque.c_str());

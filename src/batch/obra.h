@@ -19,7 +19,7 @@ struct OBRA {
 
 // Creates the output folder if need be, waits for leftover processes of a killed run, and clears
 // what that run left. Returns why it can't be, or an empty text.
-std::string abreObra(OBRA& o, const std::string& saida, IDIOMA idioma);
+std::string abreObra(OBRA& o, const std::string& saida, exporta::IDIOMA idioma);
 
 // Removes the building site, and the output folder too if the run made it and left nothing there.
 void fechaObra(const OBRA& o);

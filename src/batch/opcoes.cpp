@@ -36,7 +36,7 @@ constexpr std::array<option, 17> longas = {{{"saida", required_argument, nullptr
                                             {nullptr, 0, nullptr, 0}}};
 
 struct RECUSA {
-  const FRASE* frase = nullptr;
+  const exporta::FRASE* frase = nullptr;
   std::string valor;
 };
 
@@ -55,23 +55,23 @@ bool lePeneiras(const std::string& texto, std::vector<double>& v) {
   return true;
 }
 
-bool leGrandeza(const std::string& texto, GRANDEZA& g) {
-  if (texto == "equivalente") g = GRANDEZA::equivalente;
-  if (texto == "menor") g = GRANDEZA::menor;
-  if (texto == "maior") g = GRANDEZA::maior;
+bool leGrandeza(const std::string& texto, measure::GRANDEZA& g) {
+  if (texto == "equivalente") g = measure::GRANDEZA::equivalente;
+  if (texto == "menor") g = measure::GRANDEZA::menor;
+  if (texto == "maior") g = measure::GRANDEZA::maior;
   return texto == "equivalente" || texto == "menor" || texto == "maior";
 }
 
-bool lePeso(const std::string& texto, PESO& p) {
-  if (texto == "numero") p = PESO::numero;
-  if (texto == "area") p = PESO::area;
-  if (texto == "volume") p = PESO::volume;
+bool lePeso(const std::string& texto, measure::PESO& p) {
+  if (texto == "numero") p = measure::PESO::numero;
+  if (texto == "area") p = measure::PESO::area;
+  if (texto == "volume") p = measure::PESO::volume;
   return texto == "numero" || texto == "area" || texto == "volume";
 }
 
-bool leIdioma(const std::string& texto, IDIOMA& i) {
-  if (texto == "pt") i = IDIOMA::pt;
-  if (texto == "en") i = IDIOMA::en;
+bool leIdioma(const std::string& texto, exporta::IDIOMA& i) {
+  if (texto == "pt") i = exporta::IDIOMA::pt;
+  if (texto == "en") i = exporta::IDIOMA::en;
   return texto == "pt" || texto == "en";
 }
 
@@ -80,7 +80,7 @@ bool leProcessos(const std::string& texto, int& n) {
 }
 
 // Stores one option that has a value; returns why it was refused, or null.
-const FRASE* guardaValor(int letra, const std::string& valor, OPCOES_LOTE& o) {
+const exporta::FRASE* guardaValor(int letra, const std::string& valor, OPCOES_LOTE& o) {
   double x = 0;
   switch (letra) {
     case 'o':
@@ -124,7 +124,7 @@ RECUSA recusada(int letra, const std::string& palavra) {
                                   [](const option& o) { return o.val != 0 && o.val == optopt; });
   if (existe) return {&falas::valorDemais, palavra};
   if (optopt == 0) return {&falas::opcaoDesconhecida, palavra};
-  return {&falas::opcaoDesconhecida, emUtf8({'-', static_cast<char>(optopt)})};
+  return {&falas::opcaoDesconhecida, exporta::emUtf8({'-', static_cast<char>(optopt)})};
 }
 
 // Reads all options; the words that are none are left behind `optind`.

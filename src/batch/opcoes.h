@@ -14,11 +14,11 @@ struct OPCOES_LOTE {
   std::string kernel;                 // kernel.cfg
   std::vector<std::string> entradas;  // photographs and folders, as given
   std::string saida = "resultado";
-  ESCALA escala;
+  measure::ESCALA escala;
   std::string filtra;   // parameters of filtra; empty: its defaults
   std::string minCorr;  // of correla, as given; empty: its default
-  GRANDEZA grandeza = GRANDEZA::equivalente;
-  PESO peso = PESO::numero;
+  measure::GRANDEZA grandeza = measure::GRANDEZA::equivalente;
+  measure::PESO peso = measure::PESO::numero;
   std::vector<double> peneiras;
   bool semBorda = false;
   bool inverte = false;
@@ -28,7 +28,7 @@ struct OPCOES_LOTE {
   bool quieto = false;
   bool ajuda = false;
   bool versao = false;
-  IDIOMA idioma = IDIOMA::pt;
+  exporta::IDIOMA idioma = exporta::IDIOMA::pt;
 };
 
 // Options may stand anywhere before "--"; the first word that is none is kernel.cfg, the others are

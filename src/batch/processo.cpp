@@ -246,14 +246,14 @@ TERMINO executaPrograma(const std::string& programa, const std::vector<std::stri
 }
 
 std::string emUmaLinha(const std::string& texto) {
-  std::string s = emUtf8(texto);
+  std::string s = exporta::emUtf8(texto);
   for (char& c : s) {
     if (static_cast<unsigned char>(c) < ' ' || c == 127) c = '?';
   }
   return s;
 }
 
-std::string motivo(const TERMINO& t, const std::string& quem, IDIOMA idioma) {
+std::string motivo(const TERMINO& t, const std::string& quem, exporta::IDIOMA idioma) {
   std::istringstream linhas(t.fala);
   std::string achada;
   for (std::string linha; std::getline(linhas, linha);) {

@@ -48,7 +48,7 @@ TERMINO executaPrograma(const std::string& programa, const std::vector<std::stri
 
 // Why a process that `quem` names did not end well: the last line that began with "Erro", without
 // "Erro: ", else its signal or status. Without control characters.
-std::string motivo(const TERMINO& t, const std::string& quem, IDIOMA idioma);
+std::string motivo(const TERMINO& t, const std::string& quem, exporta::IDIOMA idioma);
 
 // For showing on one line: control characters become "?", invalid UTF-8 U+FFFD.
 std::string emUmaLinha(const std::string& texto);

@@ -24,14 +24,15 @@ namespace fs = std::filesystem;
 namespace batch {
 namespace {
 
-FOTOGRAFIA leFotografia(const OBRA& obra, const OPCOES_LOTE& o, const std::string& nome) {
+measure::FOTOGRAFIA leFotografia(const OBRA& obra, const OPCOES_LOTE& o, const std::string& nome) {
   const fs::path pasta = pronta(obra, nome);
   const std::optional<ESTADO> e = leEstado(pasta);
   if (!e || !e->completo) pim::erro("Erro leitura ", (pasta / arquivoDoEstado).string());
   std::vector<MAXLOCAL> v;
   leMaxLocais(v, (pasta / (nome + ".ho2")).string());
-  FOTOGRAFIA foto{nome, e->rows, e->cols, o.escala, medeTodos(v, e->rows, e->cols)};
-  if (o.semBorda) std::erase_if(foto.graos, [](const GRAO& g) { return g.tocaBorda; });
+  measure::FOTOGRAFIA foto{nome, e->rows, e->cols, o.escala,
+                           measure::medeTodos(v, e->rows, e->cols)};
+  if (o.semBorda) std::erase_if(foto.graos, [](const measure::GRAO& g) { return g.tocaBorda; });
   return foto;
 }
 
@@ -57,7 +58,7 @@ std::vector<std::string> fazFiguras(const OBRA& obra, const CONJUNTO& c) {
       const fs::path fonte =
           tracada ? pronta(obra, alvo.nome) / (alvo.nome + ".png") : alvo.arquivo;
       if (!fs::is_regular_file(fonte)) return 1;  // a pipe would be waited for
-      impFigura(fonte.string(), limiteDaFigura(nomes.size()), nome(k));
+      page::impFigura(fonte.string(), page::limiteDaFigura(nomes.size()), nome(k));
       return 0;
     };
     t.acabou = [&](std::size_t k, const TERMINO& fim) {
@@ -68,8 +69,8 @@ std::vector<std::string> fazFiguras(const OBRA& obra, const CONJUNTO& c) {
   return nomes;
 }
 
-PAGINA comecaPagina(const OPCOES_LOTE& o, const CONJUNTO& c) {
-  PAGINA p;
+page::PAGINA comecaPagina(const OPCOES_LOTE& o, const CONJUNTO& c) {
+  page::PAGINA p;
   const std::string pasta = fs::path(o.saida).lexically_normal().string();
   p.titulo = cv::format(diz(falas::tituloDaPagina, o.idioma), pasta.c_str());
   p.idioma = o.idioma;
@@ -94,15 +95,15 @@ void assume(const OBRA& obra, const char* nome) {
 void impConjunto(const OBRA& obra, const OPCOES_LOTE& o, const CONJUNTO& c) {
   const std::vector<std::string> figuras = fazFiguras(obra, c);
   const auto aqui = [&](const char* nome) { return (obra.pasta / nome).string(); };
-  TABELA_GRAOS tabela = abreGraosCsv(aqui("graos.csv"), o.escala.unidade, o.idioma);
-  ACUMULADO total;
+  exporta::TABELA_GRAOS tabela = abreGraosCsv(aqui("graos.csv"), o.escala.unidade, o.idioma);
+  measure::ACUMULADO total;
   total.grandeza = o.grandeza;
   total.peso = o.peso;
   total.unidade = o.escala.unidade;
-  std::vector<LINHA_RESUMO> linhas;
-  PAGINA pagina = comecaPagina(o, c);
+  std::vector<exporta::LINHA_RESUMO> linhas;
+  page::PAGINA pagina = comecaPagina(o, c);
   for (std::size_t i = 0; i < c.prontas.size(); ++i) {
-    FOTOGRAFIA foto = leFotografia(obra, o, c.prontas[i].nome);
+    measure::FOTOGRAFIA foto = leFotografia(obra, o, c.prontas[i].nome);
     acrescenta(tabela, foto);
     acumula(total, foto);
     linhas.push_back({foto.nome, resume(foto, o.grandeza, o.peso, o.peneiras)});

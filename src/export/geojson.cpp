@@ -7,11 +7,12 @@
 #include "export/parcial.h"
 #include "measure/contorno.h"
 
+namespace exporta {
 namespace {
 
 constexpr int casas = 10;
 
-void poePonto(std::string& s, const PONTO& p, const ESCALA& e) {
+void poePonto(std::string& s, const measure::PONTO& p, const measure::ESCALA& e) {
   s += '[';
   poeArredondado(s, comprimento(p.x, e), casas);
   s += ',';
@@ -19,10 +20,10 @@ void poePonto(std::string& s, const PONTO& p, const ESCALA& e) {
   s += ']';
 }
 
-void poeAnel(std::string& s, const GRAO& g, const ESCALA& e) {
-  const std::vector<PONTO> v = contorno(g.maximo, desvioUsual);
+void poeAnel(std::string& s, const measure::GRAO& g, const measure::ESCALA& e) {
+  const std::vector<measure::PONTO> v = measure::contorno(g.maximo, measure::desvioUsual);
   s += '[';
-  for (const PONTO& p : v) {
+  for (const measure::PONTO& p : v) {
     poePonto(s, p, e);
     s += ',';
   }
@@ -32,14 +33,14 @@ void poeAnel(std::string& s, const GRAO& g, const ESCALA& e) {
 
 }  // namespace
 
-void impGeojson(const FOTOGRAFIA& foto, const std::string& nome, IDIOMA idioma) {
+void impGeojson(const measure::FOTOGRAFIA& foto, const std::string& nome, IDIOMA idioma) {
   PARCIAL p = abreParcial(nome);
   const std::vector<std::string> nomes = nomesDoGrao(foto.escala.unidade, idioma);
   std::vector<VALOR> valores;
   std::string& s = p.pendente;
   s += "{\"type\":\"FeatureCollection\",\"features\":[";
   const char* separador = "\n";
-  for (const GRAO& g : foto.graos) {
+  for (const measure::GRAO& g : foto.graos) {
     s += separador;
     separador = ",\n";
     s += "{\"type\":\"Feature\",\"id\":";
@@ -60,3 +61,5 @@ void impGeojson(const FOTOGRAFIA& foto, const std::string& nome, IDIOMA idioma) 
   s += "\n]}\n";
   conclui(std::move(p));
 }
+
+}  // namespace exporta

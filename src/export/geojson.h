@@ -5,6 +5,8 @@
 #include "export/idioma.h"
 #include "measure/resumo.h"
 
+namespace exporta {
+
 // Writes the grains as a GeoJSON FeatureCollection (RFC 7946) of polygons, one feature a line, with
 // the values of export/colunas.h as properties and the index as id. Circles and ellipses are
 // polygons of points of the curve, whose chords lie within 1/50 px of it.
@@ -18,4 +20,7 @@
 // and leaves local coordinates to those who exchange them.
 //
 // pim::erro when the file can't be written whole.
-void impGeojson(const FOTOGRAFIA& foto, const std::string& nome, IDIOMA idioma = IDIOMA::pt);
+void impGeojson(const measure::FOTOGRAFIA& foto, const std::string& nome,
+                IDIOMA idioma = IDIOMA::pt);
+
+}  // namespace exporta

@@ -5,9 +5,10 @@
 #include "export/colunas.h"
 #include "pim/erro.h"
 
+namespace exporta {
 namespace {
 
-void poeCabecalho(std::string& s, UNIDADE unidade, IDIOMA idioma, bool comFoto) {
+void poeCabecalho(std::string& s, measure::UNIDADE unidade, IDIOMA idioma, bool comFoto) {
   const char* separador = "";
   if (comFoto) {
     s += diz(frases::foto, idioma);
@@ -22,9 +23,10 @@ void poeCabecalho(std::string& s, UNIDADE unidade, IDIOMA idioma, bool comFoto) 
 }
 
 // One row for each grain; `prefixo` stands before each.
-void poeLinhas(PARCIAL& p, const FOTOGRAFIA& foto, IDIOMA idioma, const std::string& prefixo) {
+void poeLinhas(PARCIAL& p, const measure::FOTOGRAFIA& foto, IDIOMA idioma,
+               const std::string& prefixo) {
   std::vector<VALOR> valores;
-  for (const GRAO& g : foto.graos) {
+  for (const measure::GRAO& g : foto.graos) {
     valoresDoGrao(g, foto.escala, idioma, valores);
     p.pendente += prefixo;
     for (const VALOR& v : valores) {
@@ -38,20 +40,20 @@ void poeLinhas(PARCIAL& p, const FOTOGRAFIA& foto, IDIOMA idioma, const std::str
 
 }  // namespace
 
-void impGraosCsv(const FOTOGRAFIA& foto, const std::string& nome, IDIOMA idioma) {
+void impGraosCsv(const measure::FOTOGRAFIA& foto, const std::string& nome, IDIOMA idioma) {
   PARCIAL p = abreParcial(nome);
   poeCabecalho(p.pendente, foto.escala.unidade, idioma, false);
   poeLinhas(p, foto, idioma, "");
   conclui(std::move(p));
 }
 
-TABELA_GRAOS abreGraosCsv(const std::string& nome, UNIDADE unidade, IDIOMA idioma) {
+TABELA_GRAOS abreGraosCsv(const std::string& nome, measure::UNIDADE unidade, IDIOMA idioma) {
   TABELA_GRAOS t{abreParcial(nome), unidade, idioma};
   poeCabecalho(t.saida.pendente, unidade, idioma, true);
   return t;
 }
 
-void acrescenta(TABELA_GRAOS& t, const FOTOGRAFIA& foto) {
+void acrescenta(TABELA_GRAOS& t, const measure::FOTOGRAFIA& foto) {
   if (foto.escala.unidade != t.unidade) {
     pim::erro("Erro: Fotografias com unidades diferentes: ", foto.nome);
   }
@@ -64,3 +66,5 @@ void acrescenta(TABELA_GRAOS& t, const FOTOGRAFIA& foto) {
 void conclui(TABELA_GRAOS t) {
   conclui(std::move(t.saida));
 }
+
+}  // namespace exporta

@@ -6,25 +6,31 @@
 #include "export/parcial.h"
 #include "measure/resumo.h"
 
+namespace exporta {
+
 // Tables of grains, one row a grain: RFC 4180 with a header, UTF-8 without a byte order mark, lines
 // ended by a line feed. Columns as in export/colunas.h.
 
 // Writes the grains of one photograph. pim::erro when the file can't be written whole.
-void impGraosCsv(const FOTOGRAFIA& foto, const std::string& nome, IDIOMA idioma = IDIOMA::pt);
+void impGraosCsv(const measure::FOTOGRAFIA& foto, const std::string& nome,
+                 IDIOMA idioma = IDIOMA::pt);
 
 // A table of the grains of many photographs, with the photograph's name as first column, written as
 // they come: open, append each, `conclui`.
 struct TABELA_GRAOS {
   PARCIAL saida;
-  UNIDADE unidade = UNIDADE::px;
+  measure::UNIDADE unidade = measure::UNIDADE::px;
   IDIOMA idioma = IDIOMA::pt;
 };
 
 // `unidade` is that of all photographs to come. pim::erro when the file can't be created.
-TABELA_GRAOS abreGraosCsv(const std::string& nome, UNIDADE unidade, IDIOMA idioma = IDIOMA::pt);
+TABELA_GRAOS abreGraosCsv(const std::string& nome, measure::UNIDADE unidade,
+                          IDIOMA idioma = IDIOMA::pt);
 
 // pim::erro when the photograph has another unit.
-void acrescenta(TABELA_GRAOS& t, const FOTOGRAFIA& foto);
+void acrescenta(TABELA_GRAOS& t, const measure::FOTOGRAFIA& foto);
 
 // Closes the table and gives it its name; pim::erro when it could not be written whole.
 void conclui(TABELA_GRAOS t);
+
+}  // namespace exporta

@@ -1,5 +1,7 @@
 #include "export/idioma.h"
 
+namespace exporta {
+
 std::string nomeDaForma(char forma, IDIOMA idioma) {
   switch (forma) {
     case 'c':
@@ -15,14 +17,16 @@ std::string nomeDaForma(char forma, IDIOMA idioma) {
   }
 }
 
-const char* nomeDaGrandeza(GRANDEZA g, IDIOMA idioma) {
-  if (g == GRANDEZA::menor) return diz(frases::menor, idioma);
-  if (g == GRANDEZA::maior) return diz(frases::maior, idioma);
+const char* nomeDaGrandeza(measure::GRANDEZA g, IDIOMA idioma) {
+  if (g == measure::GRANDEZA::menor) return diz(frases::menor, idioma);
+  if (g == measure::GRANDEZA::maior) return diz(frases::maior, idioma);
   return diz(frases::equivalente, idioma);
 }
 
-const char* nomeDoPeso(PESO p, IDIOMA idioma) {
-  if (p == PESO::area) return diz(frases::area, idioma);
-  if (p == PESO::volume) return diz(frases::volume, idioma);
+const char* nomeDoPeso(measure::PESO p, IDIOMA idioma) {
+  if (p == measure::PESO::area) return diz(frases::area, idioma);
+  if (p == measure::PESO::volume) return diz(frases::volume, idioma);
   return diz(frases::numero, idioma);
 }
+
+}  // namespace exporta

@@ -4,6 +4,8 @@
 
 #include "measure/distribuicao.h"
 
+namespace exporta {
+
 // The words of the exported files, all of them here, in both languages. Portuguese goes without
 // accents, as in kernel.cfg and the program's messages.
 
@@ -81,5 +83,7 @@ inline constexpr FRASE volume = {"volume", "volume"};
 std::string nomeDaForma(char forma, IDIOMA idioma);
 
 // "diametro_equivalente" or "equivalent_diameter", and so on; "numero", "area" or "volume".
-const char* nomeDaGrandeza(GRANDEZA g, IDIOMA idioma);
-const char* nomeDoPeso(PESO p, IDIOMA idioma);
+const char* nomeDaGrandeza(measure::GRANDEZA g, IDIOMA idioma);
+const char* nomeDoPeso(measure::PESO p, IDIOMA idioma);
+
+}  // namespace exporta

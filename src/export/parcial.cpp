@@ -5,6 +5,7 @@
 
 #include "pim/erro.h"
 
+namespace exporta {
 namespace {
 
 std::string nomeParcial(const std::string& nome) {
@@ -36,3 +37,5 @@ void conclui(PARCIAL p) {
     pim::erro("Erro gravacao arquivo ", p.nome);
   }
 }
+
+}  // namespace exporta

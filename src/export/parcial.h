@@ -4,6 +4,8 @@
 
 #include "pim/arquivo.h"
 
+namespace exporta {
+
 // A result that is written aside, as NAME.parcial, and takes its name when it is complete: whoever
 // sees NAME sees all of it, and what stood there before stays until then. When it goes before
 // it is complete, so does the file; what a process that was killed leaves, the next one overwrites.
@@ -21,3 +23,5 @@ void adianta(PARCIAL& p);
 
 // Writes the rest, closes and renames; pim::erro when any write, the close or the rename failed.
 void conclui(PARCIAL p);
+
+}  // namespace exporta

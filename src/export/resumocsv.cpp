@@ -8,6 +8,7 @@
 #include "export/valor.h"
 #include "pim/erro.h"
 
+namespace exporta {
 namespace {
 
 struct CELULA {
@@ -15,20 +16,21 @@ struct CELULA {
   VALOR valor;
 };
 
-std::string medido(const FRASE& f, const RESUMO& r, IDIOMA idioma, const char* sufixo = "") {
+std::string medido(const FRASE& f, const measure::RESUMO& r, IDIOMA idioma,
+                   const char* sufixo = "") {
   return std::string(diz(f, idioma)) + '_' + nomeDaUnidade(r.unidade) + sufixo;
 }
 
-std::string emPhi(const FRASE& f, const RESUMO& r, IDIOMA idioma) {
-  return std::string(diz(f, idioma)) + (r.unidade == UNIDADE::px ? "_phi_px" : "_phi");
+std::string emPhi(const FRASE& f, const measure::RESUMO& r, IDIOMA idioma) {
+  return std::string(diz(f, idioma)) + (r.unidade == measure::UNIDADE::px ? "_phi_px" : "_phi");
 }
 
-void poeContagens(std::vector<CELULA>& c, const RESUMO& r, IDIOMA idioma) {
-  constexpr std::array<FRASE, letras.size()> formas = {frases::circulos, frases::quadrados,
-                                                       frases::retangulos, frases::elipses};
+void poeContagens(std::vector<CELULA>& c, const measure::RESUMO& r, IDIOMA idioma) {
+  constexpr std::array<FRASE, measure::letras.size()> formas = {
+      frases::circulos, frases::quadrados, frases::retangulos, frases::elipses};
   c.push_back({diz(frases::fotos, idioma), r.fotos});
   c.push_back({diz(frases::graos, idioma), r.graos});
-  for (std::size_t k = 0; k < letras.size(); ++k) {
+  for (std::size_t k = 0; k < measure::letras.size(); ++k) {
     c.push_back({diz(formas[k], idioma), r.porForma[k]});
   }
   c.push_back({diz(frases::naBorda, idioma), r.naBorda});
@@ -38,10 +40,11 @@ void poeContagens(std::vector<CELULA>& c, const RESUMO& r, IDIOMA idioma) {
   c.push_back({diz(frases::peso, idioma), std::string(nomeDoPeso(r.peso, idioma))});
 }
 
-void poeDistribuicao(std::vector<CELULA>& c, const RESUMO& r, IDIOMA idioma) {
-  const DISTRIBUICAO& d = r.distribuicao;
-  for (std::size_t i = 0; i < percentis.size(); ++i) {
-    const std::string nome = 'd' + std::to_string(percentis[i]) + '_' + nomeDaUnidade(r.unidade);
+void poeDistribuicao(std::vector<CELULA>& c, const measure::RESUMO& r, IDIOMA idioma) {
+  const measure::DISTRIBUICAO& d = r.distribuicao;
+  for (std::size_t i = 0; i < measure::percentis.size(); ++i) {
+    const std::string nome =
+        'd' + std::to_string(measure::percentis[i]) + '_' + nomeDaUnidade(r.unidade);
     c.push_back({nome, valor(d.d[i])});
   }
   c.push_back({medido(frases::media, r, idioma), valor(d.media)});
@@ -54,8 +57,8 @@ void poeDistribuicao(std::vector<CELULA>& c, const RESUMO& r, IDIOMA idioma) {
   c.push_back({diz(frases::curvatura, idioma), valor(d.curvatura)});
 }
 
-void poePeneiras(std::vector<CELULA>& c, const RESUMO& r, IDIOMA idioma) {
-  for (const PENEIRA& p : r.peneiras) {
+void poePeneiras(std::vector<CELULA>& c, const measure::RESUMO& r, IDIOMA idioma) {
+  for (const measure::PENEIRA& p : r.peneiras) {
     if (p.de == 0) {
       c.push_back({std::string(diz(frases::retida, idioma)) + '_' + diz(frases::fundo, idioma),
                    valor(p.retida)});
@@ -69,7 +72,7 @@ void poePeneiras(std::vector<CELULA>& c, const RESUMO& r, IDIOMA idioma) {
   }
 }
 
-std::vector<CELULA> celulas(const std::string& foto, const RESUMO& r, IDIOMA idioma) {
+std::vector<CELULA> celulas(const std::string& foto, const measure::RESUMO& r, IDIOMA idioma) {
   std::vector<CELULA> c = {{diz(frases::foto, idioma), foto}};
   poeContagens(c, r, idioma);
   poeDistribuicao(c, r, idioma);
@@ -93,7 +96,7 @@ bool mesmasColunas(const std::vector<CELULA>& a, const std::vector<CELULA>& b) {
 
 }  // namespace
 
-void impResumoCsv(const std::vector<LINHA_RESUMO>& linhas, const RESUMO& total,
+void impResumoCsv(const std::vector<LINHA_RESUMO>& linhas, const measure::RESUMO& total,
                   const std::string& nome, IDIOMA idioma) {
   PARCIAL p = abreParcial(nome);
   const std::vector<CELULA> ultima = celulas(diz(frases::total, idioma), total, idioma);
@@ -110,3 +113,5 @@ void impResumoCsv(const std::vector<LINHA_RESUMO>& linhas, const RESUMO& total,
   poeLinha(p, ultima);
   conclui(std::move(p));
 }
+
+}  // namespace exporta

@@ -6,10 +6,12 @@
 #include "export/idioma.h"
 #include "measure/resumo.h"
 
+namespace exporta {
+
 // One row of the summary table.
 struct LINHA_RESUMO {
   std::string foto;
-  RESUMO resumo;
+  measure::RESUMO resumo;
 };
 
 // The summary of many photographs: a row for each and a last row, named "total", for `total`. CSV
@@ -20,5 +22,7 @@ struct LINHA_RESUMO {
 // the share retained and passing, named by its aperture, and the share in the pan. What can't be
 // said is an empty cell. pim::erro when a row has other units or sieves than the total, or when the
 // file can't be written whole.
-void impResumoCsv(const std::vector<LINHA_RESUMO>& linhas, const RESUMO& total,
+void impResumoCsv(const std::vector<LINHA_RESUMO>& linhas, const measure::RESUMO& total,
                   const std::string& nome, IDIOMA idioma = IDIOMA::pt);
+
+}  // namespace exporta

@@ -13,6 +13,7 @@
 #include "measure/contorno.h"
 #include "pim/erro.h"
 
+namespace exporta {
 namespace {
 
 using BYTES = std::vector<unsigned char>;
@@ -56,7 +57,7 @@ struct CAIXA {
 };
 
 CAIXA caixa(const MAXLOCAL& m) {
-  const PONTO meia = meiaCaixa(m);
+  const measure::PONTO meia = measure::meiaCaixa(m);
   return {m.ci + 0.5 - meia.x, m.li + 0.5 - meia.y, 2 * meia.x, 2 * meia.y};
 }
 
@@ -66,7 +67,8 @@ bool inteira(double x) {
 
 // ImageJ measures and fills ovals and rectangles by their bounds in whole pixels.
 bool exataEmPixels(const MAXLOCAL& m, const CAIXA& c) {
-  return aprumada(m) && inteira(c.x) && inteira(c.y) && inteira(c.largura) && inteira(c.altura);
+  return measure::aprumada(m) && inteira(c.x) && inteira(c.y) && inteira(c.largura) &&
+         inteira(c.altura);
 }
 
 void poeCabecalho(BYTES& b, TIPO tipo, const CAIXA& c) {
@@ -88,7 +90,7 @@ void poeCaixa(BYTES& b, const CAIXA& c) {
   poeReal(b, 30, c.altura);
 }
 
-void poePoligono(BYTES& b, const std::vector<PONTO>& v, const CAIXA& c) {
+void poePoligono(BYTES& b, const std::vector<measure::PONTO>& v, const CAIXA& c) {
   const std::size_t n = v.size();
   poe16(b, 16, static_cast<unsigned>(n));
   b.resize(cabecalho + 12 * n);
@@ -116,7 +118,7 @@ void poeNome(BYTES& b, const std::string& nome) {
 
 }  // namespace
 
-std::vector<unsigned char> roiDoGrao(const GRAO& g, const std::string& nome) {
+std::vector<unsigned char> roiDoGrao(const measure::GRAO& g, const std::string& nome) {
   const MAXLOCAL& m = g.maximo;
   const CAIXA c = caixa(m);
   const bool redonda = m.forma == 'c' || m.forma == 'e';
@@ -126,17 +128,17 @@ std::vector<unsigned char> roiDoGrao(const GRAO& g, const std::string& nome) {
     poeCaixa(b, c);
   } else {
     poeCabecalho(b, TIPO::poligono, c);
-    poePoligono(b, contorno(m, desvioUsual), c);
+    poePoligono(b, measure::contorno(m, measure::desvioUsual), c);
   }
   poeNome(b, nome);
   return b;
 }
 
-std::string nomeDoRoi(const GRAO& g) {
+std::string nomeDoRoi(const measure::GRAO& g) {
   return cv::format("%04zu", g.indice);
 }
 
-void impRois(const FOTOGRAFIA& foto, const std::string& nome) {
+void impRois(const measure::FOTOGRAFIA& foto, const std::string& nome) {
   if (foto.graos.empty()) {
     const bool saiu = std::remove(nome.c_str()) == 0 || errno == ENOENT;
     if (!saiu) pim::erro("Erro gravacao arquivo ", nome);
@@ -144,9 +146,11 @@ void impRois(const FOTOGRAFIA& foto, const std::string& nome) {
   }
   std::vector<ENTRADA> entradas;
   entradas.reserve(foto.graos.size());
-  for (const GRAO& g : foto.graos) {
+  for (const measure::GRAO& g : foto.graos) {
     const std::string indice = nomeDoRoi(g);
     entradas.push_back({indice + ".roi", roiDoGrao(g, indice)});
   }
   impZip(entradas, nome);
 }
+
+}  // namespace exporta

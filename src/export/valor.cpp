@@ -6,6 +6,7 @@
 #include <string_view>
 #include <type_traits>
 
+namespace exporta {
 namespace {
 
 template <class T, class... FORMATO>
@@ -149,3 +150,5 @@ std::string emUtf8(const std::string& s) {
   }
   return limpo;
 }
+
+}  // namespace exporta

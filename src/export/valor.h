@@ -5,6 +5,8 @@
 #include <string>
 #include <variant>
 
+namespace exporta {
+
 // One value of a table, and how it is written. std::monostate is no value.
 using VALOR = std::variant<std::monostate, bool, int, std::size_t, float, double, std::string>;
 
@@ -33,3 +35,5 @@ void poeJson(std::string& s, const VALOR& v);
 
 // A copy of `s` in which every byte that is not part of valid UTF-8 is U+FFFD.
 std::string emUtf8(const std::string& s);
+
+}  // namespace exporta

@@ -8,6 +8,7 @@
 #include "export/parcial.h"
 #include "pim/erro.h"
 
+namespace exporta {
 namespace {
 
 // The archive is made in memory and written by our own means, which see a full disk.
@@ -83,3 +84,5 @@ void impZip(const std::vector<ENTRADA>& entradas, const std::string& nome) {
   p.pendente = arquivoZip(entradas, nome);
   conclui(std::move(p));
 }
+
+}  // namespace exporta

@@ -6,6 +6,7 @@
 #include <numbers>
 #include <utility>
 
+namespace measure {
 namespace {
 
 // Half the sizes, as the shape's letter reads them.
@@ -72,3 +73,5 @@ std::vector<PONTO> contorno(const MAXLOCAL& m, double desvio) {
   }
   return v;
 }
+
+}  // namespace measure

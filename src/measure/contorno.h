@@ -4,6 +4,8 @@
 
 #include "detect/maxlocal.h"
 
+namespace measure {
+
 // The exact outline of a detected shape, from its nominal sizes. Places are those of the lists:
 // x is the column and y the row, pixel centres have whole coordinates, and the picture reaches from
 // -1/2 to cols - 1/2 and rows - 1/2. Circles use d1 alone and no angle, squares d1 alone.
@@ -33,3 +35,5 @@ inline constexpr double desvioUsual = 0.02;
 // sum (x[i] y[i+1] - x[i+1] y[i]) / 2 is positive: counter-clockwise where y points up, clockwise
 // on the screen, where it points down.
 std::vector<PONTO> contorno(const MAXLOCAL& m, double desvio);
+
+}  // namespace measure

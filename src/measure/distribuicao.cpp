@@ -7,6 +7,7 @@
 
 #include "measure/folkward.h"
 
+namespace measure {
 namespace {
 
 double soma(const std::vector<double>& v) {
@@ -100,3 +101,5 @@ std::optional<double> valorD(const DISTRIBUICAO& d, int p) {
   const auto* i = std::find(percentis.begin(), percentis.end(), p);
   return i == percentis.end() ? std::nullopt : d.d[static_cast<std::size_t>(i - percentis.begin())];
 }
+
+}  // namespace measure

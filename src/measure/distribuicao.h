@@ -8,6 +8,8 @@
 #include "measure/escala.h"
 #include "measure/grao.h"
 
+namespace measure {
+
 // Size distributions. Sums run in the order of the sizes, so that the order of the grains never
 // changes a digit.
 
@@ -69,3 +71,5 @@ DISTRIBUICAO distribui(const CURVA& c, UNIDADE unidade);
 
 // The percentile p of `percentis`.
 std::optional<double> valorD(const DISTRIBUICAO& d, int p);
+
+}  // namespace measure

@@ -8,6 +8,7 @@
 
 #include "pim/erro.h"
 
+namespace measure {
 namespace {
 
 struct LINHA {
@@ -104,3 +105,5 @@ ESCALA leEscala(const std::string& texto) {
   if (!motivo.empty()) pim::erro("Erro: Escala invalida ", texto, ": " + motivo);
   return e;
 }
+
+}  // namespace measure

@@ -2,6 +2,8 @@
 
 #include <string>
 
+namespace measure {
+
 // How large a pixel is. Pixels are square.
 
 enum class UNIDADE { px, um, mm, cm, m, in };
@@ -32,3 +34,5 @@ std::string paraEscala(const std::string& texto, ESCALA& e);
 
 // The same; pim::erro "Erro: Escala invalida TEXT: REASON" when it is refused.
 ESCALA leEscala(const std::string& texto);
+
+}  // namespace measure

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+namespace measure {
+
 FOLKWARD folkWard(const std::function<double(int)>& d) {
   const auto phi = [&d](int p) { return -std::log2(d(100 - p)); };
   const double phi50 = phi(50);
@@ -18,3 +20,5 @@ FOLKWARD folkWard(const std::function<double(int)>& d) {
   if (quartis > 0) f.curtose = todo / (2.44 * quartis);
   return f;
 }
+
+}  // namespace measure

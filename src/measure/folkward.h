@@ -3,6 +3,8 @@
 #include <functional>
 #include <optional>
 
+namespace measure {
+
 // The graphic measures of Folk and Ward (1957), "Brazos River bar: a study in the significance of
 // grain size parameters", in phi = -log2(size in mm). phi[p] is exceeded in fineness by 100 - p
 // percent: coarse grains have low phi, so phi[p] comes from the size D[100-p].
@@ -21,3 +23,5 @@ struct FOLKWARD {
 // `d` gives the size, in millimetres, that so many percent of the weight lies below; it is asked
 // for 5, 16, 25, 50, 75, 84 and 95.
 FOLKWARD folkWard(const std::function<double(int)>& d);
+
+}  // namespace measure

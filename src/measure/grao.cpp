@@ -8,6 +8,7 @@
 #include "measure/perimetro.h"
 #include "pim/erro.h"
 
+namespace measure {
 namespace {
 
 bool temDoisTamanhos(char forma) {
@@ -70,3 +71,5 @@ std::vector<GRAO> medeTodos(const std::vector<MAXLOCAL>& v, int rows, int cols) 
   for (const MAXLOCAL& m : v) graos.push_back(mede(m, graos.size(), rows, cols));
   return graos;
 }
+
+}  // namespace measure

@@ -5,6 +5,8 @@
 
 #include "detect/maxlocal.h"
 
+namespace measure {
+
 // One measured grain. Lengths are in pixels, areas in square pixels, all from the nominal sizes of
 // the detection and not from the pixels that a drawing of it covers.
 struct GRAO {
@@ -34,3 +36,5 @@ GRAO mede(const MAXLOCAL& m, std::size_t indice, int rows, int cols);
 
 // Measures a whole list, in its order.
 std::vector<GRAO> medeTodos(const std::vector<MAXLOCAL>& v, int rows, int cols);
+
+}  // namespace measure

@@ -7,6 +7,8 @@
 
 #include "pim/erro.h"
 
+namespace measure {
+
 void confereAberturas(const std::vector<double>& aberturas) {
   double anterior = 0;
   for (const double a : aberturas) {
@@ -43,3 +45,5 @@ std::vector<PENEIRA> peneira(const CURVA& c, const std::vector<double>& abertura
   }
   return classes;
 }
+
+}  // namespace measure

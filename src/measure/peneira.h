@@ -7,6 +7,8 @@
 
 #include "measure/distribuicao.h"
 
+namespace measure {
+
 // What stays on one sieve of a column: the grains with de <= size < ate. A grain as large as an
 // aperture does not pass it.
 struct PENEIRA {
@@ -25,3 +27,5 @@ std::vector<PENEIRA> peneira(const CURVA& c, const std::vector<double>& abertura
 
 // That check alone, for settings that are read before there are grains.
 void confereAberturas(const std::vector<double>& aberturas);
+
+}  // namespace measure

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <numbers>
 
+namespace measure {
+
 double perimetroElipse(double eixo1, double eixo2) {
   const double maior = std::max(eixo1, eixo2) / 2;
   if (maior == 0) return 0;
@@ -21,3 +23,5 @@ double perimetroElipse(double eixo1, double eixo2) {
   }
   return 2 * std::numbers::pi * maior * (1 - soma) / ((a + g) / 2);
 }
+
+}  // namespace measure

@@ -4,6 +4,8 @@
 
 #include "pim/erro.h"
 
+namespace measure {
+
 void acumula(ACUMULADO& a, const FOTOGRAFIA& foto) {
   if (a.fotos == 0) a.unidade = foto.escala.unidade;
   if (a.unidade != foto.escala.unidade) {
@@ -46,3 +48,5 @@ RESUMO resume(const FOTOGRAFIA& foto, GRANDEZA grandeza, PESO peso,
   acumula(a, foto);
   return resume(a, aberturas);
 }
+
+}  // namespace measure

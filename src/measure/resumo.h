@@ -11,6 +11,8 @@
 #include "measure/grao.h"
 #include "measure/peneira.h"
 
+namespace measure {
+
 // A photograph and what was found in it.
 struct FOTOGRAFIA {
   std::string nome;
@@ -60,3 +62,5 @@ RESUMO resume(const ACUMULADO& a, const std::vector<double>& aberturas = {});
 // One photograph alone.
 RESUMO resume(const FOTOGRAFIA& foto, GRANDEZA grandeza, PESO peso,
               const std::vector<double>& aberturas = {});
+
+}  // namespace measure

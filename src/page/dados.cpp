@@ -5,14 +5,15 @@
 #include "measure/resumo.h"
 #include "page/html.h"
 
+namespace page {
 namespace {
 
 // Appends a member of an object, its value written by `poeJson`.
-void poeMembro(std::string& s, const char* nome, const VALOR& v) {
+void poeMembro(std::string& s, const char* nome, const exporta::VALOR& v) {
   s += s.back() == '{' ? "\"" : ",\"";
   s += nome;
   s += "\":";
-  poeJson(s, v);
+  exporta::poeJson(s, v);
 }
 
 // Opens a member whose value the caller writes.
@@ -28,31 +29,31 @@ void poeLista(std::string& s, const char* nome, const LISTA& lista) {
   abreMembro(s, nome, '[');
   for (const auto& v : lista) {
     if (s.back() != '[') s += ',';
-    poeJson(s, v);
+    exporta::poeJson(s, v);
   }
   s += ']';
 }
 
-const char* chaveDaGrandeza(GRANDEZA g) {
-  if (g == GRANDEZA::menor) return "menor";
-  return g == GRANDEZA::maior ? "maior" : "equivalente";
+const char* chaveDaGrandeza(measure::GRANDEZA g) {
+  if (g == measure::GRANDEZA::menor) return "menor";
+  return g == measure::GRANDEZA::maior ? "maior" : "equivalente";
 }
 
-const char* chaveDoPeso(PESO p) {
-  if (p == PESO::area) return "area";
-  return p == PESO::volume ? "volume" : "numero";
+const char* chaveDoPeso(measure::PESO p) {
+  if (p == measure::PESO::area) return "area";
+  return p == measure::PESO::volume ? "volume" : "numero";
 }
 
 // The values in px without the name of the shape, which the letter tells.
-void poeGrao(std::string& s, const GRAO& g, std::vector<VALOR>& valores) {
+void poeGrao(std::string& s, const measure::GRAO& g, std::vector<exporta::VALOR>& valores) {
   constexpr std::size_t nomeDaFormaEm = 2;
-  valoresDoGrao(g, ESCALA{}, IDIOMA::pt, valores);
+  valoresDoGrao(g, measure::ESCALA{}, exporta::IDIOMA::pt, valores);
   s += s.back() == '[' ? "[" : ",[";
   for (std::size_t k = 0; k < valores.size(); ++k) {
     if (k == nomeDaFormaEm) continue;
     if (k > 0) s += ',';
     const bool* verdade = std::get_if<bool>(&valores[k]);
-    poeJson(s, verdade != nullptr ? VALOR(*verdade ? 1 : 0) : valores[k]);
+    exporta::poeJson(s, verdade != nullptr ? exporta::VALOR(*verdade ? 1 : 0) : valores[k]);
   }
   s += ']';
 }
@@ -61,7 +62,7 @@ void poeGrao(std::string& s, const GRAO& g, std::vector<VALOR>& valores) {
 
 std::string ajustesEmJson(const PAGINA& pagina) {
   std::string s = "{";
-  poeMembro(s, "idioma", std::string(pagina.idioma == IDIOMA::en ? "en" : "pt"));
+  poeMembro(s, "idioma", std::string(pagina.idioma == exporta::IDIOMA::en ? "en" : "pt"));
   poeMembro(s, "titulo", pagina.titulo);
   poeMembro(s, "comando", pagina.comando);
   abreMembro(s, "escala", '{');
@@ -73,10 +74,10 @@ std::string ajustesEmJson(const PAGINA& pagina) {
   poeLista(s, "peneiras", pagina.peneiras);
   poeMembro(s, "minCorr", pagina.minCorr);
   std::vector<std::string> colunas = nomesDoGrao(pagina.escala.unidade, pagina.idioma);
-  colunas.insert(colunas.begin(), diz(frases::foto, pagina.idioma));
+  colunas.insert(colunas.begin(), diz(exporta::frases::foto, pagina.idioma));
   poeLista(s, "colunas", colunas);
   abreMembro(s, "formas", '{');
-  for (const char letra : letras) {
+  for (const char letra : measure::letras) {
     poeMembro(s, std::string(1, letra).c_str(), nomeDaForma(letra, pagina.idioma));
   }
   s += "}}";
@@ -85,14 +86,16 @@ std::string ajustesEmJson(const PAGINA& pagina) {
 
 std::string fotoEmJson(const FOTO_DA_PAGINA& foto, const std::string& miniatura) {
   std::string s = "{";
-  std::vector<VALOR> valores;
+  std::vector<exporta::VALOR> valores;
   poeMembro(s, "nome", foto.nome);
   poeMembro(s, "rows", foto.tamanho.height);
   poeMembro(s, "cols", foto.tamanho.width);
   poeMembro(s, "miniatura", miniatura);
   if (foto.figura.empty()) poeMembro(s, "semFigura", 1);
   abreMembro(s, "graos", '[');
-  for (const GRAO& g : foto.graos) poeGrao(s, g, valores);
+  for (const measure::GRAO& g : foto.graos) poeGrao(s, g, valores);
   s += "]}";
   return emScript(s);
 }
+
+}  // namespace page

@@ -5,6 +5,8 @@
 
 #include "page/pagina.h"
 
+namespace page {
+
 // What the scripts of the page read, as JSON that fits into a <script> element.
 
 // Settings: idioma, titulo, comando, escala {lado, unidade}, grandeza, peso, peneiras, minCorr; for
@@ -16,3 +18,5 @@ std::string ajustesEmJson(const PAGINA& pagina);
 // lesser and greater diameter, aspect, 1 when it touches the border; all in px. semFigura when its
 // picture is lost.
 std::string fotoEmJson(const FOTO_DA_PAGINA& foto, const std::string& miniatura);
+
+}  // namespace page

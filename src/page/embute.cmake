@@ -49,7 +49,7 @@ ${tabela}};
 
 }  // namespace
 
-std::string_view recurso(std::string_view nome) {
+std::string_view page::recurso(std::string_view nome) {
   for (const RECURSO& r : recursos) {
     if (r.nome == nome) return r.texto;
   }

@@ -12,6 +12,7 @@
 #include "pim/erro.h"
 #include "pim/imagem.h"
 
+namespace page {
 namespace {
 
 struct SOLTA {
@@ -108,3 +109,5 @@ std::string emBase64(const std::vector<unsigned char>& bytes) {
   }
   return s;
 }
+
+}  // namespace page

@@ -7,6 +7,8 @@
 
 #include "pim/converte.h"
 
+namespace page {
+
 // Pictures for the page: reduced, as JPEG, in base64.
 
 // The picture with its longer side at most `lado` pixels, by averaging the pixels that each new one
@@ -45,3 +47,5 @@ std::size_t limiteDaFigura(std::size_t fotos);
 
 // RFC 4648, with padding.
 std::string emBase64(const std::vector<unsigned char>& bytes);
+
+}  // namespace page

@@ -2,9 +2,11 @@
 
 #include "export/valor.h"
 
+namespace page {
+
 std::string emHtml(const std::string& texto) {
   std::string s;
-  for (const char c : emUtf8(texto)) {
+  for (const char c : exporta::emUtf8(texto)) {
     switch (c) {
       case '&':
         s += "&amp;";
@@ -56,3 +58,5 @@ void expande(std::string_view modelo, const std::function<void(std::string_view)
   }
   poe(modelo);
 }
+
+}  // namespace page

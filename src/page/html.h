@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+namespace page {
+
 // Text that people and file systems chose, made harmless for a page. Bytes that are not UTF-8 and
 // NUL, which HTML forbids, become U+FFFD.
 
@@ -18,3 +20,5 @@ std::string emScript(const std::string& json);
 // there. What is put in is not searched for marks.
 void expande(std::string_view modelo, const std::function<void(std::string_view)>& poe,
              const std::function<void(std::string_view nome)>& preenche);
+
+}  // namespace page

@@ -12,6 +12,7 @@
 #include "page/html.h"
 #include "page/recursos.h"
 
+namespace page {
 namespace {
 
 constexpr std::array<std::string_view, 2> estilos = {"leaflet.css", "estilo.css"};
@@ -19,13 +20,13 @@ constexpr std::array<std::string_view, 8> scripts = {"chart.js",  "leaflet.js", 
                                                      "medida.js", "barras.js",  "graficos.js",
                                                      "visor.js",  "pagina.js"};
 
-void poe(PARCIAL& p, std::string_view texto) {
+void poe(exporta::PARCIAL& p, std::string_view texto) {
   p.pendente += texto;
   adianta(p);
 }
 
 template <class NOMES>
-void poeElementos(PARCIAL& p, const char* elemento, const NOMES& nomes) {
+void poeElementos(exporta::PARCIAL& p, const char* elemento, const NOMES& nomes) {
   for (const std::string_view nome : nomes) {
     poe(p, std::string("<") + elemento + ">\n");
     poe(p, recurso(nome));
@@ -35,7 +36,7 @@ void poeElementos(PARCIAL& p, const char* elemento, const NOMES& nomes) {
 
 // The record and the picture of one photograph, each in an element of its own: the record is read
 // when the page opens, the picture when its viewer is made.
-void poeFoto(PARCIAL& p, const FOTO_DA_PAGINA& foto) {
+void poeFoto(exporta::PARCIAL& p, const FOTO_DA_PAGINA& foto) {
   const FIGURA figura = foto.figura.empty() ? figuraVazia(foto.tamanho) : leFigura(foto.figura);
   poe(p, "<script type=\"application/json\" class=\"foto\">");
   poe(p, fotoEmJson(foto, emBase64(figura.miniatura)));
@@ -45,11 +46,11 @@ void poeFoto(PARCIAL& p, const FOTO_DA_PAGINA& foto) {
 }
 
 // Which photographs are missing; nothing when none is. It needs no script to be seen.
-void poeFalharam(PARCIAL& p, const PAGINA& pagina) {
+void poeFalharam(exporta::PARCIAL& p, const PAGINA& pagina) {
   const std::size_t quantas = pagina.falharam.size();
   if (quantas == 0) return;
   const bool uma = quantas == 1;
-  const bool en = pagina.idioma == IDIOMA::en;
+  const bool en = pagina.idioma == exporta::IDIOMA::en;
   const char* verbo = uma ? "falhou e não está" : "falharam e não estão";
   if (en) verbo = uma ? "failed and is not" : "failed and are not";
   const std::size_t todas = quantas + pagina.fotos.size();
@@ -66,12 +67,12 @@ void poeFalharam(PARCIAL& p, const PAGINA& pagina) {
   poe(p, "</p>\n");
 }
 
-void preenche(PARCIAL& p, const PAGINA& pagina, std::string_view nome) {
-  if (nome == "lang") poe(p, pagina.idioma == IDIOMA::en ? "en" : "pt-BR");
+void preenche(exporta::PARCIAL& p, const PAGINA& pagina, std::string_view nome) {
+  if (nome == "lang") poe(p, pagina.idioma == exporta::IDIOMA::en ? "en" : "pt-BR");
   if (nome == "titulo") poe(p, emHtml(pagina.titulo));
   if (nome == "semscript") {
-    poe(p, pagina.idioma == IDIOMA::en ? "This page needs JavaScript."
-                                       : "Esta página precisa de JavaScript.");
+    poe(p, pagina.idioma == exporta::IDIOMA::en ? "This page needs JavaScript."
+                                                : "Esta página precisa de JavaScript.");
   }
   if (nome == "estilos") poeElementos(p, "style", estilos);
   if (nome == "ajustes") poe(p, ajustesEmJson(pagina));
@@ -86,10 +87,12 @@ void preenche(PARCIAL& p, const PAGINA& pagina, std::string_view nome) {
 }  // namespace
 
 void impPagina(const PAGINA& pagina, const std::string& nome) {
-  confereAberturas(pagina.peneiras);
-  PARCIAL p = abreParcial(nome);
+  measure::confereAberturas(pagina.peneiras);
+  exporta::PARCIAL p = exporta::abreParcial(nome);
   expande(
       recurso("modelo.html"), [&p](std::string_view texto) { poe(p, texto); },
       [&](std::string_view marca) { preenche(p, pagina, marca); });
   conclui(std::move(p));
 }
+
+}  // namespace page

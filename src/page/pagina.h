@@ -9,6 +9,8 @@
 #include "measure/escala.h"
 #include "measure/grao.h"
 
+namespace page {
+
 // The results of a batch as a page for the web browser: one file that needs nothing else, neither
 // other files nor a network. Sizes, curve, plots and tables follow what the reader selects in it
 // (correlation, shapes), by the definitions of src/measure.
@@ -19,16 +21,16 @@ struct FOTO_DA_PAGINA {
   std::string figura;  // the picture to show, as impFigura left it; empty when there is none
   cv::Size tamanho;    // of the photograph that the grains were found in; the picture is
                        // stretched to it
-  std::vector<GRAO> graos;
+  std::vector<measure::GRAO> graos;
 };
 
 // Names and texts may hold anything, invalid UTF-8 and markup too.
 struct PAGINA {
   std::string titulo;
-  IDIOMA idioma = IDIOMA::pt;
-  ESCALA escala;  // of all photographs
-  GRANDEZA grandeza = GRANDEZA::equivalente;
-  PESO peso = PESO::numero;
+  exporta::IDIOMA idioma = exporta::IDIOMA::pt;
+  measure::ESCALA escala;  // of all photographs
+  measure::GRANDEZA grandeza = measure::GRANDEZA::equivalente;
+  measure::PESO peso = measure::PESO::numero;
   std::vector<double> peneiras;  // apertures as in measure/peneira.h; may be empty
   double minCorr = 0;            // where the slider of the correlation stands at first
   std::string comando;           // how the page was made, shown at its end; may be empty
@@ -39,3 +41,5 @@ struct PAGINA {
 // Writes the page aside, as `nome`.parcial, and gives it its name when it is complete. pim::erro
 // when a picture can't be read, an aperture is refused or the page can't be written whole.
 void impPagina(const PAGINA& pagina, const std::string& nome);
+
+}  // namespace page

@@ -6,6 +6,7 @@
 #include "apoio/pasta.h"
 #include "batch/estado.h"
 
+using namespace exporta;
 using namespace batch;
 
 namespace fs = std::filesystem;

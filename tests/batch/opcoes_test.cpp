@@ -4,6 +4,8 @@
 
 #include <ostream>
 
+using namespace measure;
+using namespace exporta;
 using namespace batch;
 
 namespace {

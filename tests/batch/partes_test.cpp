@@ -15,6 +15,7 @@
 #include "batch/soma.h"
 #include "pim/imagem.h"
 
+using namespace exporta;
 using namespace batch;
 
 namespace {

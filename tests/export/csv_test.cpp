@@ -9,6 +9,9 @@
 #include "export/resumocsv.h"
 #include "leitores.h"
 
+using namespace measure;
+using namespace exporta;
+
 namespace {
 
 using TABELA = std::vector<std::vector<std::string>>;

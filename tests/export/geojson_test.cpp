@@ -10,6 +10,9 @@
 #include "leitores.h"
 #include "measure/contorno.h"
 
+using namespace measure;
+using namespace exporta;
+
 namespace {
 
 JSON exporta(const FOTOGRAFIA& foto, IDIOMA idioma = IDIOMA::pt) {

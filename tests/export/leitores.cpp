@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <stdexcept>
 
+using namespace measure;
+
 namespace {
 
 struct LEITOR {
@@ -164,10 +166,10 @@ JSON leJson(const std::string& texto) {
   return j;
 }
 
-FOTOGRAFIA fotoDeExemplo(const ESCALA& escala) {
+measure::FOTOGRAFIA fotoDeExemplo(const measure::ESCALA& escala) {
   std::vector<MAXLOCAL> v;
   for (const double ang : {0.0, 30.0, 90.0}) {
-    for (const char letra : letras) {
+    for (const char letra : measure::letras) {
       const int k = static_cast<int>(v.size());
       v.push_back({0.25F + 0.01F * static_cast<float>(k), letra, 30 + k, 60 - k, 20.5, 10.25, ang});
     }

@@ -31,4 +31,4 @@ struct JSON {
 JSON leJson(const std::string& texto);
 
 // A photograph of 100 by 120 pixels with one grain of each letter and angle 0, 30 and 90.
-FOTOGRAFIA fotoDeExemplo(const ESCALA& escala = {});
+measure::FOTOGRAFIA fotoDeExemplo(const measure::ESCALA& escala = {});

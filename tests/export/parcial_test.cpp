@@ -5,6 +5,8 @@
 #include "apoio/erros.h"
 #include "apoio/pasta.h"
 
+using namespace exporta;
+
 namespace {
 
 TEST(Parcial, ONomeSoApareceQuandoEstaCompleto) {

@@ -12,6 +12,9 @@
 #include "leitores.h"
 #include "measure/contorno.h"
 
+using namespace measure;
+using namespace exporta;
+
 namespace {
 
 using BYTES = std::vector<unsigned char>;

@@ -8,6 +8,8 @@
 #include <cstring>
 #include <random>
 
+using namespace exporta;
+
 namespace {
 
 template <class T>

@@ -25,6 +25,9 @@
 #include "pim/imagem.h"
 #include "report/relat.h"
 
+using namespace exporta;
+using namespace page;
+
 namespace {
 
 std::ptrdiff_t descritores() {

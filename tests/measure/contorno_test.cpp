@@ -8,6 +8,8 @@
 
 #include "apoio/figuras.h"
 
+using namespace measure;
+
 namespace {
 
 using std::numbers::pi;

@@ -9,6 +9,8 @@
 #include "apoio/figuras.h"
 #include "measure/folkward.h"
 
+using namespace measure;
+
 namespace {
 
 std::vector<MEDIDA> tamanhos(const std::vector<double>& v) {

@@ -4,6 +4,8 @@
 
 #include "apoio/erros.h"
 
+using namespace measure;
+
 namespace {
 
 struct CASO {

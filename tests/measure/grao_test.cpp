@@ -12,6 +12,8 @@
 #include "measure/contorno.h"
 #include "measure/perimetro.h"
 
+using namespace measure;
+
 namespace {
 
 using std::numbers::pi;

@@ -8,6 +8,8 @@
 #include "apoio/erros.h"
 #include "apoio/figuras.h"
 
+using namespace measure;
+
 namespace {
 
 TEST(Peneira, GraoDoTamanhoDaMalhaFicaRetido) {

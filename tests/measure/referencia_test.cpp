@@ -24,6 +24,8 @@ struct REFERENCIA_DISTRIBUICAO {
 
 // clang-format off
 #include "dados/referencia.inc"
+
+using namespace measure;
 // clang-format on
 
 constexpr double tolerancia = 1e-12;

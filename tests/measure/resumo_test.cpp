@@ -4,6 +4,8 @@
 
 #include "apoio/erros.h"
 
+using namespace measure;
+
 namespace {
 
 FOTOGRAFIA foto(const std::string& nome, int rows, int cols, ESCALA escala,

@@ -11,6 +11,8 @@
 #include "pim/arquivo.h"
 #include "pim/imagem.h"
 
+using namespace page;
+
 namespace {
 
 using IMAGEM = cv::Mat_<pim::VEC3B>;

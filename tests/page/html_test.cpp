@@ -7,6 +7,8 @@
 #include "apoio/erros.h"
 #include "page/recursos.h"
 
+using namespace page;
+
 namespace {
 
 TEST(Html, TextoNaoAbreElementosNemFechaAtributos) {

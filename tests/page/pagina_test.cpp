@@ -11,6 +11,10 @@
 #include "page/figura.h"
 #include "pim/imagem.h"
 
+using namespace measure;
+using namespace exporta;
+using namespace page;
+
 namespace {
 
 std::vector<GRAO> doisGraos() {

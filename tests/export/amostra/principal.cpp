@@ -10,6 +10,9 @@
 #include "pim/erro.h"
 #include "pim/texto.h"
 
+using namespace measure;
+using namespace exporta;
+
 // amostra LIST.ho2 ROWS COLS NAME FOLDER [SCALE]: measures a list of detections and writes
 // graos.csv, todos.csv, resumo.csv, graos.geojson and rois.zip into the folder. NAME is what the
 // photograph is called in the tables.
@@ -28,7 +31,7 @@ FOTOGRAFIA leFoto(char** argv, const ESCALA& escala) {
   return foto;
 }
 
-void exporta(const FOTOGRAFIA& foto, const std::string& pasta) {
+void gravaTudo(const FOTOGRAFIA& foto, const std::string& pasta) {
   impGraosCsv(foto, pasta + "/graos.csv");
   TABELA_GRAOS todos = abreGraosCsv(pasta + "/todos.csv", foto.escala.unidade);
   acrescenta(todos, foto);
@@ -46,7 +49,7 @@ int amostra(int argc, char** argv) {
     std::puts("amostra lista.ho2 rows cols nome pasta [escala]");
     pim::erro("Erro: Numero de argumentos invalido");
   }
-  exporta(leFoto(argv, argc == 7 ? leEscala(argv[6]) : ESCALA{}), argv[5]);
+  gravaTudo(leFoto(argv, argc == 7 ? leEscala(argv[6]) : ESCALA{}), argv[5]);
   return 0;
 }
 

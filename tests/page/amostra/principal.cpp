@@ -16,6 +16,10 @@
 #include "pim/imagem.h"
 #include "pim/texto.h"
 
+using namespace measure;
+using namespace exporta;
+using namespace page;
+
 // amostra_pagina FOLDER [PHOTOGRAPHS GRAINS ROWS COLS]: draws photographs with known grains and
 // writes NAME.html, NAME.csv (the table of all grains) and NAME.json (what src/measure says of the
 // grains at several thresholds) for pages of every kind; with numbers, for one page of that size.
