@@ -17,6 +17,7 @@
 #include "export/geojson.h"
 #include "export/graoscsv.h"
 #include "export/roi.h"
+#include "linha/linha.h"
 #include "measure/resumo.h"
 #include "pim/erro.h"
 #include "pim/imagem.h"
@@ -42,7 +43,7 @@ void exigeBom(const RECEITA& r, const TERMINO& t, const std::vector<std::string>
   if (t.estado == 0) return;
   const std::string porque = motivo(t, args[0], r.opcoes.idioma);
   // One that could say why has said so; one that was ended by a signal could not.
-  if (t.fala.find(porque) == std::string::npos) pim::erro(frase(r, falas::erro), porque);
+  if (t.fala.find(porque) == std::string::npos) pim::erro(frase(r, linha::frases::erro), porque);
   throw DESISTENCIA{fins::falhou};
 }
 
@@ -152,7 +153,7 @@ namespace {
 
 // Nothing can be done for this photograph.
 [[noreturn]] void desiste(const RECEITA& r, int fim, const std::string& porque) {
-  std::puts((frase(r, falas::erro) + porque).c_str());
+  std::puts((frase(r, linha::frases::erro) + porque).c_str());
   throw DESISTENCIA{fim};
 }
 

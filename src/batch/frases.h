@@ -49,20 +49,13 @@ inline constexpr exporta::FRASE ajuda = {
     "      --versao           shows the version\n"
     "Exit status: 0 all well, 1 something failed, 2 wrong use, 130 interrupted\n"};
 
-inline constexpr exporta::FRASE erro = {"Erro: ", "Error: "};
 inline constexpr exporta::FRASE vejaAjuda = {"(vorplex-lote --ajuda mostra as opcoes)",
                                              "(vorplex-lote --ajuda shows the options)"};
 
 // Wrong use.
-inline constexpr exporta::FRASE opcaoDesconhecida = {"Opcao desconhecida %s", "Unknown option %s"};
-inline constexpr exporta::FRASE faltaValor = {"Falta o valor de %s", "%s lacks its value"};
-inline constexpr exporta::FRASE valorDemais = {"A opcao nao leva valor: %s",
-                                               "The option takes no value: %s"};
 inline constexpr exporta::FRASE faltaKernel = {"Falta kernel.cfg", "kernel.cfg is missing"};
 inline constexpr exporta::FRASE faltaFoto = {"Falta fotografia ou pasta",
                                              "No photograph or folder given"};
-inline constexpr exporta::FRASE idiomaRuim = {"Idioma invalido %s (pt ou en)",
-                                              "Invalid language %s (pt or en)"};
 inline constexpr exporta::FRASE escalaRuim = {
     "Escala invalida %s (numero de 1e-9 a 1e9 e um, mm, cm, m ou in, como 0.05mm)",
     "Invalid scale %s (a number from 1e-9 to 1e9 and um, mm, cm, m or in, such as 0.05mm)"};
@@ -132,8 +125,6 @@ inline constexpr exporta::FRASE tabelasFalharam = {"Tabelas e relatorio nao fora
 inline constexpr exporta::FRASE interrompido = {
     "Interrompido; o mesmo comando continua de onde parou",
     "Interrupted; the same command goes on from here"};
-inline constexpr exporta::FRASE saidaPadrao = {"Gravacao da saida padrao",
-                                               "Writing to standard output"};
 inline constexpr exporta::FRASE tituloDaPagina = {"Granulometria de %s", "Granulometry of %s"};
 
 }  // namespace falas

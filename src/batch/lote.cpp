@@ -23,6 +23,7 @@
 #include "batch/processo.h"
 #include "batch/recursos.h"
 #include "batch/tabelas.h"
+#include "linha/linha.h"
 
 namespace fs = std::filesystem;
 
@@ -52,7 +53,7 @@ struct LOTE {
 };
 
 int recusa(const OPCOES_LOTE& o, const std::string& porque, int estado = usoErrado) {
-  std::fprintf(stderr, "%s%s\n", diz(falas::erro, o.idioma), emUmaLinha(porque).c_str());
+  std::fprintf(stderr, "%s%s\n", diz(linha::frases::erro, o.idioma), emUmaLinha(porque).c_str());
   return estado;
 }
 
@@ -269,7 +270,7 @@ int executa(LOTE& l, const std::vector<std::string>& args, const std::string& ve
 }  // namespace
 
 int lote(const std::vector<std::string>& args, const std::string& versao) {
-  garanteSaidas();
+  linha::garanteSaidas();
   LOTE l;
   const std::string erro = leOpcoes(args, l.opcoes);
   int estado = tudoBem;
@@ -284,7 +285,8 @@ int lote(const std::vector<std::string>& args, const std::string& versao) {
     estado = executa(l, args, versao);
   }
   const bool disse = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
-  if (!disse && estado == tudoBem) return recusa(l.opcoes, l.frase(falas::saidaPadrao), algoFalhou);
+  if (!disse && estado == tudoBem)
+    return recusa(l.opcoes, l.frase(linha::frases::saidaPadrao), algoFalhou);
   return estado;
 }
 

@@ -1,7 +1,5 @@
 #include "batch/opcoes.h"
 
-#include <getopt.h>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -9,7 +7,7 @@
 #include <sstream>
 
 #include "batch/frases.h"
-#include "export/valor.h"
+#include "linha/linha.h"
 #include "pim/texto.h"
 
 namespace batch {
@@ -34,11 +32,6 @@ constexpr std::array<option, 17> longas = {{{"saida", required_argument, nullptr
                                             {"ajuda", no_argument, nullptr, ajuda},
                                             {"versao", no_argument, nullptr, versao},
                                             {nullptr, 0, nullptr, 0}}};
-
-struct RECUSA {
-  const exporta::FRASE* frase = nullptr;
-  std::string valor;
-};
 
 bool leReal(const std::string& texto, double& x) {
   return pim::paraNumero(texto, x) && std::isfinite(x);
@@ -69,12 +62,6 @@ bool lePeso(const std::string& texto, measure::PESO& p) {
   return texto == "numero" || texto == "area" || texto == "volume";
 }
 
-bool leIdioma(const std::string& texto, exporta::IDIOMA& i) {
-  if (texto == "pt") i = exporta::IDIOMA::pt;
-  if (texto == "en") i = exporta::IDIOMA::en;
-  return texto == "pt" || texto == "en";
-}
-
 bool leProcessos(const std::string& texto, int& n) {
   return pim::paraNumero(texto, n) && n >= 1 && n <= 1024;
 }
@@ -103,7 +90,7 @@ const exporta::FRASE* guardaValor(int letra, const std::string& valor, OPCOES_LO
     case 'j':
       return leProcessos(valor, o.processos) ? nullptr : &falas::processosRuins;
     default:
-      return leIdioma(valor, o.idioma) ? nullptr : &falas::idiomaRuim;
+      return linha::leIdioma(valor, o.idioma) ? nullptr : &linha::frases::idiomaRuim;
   }
 }
 
@@ -117,35 +104,11 @@ void guardaSinal(int letra, OPCOES_LOTE& o) {
   o.versao |= letra == versao;
 }
 
-// What getopt has just refused. It tells an unknown letter by `optopt`, a word by its place.
-RECUSA recusada(int letra, const std::string& palavra) {
-  if (letra == ':') return {&falas::faltaValor, palavra};
-  const bool existe = std::any_of(longas.begin(), longas.end(),
-                                  [](const option& o) { return o.val != 0 && o.val == optopt; });
-  if (existe) return {&falas::valorDemais, palavra};
-  if (optopt == 0) return {&falas::opcaoDesconhecida, palavra};
-  return {&falas::opcaoDesconhecida, exporta::emUtf8({'-', static_cast<char>(optopt)})};
-}
-
-// Reads all options; the words that are none are left behind `optind`.
-RECUSA leTodas(std::vector<char*>& argv, OPCOES_LOTE& o) {
-  opterr = 0;
-  optind = 0;  // begins anew, so that a process may read several command lines
-  const int argc = static_cast<int>(argv.size()) - 1;
-  RECUSA primeira;
-  while (true) {
-    const int letra = getopt_long(argc, argv.data(), ":o:e:f:c:g:w:p:ij:r", longas.data(), nullptr);
-    if (letra == -1) return primeira;
-    RECUSA recusa;
-    if (letra == '?' || letra == ':') {
-      recusa = recusada(letra, argv[static_cast<std::size_t>(optind) - 1]);
-    } else if (optarg != nullptr) {
-      recusa = {guardaValor(letra, optarg, o), optarg};
-    } else {
-      guardaSinal(letra, o);
-    }
-    if (primeira.frase == nullptr && recusa.frase != nullptr) primeira = recusa;
-  }
+// Returns why the option was refused, or null.
+const exporta::FRASE* guarda(int letra, const char* valor, OPCOES_LOTE& o) {
+  if (valor != nullptr) return guardaValor(letra, valor, o);
+  guardaSinal(letra, o);
+  return nullptr;
 }
 
 }  // namespace
@@ -153,20 +116,16 @@ RECUSA leTodas(std::vector<char*>& argv, OPCOES_LOTE& o) {
 std::string leOpcoes(const std::vector<std::string>& args, OPCOES_LOTE& o) {
   std::vector<std::string> palavras = {"vorplex-lote"};
   palavras.insert(palavras.end(), args.begin(), args.end());
-  std::vector<char*> argv;
-  argv.reserve(palavras.size() + 1);
-  for (std::string& p : palavras) argv.push_back(p.data());
-  argv.push_back(nullptr);
-
-  const RECUSA recusa = leTodas(argv, o);
+  const linha::RECUSA recusa =
+      linha::leOpcoes(palavras, ":o:e:f:c:g:w:p:ij:r", longas,
+                      [&o](int letra, const char* valor) { return guarda(letra, valor, o); });
   if (o.ajuda || o.versao) return "";
   if (recusa.frase != nullptr) {
     return cv::format(diz(*recusa.frase, o.idioma), recusa.valor.c_str());
   }
-  const auto resto = argv.begin() + optind;
-  if (resto + 1 == argv.end()) return diz(falas::faltaKernel, o.idioma);
-  o.kernel = *resto;
-  o.entradas.assign(resto + 1, argv.end() - 1);
+  if (palavras.empty()) return diz(falas::faltaKernel, o.idioma);
+  o.kernel = palavras.front();
+  o.entradas.assign(palavras.begin() + 1, palavras.end());
   return o.entradas.empty() ? diz(falas::faltaFoto, o.idioma) : "";
 }
 

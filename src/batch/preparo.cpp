@@ -14,6 +14,7 @@
 #include "filter/filtra.h"
 #include "kernels/grupos.h"
 #include "kernels/lekernels.h"
+#include "linha/linha.h"
 #include "pim/arquivo.h"
 #include "pim/erro.h"
 
@@ -66,7 +67,7 @@ int confereKernels(const RECEITA& r) {
   std::vector<MASCARA> kernels;
   leKernels(kernel.filename().string(), kernels, IMAGENS::nenhuma);
   if (kernels::grupos(kernels).empty()) {
-    pim::erro(diz(falas::erro, r.opcoes.idioma), diz(falas::semGrupo, r.opcoes.idioma));
+    pim::erro(diz(linha::frases::erro, r.opcoes.idioma), diz(falas::semGrupo, r.opcoes.idioma));
   }
   const std::uint64_t bytes = bytesDosKernels(kernels);
   std::printf("%llu\n", static_cast<unsigned long long>(bytes));

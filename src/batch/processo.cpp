@@ -23,6 +23,7 @@
 #include "batch/frases.h"
 #include "export/valor.h"
 #include "fim/fim.h"
+#include "linha/linha.h"
 #include "pim/erro.h"
 
 namespace batch {
@@ -172,12 +173,6 @@ void atende(const TAREFAS& t, std::list<ATIVA>& ativas, const std::vector<pollfd
 
 }  // namespace
 
-void garanteSaidas() {
-  int fd = 0;
-  while (fd >= 0 && fd <= STDERR_FILENO) fd = open("/dev/null", O_RDWR);
-  if (fd > STDERR_FILENO) close(fd);
-}
-
 void preparaSinais() {
   std::signal(SIGPIPE, SIG_IGN);
   for (const int sinal : fatais) {
@@ -258,7 +253,7 @@ std::string motivo(const TERMINO& t, const std::string& quem, exporta::IDIOMA id
   std::string achada;
   for (std::string linha; std::getline(linhas, linha);) {
     linha = linha.substr(linha.rfind('\r') + 1);  // what a counter line showed last
-    for (const char* erro : {falas::erro.pt, falas::erro.en}) {
+    for (const char* erro : {linha::frases::erro.pt, linha::frases::erro.en}) {
       if (linha.starts_with(erro)) achada = linha.substr(std::strlen(erro));
     }
     if (linha.starts_with("Erro ")) achada = linha;

@@ -29,10 +29,6 @@ struct TAREFAS {
   std::function<void()> passaTempo;  // at least once a second; may be empty
 };
 
-// Opens those of the three standard streams that are closed, on nothing: other files must not take
-// their numbers.
-void garanteSaidas();
-
 // Makes SIGINT, SIGTERM and SIGHUP wait until `executaTarefas` looks at them, unless they are
 // ignored already (as by nohup). Writing to a closed pipe no longer ends the process.
 void preparaSinais();

@@ -14,8 +14,8 @@ struct COLUNA {
   VALOR (*valor)(const measure::GRAO& g, IDIOMA idioma);
 };
 
-double segundo(const MAXLOCAL& m) {
-  return m.forma == 'c' || m.forma == 'q' ? m.d1 : m.d2;
+double segundo(const refine::FIGURA& f) {
+  return f.forma == 'c' || f.forma == 'q' ? f.d1 : f.d2;
 }
 
 constexpr DIMENSAO nenhuma = DIMENSAO::nenhuma;
@@ -24,16 +24,15 @@ constexpr DIMENSAO compr = DIMENSAO::comprimento;
 constexpr std::array<COLUNA, 16> colunas = {{
     {frases::indice, nenhuma, [](const measure::GRAO& g, IDIOMA) -> VALOR { return g.indice; }},
     {frases::letra, nenhuma,
-     [](const measure::GRAO& g, IDIOMA) -> VALOR { return std::string(1, g.maximo.forma); }},
+     [](const measure::GRAO& g, IDIOMA) -> VALOR { return std::string(1, g.figura.forma); }},
     {frases::forma, nenhuma,
-     [](const measure::GRAO& g, IDIOMA i) -> VALOR { return nomeDaForma(g.maximo.forma, i); }},
-    {frases::linha, compr, [](const measure::GRAO& g, IDIOMA) -> VALOR { return g.maximo.li; }},
-    {frases::coluna, compr, [](const measure::GRAO& g, IDIOMA) -> VALOR { return g.maximo.ci; }},
-    {frases::d1, compr, [](const measure::GRAO& g, IDIOMA) -> VALOR { return g.maximo.d1; }},
-    {frases::d2, compr, [](const measure::GRAO& g, IDIOMA) -> VALOR { return segundo(g.maximo); }},
-    {frases::angulo, nenhuma, [](const measure::GRAO& g, IDIOMA) -> VALOR { return g.maximo.ang; }},
-    {frases::correlacao, nenhuma,
-     [](const measure::GRAO& g, IDIOMA) -> VALOR { return g.maximo.correl; }},
+     [](const measure::GRAO& g, IDIOMA i) -> VALOR { return nomeDaForma(g.figura.forma, i); }},
+    {frases::linha, compr, [](const measure::GRAO& g, IDIOMA) -> VALOR { return g.figura.l; }},
+    {frases::coluna, compr, [](const measure::GRAO& g, IDIOMA) -> VALOR { return g.figura.c; }},
+    {frases::d1, compr, [](const measure::GRAO& g, IDIOMA) -> VALOR { return g.figura.d1; }},
+    {frases::d2, compr, [](const measure::GRAO& g, IDIOMA) -> VALOR { return segundo(g.figura); }},
+    {frases::angulo, nenhuma, [](const measure::GRAO& g, IDIOMA) -> VALOR { return g.figura.ang; }},
+    {frases::correlacao, nenhuma, [](const measure::GRAO& g, IDIOMA) -> VALOR { return g.correl; }},
     {frases::area, DIMENSAO::area, [](const measure::GRAO& g, IDIOMA) -> VALOR { return g.area; }},
     {frases::equivalente, compr,
      [](const measure::GRAO& g, IDIOMA) -> VALOR { return g.equivalente; }},
@@ -46,6 +45,30 @@ constexpr std::array<COLUNA, 16> colunas = {{
      [](const measure::GRAO& g, IDIOMA) -> VALOR { return g.tocaBorda; }},
 }};
 
+// A circle or square has one size, and its error.
+double erroDoSegundo(const measure::GRAO& g) {
+  const bool umTamanho = g.figura.forma == 'c' || g.figura.forma == 'q';
+  return g.medido->erro[umTamanho ? 2 : 3];
+}
+
+// What only fitted grains have.
+constexpr std::array<COLUNA, 7> doMedido = {{
+    {frases::apoio, nenhuma,
+     [](const measure::GRAO& g, IDIOMA) -> VALOR { return g.medido->apoio; }},
+    {frases::contraste, nenhuma,
+     [](const measure::GRAO& g, IDIOMA) -> VALOR { return g.medido->contraste; }},
+    {frases::erroLinha, compr,
+     [](const measure::GRAO& g, IDIOMA) -> VALOR { return g.medido->erro[0]; }},
+    {frases::erroColuna, compr,
+     [](const measure::GRAO& g, IDIOMA) -> VALOR { return g.medido->erro[1]; }},
+    {frases::erroD1, compr,
+     [](const measure::GRAO& g, IDIOMA) -> VALOR { return g.medido->erro[2]; }},
+    {frases::erroD2, compr,
+     [](const measure::GRAO& g, IDIOMA) -> VALOR { return erroDoSegundo(g); }},
+    {frases::erroAngulo, nenhuma,
+     [](const measure::GRAO& g, IDIOMA) -> VALOR { return g.medido->erro[4]; }},
+}};
+
 std::string comUnidade(const COLUNA& c, measure::UNIDADE unidade, IDIOMA idioma) {
   std::string nome = diz(c.nome, idioma);
   if (c.dimensao == nenhuma) return nome;
@@ -55,34 +78,50 @@ std::string comUnidade(const COLUNA& c, measure::UNIDADE unidade, IDIOMA idioma)
   return nome;
 }
 
-VALOR calibrado(const VALOR& v, DIMENSAO dimensao, const measure::ESCALA& e) {
-  const int* inteiro = std::get_if<int>(&v);
-  const double px = inteiro != nullptr ? *inteiro : std::get<double>(v);
-  return dimensao == DIMENSAO::area ? area(px, e) : comprimento(px, e);
+// `valores` by `quais` once more, the lengths and areas of them in the unit of the scale.
+template <std::size_t N>
+void poeCalibrados(const std::array<COLUNA, N>& quais, const measure::ESCALA& e, std::size_t de,
+                   std::vector<VALOR>& valores) {
+  for (std::size_t k = 0; k < N; ++k) {
+    if (quais[k].dimensao == nenhuma) continue;
+    const double px = std::get<double>(valores[de + k]);
+    valores.emplace_back(quais[k].dimensao == DIMENSAO::area ? area(px, e) : comprimento(px, e));
+  }
+}
+
+template <std::size_t N>
+void poeNomes(const std::array<COLUNA, N>& quais, measure::UNIDADE unidade, IDIOMA idioma,
+              std::vector<std::string>& nomes) {
+  for (const COLUNA& c : quais) nomes.push_back(comUnidade(c, measure::UNIDADE::px, idioma));
+  if (unidade == measure::UNIDADE::px) return;
+  for (const COLUNA& c : quais) {
+    if (c.dimensao != nenhuma) nomes.push_back(comUnidade(c, unidade, idioma));
+  }
+}
+
+template <std::size_t N>
+void poeValores(const std::array<COLUNA, N>& quais, const measure::GRAO& g,
+                const measure::ESCALA& e, IDIOMA idioma, std::vector<VALOR>& valores) {
+  const std::size_t de = valores.size();
+  for (const COLUNA& c : quais) valores.push_back(c.valor(g, idioma));
+  if (calibrada(e)) poeCalibrados(quais, e, de, valores);
 }
 
 }  // namespace
 
-std::vector<std::string> nomesDoGrao(measure::UNIDADE unidade, IDIOMA idioma) {
+std::vector<std::string> nomesDoGrao(measure::METODO metodo, measure::UNIDADE unidade,
+                                     IDIOMA idioma) {
   std::vector<std::string> nomes;
-  nomes.reserve(2 * colunas.size());
-  for (const COLUNA& c : colunas) nomes.push_back(comUnidade(c, measure::UNIDADE::px, idioma));
-  if (unidade == measure::UNIDADE::px) return nomes;
-  for (const COLUNA& c : colunas) {
-    if (c.dimensao != nenhuma) nomes.push_back(comUnidade(c, unidade, idioma));
-  }
+  poeNomes(colunas, unidade, idioma, nomes);
+  if (metodo == measure::METODO::apurado) poeNomes(doMedido, unidade, idioma, nomes);
   return nomes;
 }
 
 void valoresDoGrao(const measure::GRAO& g, const measure::ESCALA& e, IDIOMA idioma,
                    std::vector<VALOR>& valores) {
   valores.clear();
-  for (const COLUNA& c : colunas) valores.push_back(c.valor(g, idioma));
-  if (!calibrada(e)) return;
-  for (std::size_t k = 0; k < colunas.size(); ++k) {
-    const DIMENSAO dimensao = colunas[k].dimensao;
-    if (dimensao != nenhuma) valores.push_back(calibrado(valores[k], dimensao, e));
-  }
+  poeValores(colunas, g, e, idioma, valores);
+  if (g.medido) poeValores(doMedido, g, e, idioma, valores);
 }
 
 }  // namespace exporta

@@ -21,7 +21,7 @@ void poePonto(std::string& s, const measure::PONTO& p, const measure::ESCALA& e)
 }
 
 void poeAnel(std::string& s, const measure::GRAO& g, const measure::ESCALA& e) {
-  const std::vector<measure::PONTO> v = measure::contorno(g.maximo, measure::desvioUsual);
+  const std::vector<measure::PONTO> v = measure::contorno(g.figura, measure::desvioUsual);
   s += '[';
   for (const measure::PONTO& p : v) {
     poePonto(s, p, e);
@@ -35,7 +35,7 @@ void poeAnel(std::string& s, const measure::GRAO& g, const measure::ESCALA& e) {
 
 void impGeojson(const measure::FOTOGRAFIA& foto, const std::string& nome, IDIOMA idioma) {
   PARCIAL p = abreParcial(nome);
-  const std::vector<std::string> nomes = nomesDoGrao(foto.escala.unidade, idioma);
+  const std::vector<std::string> nomes = nomesDoGrao(foto.metodo, foto.escala.unidade, idioma);
   std::vector<VALOR> valores;
   std::string& s = p.pendente;
   s += "{\"type\":\"FeatureCollection\",\"features\":[";

@@ -8,13 +8,14 @@
 namespace exporta {
 namespace {
 
-void poeCabecalho(std::string& s, measure::UNIDADE unidade, IDIOMA idioma, bool comFoto) {
+void poeCabecalho(std::string& s, measure::METODO metodo, measure::UNIDADE unidade, IDIOMA idioma,
+                  bool comFoto) {
   const char* separador = "";
   if (comFoto) {
     s += diz(frases::foto, idioma);
     separador = ",";
   }
-  for (const std::string& nome : nomesDoGrao(unidade, idioma)) {
+  for (const std::string& nome : nomesDoGrao(metodo, unidade, idioma)) {
     s += separador;
     s += nome;
     separador = ",";
@@ -42,14 +43,15 @@ void poeLinhas(PARCIAL& p, const measure::FOTOGRAFIA& foto, IDIOMA idioma,
 
 void impGraosCsv(const measure::FOTOGRAFIA& foto, const std::string& nome, IDIOMA idioma) {
   PARCIAL p = abreParcial(nome);
-  poeCabecalho(p.pendente, foto.escala.unidade, idioma, false);
+  poeCabecalho(p.pendente, foto.metodo, foto.escala.unidade, idioma, false);
   poeLinhas(p, foto, idioma, "");
   conclui(std::move(p));
 }
 
-TABELA_GRAOS abreGraosCsv(const std::string& nome, measure::UNIDADE unidade, IDIOMA idioma) {
-  TABELA_GRAOS t{abreParcial(nome), unidade, idioma};
-  poeCabecalho(t.saida.pendente, unidade, idioma, true);
+TABELA_GRAOS abreGraosCsv(const std::string& nome, measure::UNIDADE unidade, IDIOMA idioma,
+                          measure::METODO metodo) {
+  TABELA_GRAOS t{abreParcial(nome), unidade, idioma, metodo};
+  poeCabecalho(t.saida.pendente, metodo, unidade, idioma, true);
   return t;
 }
 
@@ -57,6 +59,7 @@ void acrescenta(TABELA_GRAOS& t, const measure::FOTOGRAFIA& foto) {
   if (foto.escala.unidade != t.unidade) {
     pim::erro("Erro: Fotografias com unidades diferentes: ", foto.nome);
   }
+  if (foto.metodo != t.metodo) pim::erro("Erro: Fotografia medida de outro modo: ", foto.nome);
   std::string prefixo;
   poeCsv(prefixo, foto.nome);
   prefixo += ',';

@@ -21,13 +21,16 @@ struct TABELA_GRAOS {
   PARCIAL saida;
   measure::UNIDADE unidade = measure::UNIDADE::px;
   IDIOMA idioma = IDIOMA::pt;
+  measure::METODO metodo = measure::METODO::classico;
 };
 
-// `unidade` is that of all photographs to come. pim::erro when the file can't be created.
+// `unidade` and `metodo` are those of all photographs to come. pim::erro when the file can't be
+// created.
 TABELA_GRAOS abreGraosCsv(const std::string& nome, measure::UNIDADE unidade,
-                          IDIOMA idioma = IDIOMA::pt);
+                          IDIOMA idioma = IDIOMA::pt,
+                          measure::METODO metodo = measure::METODO::classico);
 
-// pim::erro when the photograph has another unit.
+// pim::erro when the photograph has another unit or was measured otherwise.
 void acrescenta(TABELA_GRAOS& t, const measure::FOTOGRAFIA& foto);
 
 // Closes the table and gives it its name; pim::erro when it could not be written whole.

@@ -42,6 +42,13 @@ inline constexpr FRASE menor = {"diametro_menor", "minor_diameter"};
 inline constexpr FRASE maior = {"diametro_maior", "major_diameter"};
 inline constexpr FRASE alongamento = {"alongamento", "aspect_ratio"};
 inline constexpr FRASE tocaBorda = {"toca_borda", "touches_border"};
+inline constexpr FRASE apoio = {"apoio", "support"};
+inline constexpr FRASE contraste = {"contraste", "contrast"};
+inline constexpr FRASE erroLinha = {"erro_linha", "error_row"};
+inline constexpr FRASE erroColuna = {"erro_coluna", "error_column"};
+inline constexpr FRASE erroD1 = {"erro_d1", "error_d1"};
+inline constexpr FRASE erroD2 = {"erro_d2", "error_d2"};
+inline constexpr FRASE erroAngulo = {"erro_angulo_graus", "error_angle_deg"};
 
 // Shapes, one and many.
 inline constexpr FRASE circulo = {"circulo", "circle"};

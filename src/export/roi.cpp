@@ -56,9 +56,9 @@ struct CAIXA {
   double altura;
 };
 
-CAIXA caixa(const MAXLOCAL& m) {
-  const measure::PONTO meia = measure::meiaCaixa(m);
-  return {m.ci + 0.5 - meia.x, m.li + 0.5 - meia.y, 2 * meia.x, 2 * meia.y};
+CAIXA caixa(const refine::FIGURA& f) {
+  const measure::PONTO meia = measure::meiaCaixa(f);
+  return {f.c + 0.5 - meia.x, f.l + 0.5 - meia.y, 2 * meia.x, 2 * meia.y};
 }
 
 bool inteira(double x) {
@@ -66,8 +66,8 @@ bool inteira(double x) {
 }
 
 // ImageJ measures and fills ovals and rectangles by their bounds in whole pixels.
-bool exataEmPixels(const MAXLOCAL& m, const CAIXA& c) {
-  return measure::aprumada(m) && inteira(c.x) && inteira(c.y) && inteira(c.largura) &&
+bool exataEmPixels(const refine::FIGURA& f, const CAIXA& c) {
+  return measure::aprumada(f) && inteira(c.x) && inteira(c.y) && inteira(c.largura) &&
          inteira(c.altura);
 }
 
@@ -119,16 +119,16 @@ void poeNome(BYTES& b, const std::string& nome) {
 }  // namespace
 
 std::vector<unsigned char> roiDoGrao(const measure::GRAO& g, const std::string& nome) {
-  const MAXLOCAL& m = g.maximo;
-  const CAIXA c = caixa(m);
-  const bool redonda = m.forma == 'c' || m.forma == 'e';
+  const refine::FIGURA& f = g.figura;
+  const CAIXA c = caixa(f);
+  const bool redonda = f.forma == 'c' || f.forma == 'e';
   BYTES b(cabecalho);
-  if (exataEmPixels(m, c)) {
+  if (exataEmPixels(f, c)) {
     poeCabecalho(b, redonda ? TIPO::oval : TIPO::retangulo, c);
     poeCaixa(b, c);
   } else {
     poeCabecalho(b, TIPO::poligono, c);
-    poePoligono(b, measure::contorno(m, measure::desvioUsual), c);
+    poePoligono(b, measure::contorno(f, measure::desvioUsual), c);
   }
   poeNome(b, nome);
   return b;

@@ -10,13 +10,13 @@ namespace measure {
 namespace {
 
 // Half the sizes, as the shape's letter reads them.
-PONTO meios(const MAXLOCAL& m) {
-  const bool umTamanho = m.forma == 'c' || m.forma == 'q';
-  return {m.d1 / 2, (umTamanho ? m.d1 : m.d2) / 2};
+PONTO meios(const refine::FIGURA& f) {
+  const bool umTamanho = f.forma == 'c' || f.forma == 'q';
+  return {f.d1 / 2, (umTamanho ? f.d1 : f.d2) / 2};
 }
 
-PONTO direcaoDe(const MAXLOCAL& m) {
-  return m.forma == 'c' ? PONTO{1, 0} : direcao(m.ang);
+PONTO direcaoDe(const refine::FIGURA& f) {
+  return f.forma == 'c' ? PONTO{1, 0} : direcao(f.ang);
 }
 
 // Points on a circle of radius `raio` whose chords are within `desvio`: raio (1 - cos(pi / n)).
@@ -38,27 +38,27 @@ PONTO direcao(double ang) {
   return p;
 }
 
-PONTO meiaCaixa(const MAXLOCAL& m) {
-  const PONTO t = meios(m);
-  if (m.forma == 'c') return t;
-  const PONTO dir = direcaoDe(m);
+PONTO meiaCaixa(const refine::FIGURA& f) {
+  const PONTO t = meios(f);
+  if (f.forma == 'c') return t;
+  const PONTO dir = direcaoDe(f);
   const double ac = std::abs(t.x * dir.x);
   const double as = std::abs(t.x * dir.y);
   const double bc = std::abs(t.y * dir.x);
   const double bs = std::abs(t.y * dir.y);
-  if (m.forma == 'e') return {std::hypot(ac, bs), std::hypot(as, bc)};
+  if (f.forma == 'e') return {std::hypot(ac, bs), std::hypot(as, bc)};
   return {ac + bs, as + bc};
 }
 
-bool aprumada(const MAXLOCAL& m) {
-  const PONTO dir = direcaoDe(m);
+bool aprumada(const refine::FIGURA& f) {
+  const PONTO dir = direcaoDe(f);
   return dir.x == 0 || dir.y == 0;
 }
 
-std::vector<PONTO> contorno(const MAXLOCAL& m, double desvio) {
-  const PONTO t = meios(m);
+std::vector<PONTO> contorno(const refine::FIGURA& f, double desvio) {
+  const PONTO t = meios(f);
   std::vector<PONTO> v;
-  if (m.forma == 'q' || m.forma == 'r') {
+  if (f.forma == 'q' || f.forma == 'r') {
     v = {{-t.x, -t.y}, {t.x, -t.y}, {t.x, t.y}, {-t.x, t.y}};
   } else {
     v.resize(quantosPontos(std::max(t.x, t.y), desvio));
@@ -67,9 +67,9 @@ std::vector<PONTO> contorno(const MAXLOCAL& m, double desvio) {
       v[i] = {t.x * p.x, t.y * p.y};
     }
   }
-  const PONTO dir = direcaoDe(m);
+  const PONTO dir = direcaoDe(f);
   for (PONTO& p : v) {
-    p = {m.ci + p.x * dir.x - p.y * dir.y, m.li + p.x * dir.y + p.y * dir.x};
+    p = {f.c + p.x * dir.x - p.y * dir.y, f.l + p.x * dir.y + p.y * dir.x};
   }
   return v;
 }

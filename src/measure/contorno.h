@@ -2,11 +2,11 @@
 
 #include <vector>
 
-#include "detect/maxlocal.h"
+#include "refine/figura.h"
 
 namespace measure {
 
-// The exact outline of a detected shape, from its nominal sizes. Places are those of the lists:
+// The exact outline of a shape, from its nominal sizes. Places are those of the lists:
 // x is the column and y the row, pixel centres have whole coordinates, and the picture reaches from
 // -1/2 to cols - 1/2 and rows - 1/2. Circles use d1 alone and no angle, squares d1 alone.
 
@@ -21,10 +21,10 @@ PONTO direcao(double ang);
 // Half the width (x) and half the height (y) of the upright box that just holds the shape. With
 // (c, s) the direction and a, b half the sizes: |a c| + |b s| by |a s| + |b c| for a rectangle, the
 // roots of the sums of the squares for an ellipse.
-PONTO meiaCaixa(const MAXLOCAL& m);
+PONTO meiaCaixa(const refine::FIGURA& f);
 
 // Whether the sides or axes lie along the rows and columns, so that the box says it all.
-bool aprumada(const MAXLOCAL& m);
+bool aprumada(const refine::FIGURA& f);
 
 // The deviation of the outlines that are written for other programs, in pixels.
 inline constexpr double desvioUsual = 0.02;
@@ -34,6 +34,6 @@ inline constexpr double desvioUsual = 0.02;
 // so many that no chord lies further than `desvio` pixels from the curve. The signed area
 // sum (x[i] y[i+1] - x[i+1] y[i]) / 2 is positive: counter-clockwise where y points up, clockwise
 // on the screen, where it points down.
-std::vector<PONTO> contorno(const MAXLOCAL& m, double desvio);
+std::vector<PONTO> contorno(const refine::FIGURA& f, double desvio);
 
 }  // namespace measure

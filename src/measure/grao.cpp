@@ -6,6 +6,7 @@
 
 #include "measure/contorno.h"
 #include "measure/perimetro.h"
+#include "pim/converte.h"
 #include "pim/erro.h"
 
 namespace measure {
@@ -29,40 +30,55 @@ double perimetro(char forma, double d1, double d2) {
   return 2 * (d1 + d2);
 }
 
-bool passaDaBorda(const MAXLOCAL& m, int rows, int cols) {
-  const PONTO meia = meiaCaixa(m);
-  return m.ci - meia.x < -0.5 || m.ci + meia.x > cols - 0.5 || m.li - meia.y < -0.5 ||
-         m.li + meia.y > rows - 0.5;
+bool passaDaBorda(const refine::FIGURA& f, int rows, int cols) {
+  const PONTO meia = measure::meiaCaixa(f);
+  return f.c - meia.x < -0.5 || f.c + meia.x > cols - 0.5 || f.l - meia.y < -0.5 ||
+         f.l + meia.y > rows - 0.5;
+}
+
+bool temExtensao(const refine::FIGURA& f, float correl) {
+  const bool forma = f.forma == 'c' || f.forma == 'q' || temDoisTamanhos(f.forma);
+  const bool finita = std::isfinite(correl) && std::isfinite(f.l) && std::isfinite(f.c) &&
+                      std::isfinite(f.ang) && std::isfinite(f.d2);
+  return forma && finita && tamanhoValido(f.d1) &&
+         (!temDoisTamanhos(f.forma) || tamanhoValido(f.d2));
+}
+
+// The record as it stands, also where its letter doesn't use a number.
+refine::FIGURA semMudar(const MAXLOCAL& m) {
+  return {m.forma, static_cast<double>(m.li), static_cast<double>(m.ci), m.d1, m.d2, m.ang};
+}
+
+GRAO medeFigura(const refine::FIGURA& f, float correl, std::size_t indice, cv::Size foto) {
+  if (!temExtensao(f, correl)) {
+    pim::erro("Erro: Forma sem medida ",
+              cv::format("%zu %c %g %g", indice, f.forma == 0 ? '?' : f.forma, f.d1, f.d2));
+  }
+  const double d2 = temDoisTamanhos(f.forma) ? f.d2 : f.d1;
+  GRAO g;
+  g.indice = indice;
+  g.figura = f;
+  g.correl = correl;
+  g.area = f.d1 * d2 * (redonda(f.forma) ? std::numbers::pi / 4 : 1);
+  // Without the detour over pi where it cancels.
+  g.equivalente =
+      redonda(f.forma) ? std::sqrt(f.d1 * d2) : std::sqrt(g.area * (4 / std::numbers::pi));
+  g.perimetro = perimetro(f.forma, f.d1, d2);
+  g.menor = std::min(f.d1, d2);
+  g.maior = std::max(f.d1, d2);
+  g.alongamento = g.maior / g.menor;
+  g.tocaBorda = passaDaBorda(f, foto.height, foto.width);
+  return g;
 }
 
 }  // namespace
 
 bool mensuravel(const MAXLOCAL& m) {
-  const bool forma = m.forma == 'c' || m.forma == 'q' || temDoisTamanhos(m.forma);
-  const bool finita = std::isfinite(m.correl) && std::isfinite(m.ang) && std::isfinite(m.d2);
-  return forma && finita && tamanhoValido(m.d1) &&
-         (!temDoisTamanhos(m.forma) || tamanhoValido(m.d2));
+  return temExtensao(semMudar(m), m.correl);
 }
 
 GRAO mede(const MAXLOCAL& m, std::size_t indice, int rows, int cols) {
-  if (!mensuravel(m)) {
-    pim::erro("Erro: Forma sem medida ",
-              cv::format("%zu %c %g %g", indice, m.forma == 0 ? '?' : m.forma, m.d1, m.d2));
-  }
-  const double d2 = temDoisTamanhos(m.forma) ? m.d2 : m.d1;
-  GRAO g;
-  g.indice = indice;
-  g.maximo = m;
-  g.area = m.d1 * d2 * (redonda(m.forma) ? std::numbers::pi / 4 : 1);
-  // Without the detour over pi where it cancels.
-  g.equivalente =
-      redonda(m.forma) ? std::sqrt(m.d1 * d2) : std::sqrt(g.area * (4 / std::numbers::pi));
-  g.perimetro = perimetro(m.forma, m.d1, d2);
-  g.menor = std::min(m.d1, d2);
-  g.maior = std::max(m.d1, d2);
-  g.alongamento = g.maior / g.menor;
-  g.tocaBorda = passaDaBorda(m, rows, cols);
-  return g;
+  return medeFigura(semMudar(m), m.correl, indice, cv::Size(cols, rows));
 }
 
 std::vector<GRAO> medeTodos(const std::vector<MAXLOCAL>& v, int rows, int cols) {
@@ -70,6 +86,21 @@ std::vector<GRAO> medeTodos(const std::vector<MAXLOCAL>& v, int rows, int cols) 
   graos.reserve(v.size());
   for (const MAXLOCAL& m : v) graos.push_back(mede(m, graos.size(), rows, cols));
   return graos;
+}
+
+std::vector<GRAO> medeApurados(const std::vector<refine::APURADO>& v, int rows, int cols) {
+  std::vector<GRAO> graos;
+  graos.reserve(v.size());
+  for (const refine::APURADO& a : v) {
+    graos.push_back(medeFigura(a.figura, a.correl, graos.size(), cv::Size(cols, rows)));
+    graos.back().medido = MEDIDO{a.apoio, a.contraste, a.erro};
+  }
+  return graos;
+}
+
+MAXLOCAL registro(const GRAO& g) {
+  const refine::FIGURA& f = g.figura;
+  return {g.correl, f.forma, pim::arredonda(f.l), pim::arredonda(f.c), f.d1, f.d2, f.ang};
 }
 
 }  // namespace measure

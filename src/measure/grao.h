@@ -1,17 +1,33 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 #include "detect/maxlocal.h"
+#include "refine/apura.h"
 
 namespace measure {
 
+// How the grains of a picture are measured: as the search found them, at whole pixels and in the
+// sizes of its kernels, or fitted to the edges of the picture (refine/apura.h).
+enum class METODO { classico, apurado };
+
+// What the fit tells of a grain, beside its shape.
+struct MEDIDO {
+  double apoio = 0;              // probability that it is a grain
+  double contraste = 0;          // mean grey around it less mean grey inside, 0 to 1
+  std::array<double, 5> erro{};  // standard errors of row, column, d1, d2 (pixels), angle (degrees)
+};
+
 // One measured grain. Lengths are in pixels, areas in square pixels, all from the nominal sizes of
-// the detection and not from the pixels that a drawing of it covers.
+// the shape and not from the pixels that a drawing of it covers.
 struct GRAO {
-  std::size_t indice = 0;  // its place in the list, from 0, as traca writes it on the picture
-  MAXLOCAL maximo;         // shape, centre, sizes, angle and correlation
+  std::size_t indice = 0;        // its place in the list, from 0, as traca writes it on the picture
+  refine::FIGURA figura;         // letter, centre, sizes and angle
+  float correl = 0;              // of the detection
+  std::optional<MEDIDO> medido;  // when it was fitted
   double area = 0;         // circle pi d1^2 / 4, square d1^2, rectangle d1 d2, ellipse pi d1 d2 / 4
   double equivalente = 0;  // diameter of the circle of equal area, sqrt(4 area / pi)
   double perimetro = 0;    // exact (measure/perimetro.h for the ellipse)
@@ -36,5 +52,11 @@ GRAO mede(const MAXLOCAL& m, std::size_t indice, int rows, int cols);
 
 // Measures a whole list, in its order.
 std::vector<GRAO> medeTodos(const std::vector<MAXLOCAL>& v, int rows, int cols);
+
+// The same of fitted grains.
+std::vector<GRAO> medeApurados(const std::vector<refine::APURADO>& v, int rows, int cols);
+
+// The grain as a record of a list, its row and column rounded.
+MAXLOCAL registro(const GRAO& g);
 
 }  // namespace measure

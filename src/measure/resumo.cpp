@@ -16,7 +16,7 @@ void acumula(ACUMULADO& a, const FOTOGRAFIA& foto) {
   ++a.fotos;
   a.area += area(static_cast<double>(foto.rows) * foto.cols, foto.escala);
   for (const GRAO& g : foto.graos) {
-    const auto* letra = std::find(letras.begin(), letras.end(), g.maximo.forma);
+    const auto* letra = std::find(letras.begin(), letras.end(), g.figura.forma);
     if (letra != letras.end()) ++a.porForma[static_cast<std::size_t>(letra - letras.begin())];
     if (g.tocaBorda) ++a.naBorda;
     a.medidas.push_back(medida(g, foto.escala, a.grandeza, a.peso));

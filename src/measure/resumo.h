@@ -20,6 +20,7 @@ struct FOTOGRAFIA {
   int cols = 0;
   ESCALA escala;
   std::vector<GRAO> graos;
+  METODO metodo = METODO::classico;  // by which all of them were measured
 };
 
 // The four shapes, in the order of all counts.

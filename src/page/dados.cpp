@@ -73,7 +73,7 @@ std::string ajustesEmJson(const PAGINA& pagina) {
   poeMembro(s, "peso", std::string(chaveDoPeso(pagina.peso)));
   poeLista(s, "peneiras", pagina.peneiras);
   poeMembro(s, "minCorr", pagina.minCorr);
-  std::vector<std::string> colunas = nomesDoGrao(pagina.escala.unidade, pagina.idioma);
+  std::vector<std::string> colunas = nomesDoGrao(pagina.metodo, pagina.escala.unidade, pagina.idioma);
   colunas.insert(colunas.begin(), diz(exporta::frases::foto, pagina.idioma));
   poeLista(s, "colunas", colunas);
   abreMembro(s, "formas", '{');

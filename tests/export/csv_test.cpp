@@ -53,6 +53,43 @@ TEST(GraosCsv, ComEscalaTambemCalibradoENomesEmIngles) {
             "100,11.283791670955127,50,5,20\n");
 }
 
+TEST(GraosCsv, GraosApuradosTemApoioEErrosNoFim) {
+  const PASTA pasta;
+  refine::APURADO a;
+  a.figura = {'r', 8.25, 20.5, 40, 10, 90};
+  a.correl = 0.5F;
+  a.apoio = 0.75;
+  a.contraste = 0.25;
+  a.erro = {0.125, 0.5, 0.0625, 1, 2};
+  impGraosCsv({"f", 100, 100, meioMilimetro, medeApurados({a}, 100, 100), METODO::apurado},
+              "g.csv");
+  const TABELA t = leCsv(leTudo("g.csv"));
+  const TABELA classica = [] {
+    impGraosCsv(umGrao(meioMilimetro), "c.csv");
+    return leCsv(leTudo("c.csv"));
+  }();
+  ASSERT_LT(classica[0].size(), t[0].size());
+  for (std::size_t k = 0; k < classica[0].size(); ++k) EXPECT_EQ(t[0][k], classica[0][k]);
+  const std::pair<const char*, const char*> esperados[] = {
+      {"linha_px", "8.25"},      {"coluna_px", "20.5"},     {"linha_mm", "4.125"},
+      {"apoio", "0.75"},         {"contraste", "0.25"},     {"erro_linha_px", "0.125"},
+      {"erro_coluna_px", "0.5"}, {"erro_d1_px", "0.0625"},  {"erro_d2_px", "1"},
+      {"erro_d2_mm", "0.5"},     {"erro_angulo_graus", "2"}};
+  for (const auto& [nome, valor] : esperados) EXPECT_EQ(celula(t, 1, nome), valor) << nome;
+  EXPECT_EQ(t[0].back(), "erro_d2_mm");
+  impGraosCsv({"vazia", 9, 9, meioMilimetro, {}, METODO::apurado}, "v.csv");
+  EXPECT_EQ(leCsv(leTudo("v.csv")), TABELA{t[0]});
+}
+
+TEST(GraosCsv, OErroDoUnicoTamanhoApareceDuasVezes) {
+  const PASTA pasta;
+  refine::APURADO a;
+  a.figura = {'q', 8.25, 20.5, 40, 40, 10};
+  a.erro = {0.1, 0.1, 0.25, 0, 1};
+  impGraosCsv({"f", 100, 100, {}, medeApurados({a}, 100, 100), METODO::apurado}, "g.csv");
+  EXPECT_EQ(celula(leCsv(leTudo("g.csv")), 1, "erro_d2_px"), "0.25");
+}
+
 TEST(GraosCsv, SemGraosSoOCabecalho) {
   const PASTA pasta;
   impGraosCsv({"vazia", 9, 9, {}, {}}, "g.csv");
@@ -84,7 +121,7 @@ TEST(GraosCsv, TabelaDeVariasFotosTemONomeNaPrimeiraColuna) {
   const TABELA lida = leCsv(leTudo("todos.csv"));
   ASSERT_EQ(lida.size(), 3U);
   EXPECT_EQ(lida[0][0], "foto");
-  EXPECT_EQ(lida[0].size(), 1 + nomesDoGrao(UNIDADE::mm, IDIOMA::pt).size());
+  EXPECT_EQ(lida[0].size(), 1 + nomesDoGrao(METODO::classico, UNIDADE::mm, IDIOMA::pt).size());
   EXPECT_EQ(lida[1].size(), lida[0].size());
   EXPECT_EQ(lida[1][0], "a,\"b\"\nc.jpg");
   EXPECT_EQ(lida[2][0], "S\uFFFDo.jpg");

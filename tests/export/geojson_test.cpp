@@ -83,7 +83,7 @@ TEST(Geojson, AsPropriedadesSaoAsColunasDoGrao) {
   for (const IDIOMA idioma : {IDIOMA::pt, IDIOMA::en}) {
     const JSON j = exporta(fotoDeExemplo({0.5, UNIDADE::mm}), idioma);
     const JSON& propriedades = j["features"][2]["properties"];
-    const std::vector<std::string> nomes = nomesDoGrao(UNIDADE::mm, idioma);
+    const std::vector<std::string> nomes = nomesDoGrao(METODO::classico, UNIDADE::mm, idioma);
     EXPECT_EQ(propriedades.objeto.size(), nomes.size());
     for (const std::string& nome : nomes) EXPECT_EQ(propriedades.objeto.count(nome), 1U) << nome;
   }
@@ -103,7 +103,7 @@ TEST(Geojson, SemGraosEhUmaColecaoVazia) {
 TEST(Geojson, PontosFicamAUmDecimoDeMilesimoDoContorno) {
   const FOTOGRAFIA foto = {"f", 9, 9, {}, medeTodos({{0.5F, 'e', 4000, 70000, 31, 17, 25}}, 9, 9)};
   const JSON j = exporta(foto);
-  const std::vector<PONTO> v = contorno(foto.graos[0].maximo, 0.02);
+  const std::vector<PONTO> v = contorno(foto.graos[0].figura, 0.02);
   ASSERT_EQ(anel(j["features"][0]).lista.size(), v.size() + 1);
   for (std::size_t i = 0; i < v.size(); ++i) {
     EXPECT_NEAR(anel(j["features"][0])[i][0].numero, v[i].x, 1e-4);

@@ -65,6 +65,40 @@ TEST(Parcial, DiscoCheioEhErroEOAnteriorFica) {
   EXPECT_EQ(leTudo("a.csv"), "antes");
 }
 
+TEST(Parcial, DispositivosSaoEscritosDiretoELinksContinuamLinks) {
+  const PASTA pasta;
+  std::filesystem::create_symlink("/dev/null", "nada.csv");
+  conclui(abreParcial("nada.csv"));
+  EXPECT_TRUE(std::filesystem::is_character_file("nada.csv"));
+  std::filesystem::create_directory("longe");
+  std::filesystem::create_symlink("longe/b.csv", "a.csv");
+  std::filesystem::create_symlink("c.csv", "longe/b.csv");
+  PARCIAL p = abreParcial("a.csv");
+  p.pendente = "texto";
+  conclui(std::move(p));
+  EXPECT_TRUE(std::filesystem::is_symlink("a.csv") && std::filesystem::is_symlink("longe/b.csv"));
+  EXPECT_EQ(leTudo("longe/c.csv"), "texto");
+}
+
+TEST(GravaAparte, OQueHaviaFicaAteOFim) {
+  const PASTA pasta;
+  grava("a.png", "antes");
+  std::string nome;
+  gravaAparte("a.png", [&](const std::string& aparte) {
+    nome = aparte;
+    grava(aparte, "depois");
+    EXPECT_EQ(leTudo("a.png"), "antes");
+  });
+  EXPECT_EQ(leTudo("a.png"), "depois");
+  EXPECT_TRUE(nome.ends_with(".png"));
+  EXPECT_FALSE(existe(nome));
+  std::filesystem::create_directory("d.png");
+  EXPECT_EQ(
+      erroDe([&] { gravaAparte("d.png", [&](const std::string& n) { grava(nome = n, "x"); }); }),
+      "Erro gravacao arquivo d.png");
+  EXPECT_FALSE(existe(nome));
+}
+
 TEST(Parcial, PastaQueNaoExisteOuEstaNoLugarEhErro) {
   const PASTA pasta;
   EXPECT_EQ(erroDe([&] { abreParcial("sem/a.csv"); }), "Erro abertura arquivo sem/a.csv.parcial");

@@ -110,7 +110,7 @@ TEST(Roi, ElipseERetanguloAprumadosDePixelsInteirosSaoExatos) {
 TEST(Roi, TamanhosQuebradosSaoPoligonos) {
   for (const GRAO& g : {grao('c', 20.5, 0, 0), grao('c', 20, 0, 0), grao('e', 21, 10.5, 0),
                         grao('q', 20, 0, 0), grao('r', 21, 10, 90)}) {
-    EXPECT_EQ(decodifica(roiDoGrao(g, "a")).tipo, poligono) << g.maximo.d1;
+    EXPECT_EQ(decodifica(roiDoGrao(g, "a")).tipo, poligono) << g.figura.d1;
   }
 }
 
@@ -119,7 +119,7 @@ TEST(Roi, PoligonosTemOsVerticesDoContorno) {
        {grao('q', 20, 0, 30), grao('r', 20, 7, 45), grao('e', 24, 9, 120), grao('c', 20.5, 0, 0)}) {
     const ROI r = decodifica(roiDoGrao(g, "0007"));
     EXPECT_EQ(r.tipo, poligono);
-    const std::vector<PONTO> v = contorno(g.maximo, 0.02);
+    const std::vector<PONTO> v = contorno(g.figura, 0.02);
     ASSERT_EQ(r.reais.size(), v.size());
     for (std::size_t i = 0; i < v.size(); ++i) {
       EXPECT_NEAR(r.reais[i].x, v[i].x + 0.5, 1e-5);
@@ -138,7 +138,7 @@ TEST(Roi, LugaresNegativosEAlemDe32767) {
   const ROI r = decodifica(roiDoGrao(grao('q', 20, 0, 30, 40000, -3), "a"));
   EXPECT_EQ(r.caixa[0], 39986);
   EXPECT_EQ(r.caixa[1], -17);
-  EXPECT_NEAR(r.reais[0].y, contorno(grao('q', 20, 0, 30, 40000, -3).maximo, 0.02)[0].y + 0.5,
+  EXPECT_NEAR(r.reais[0].y, contorno(grao('q', 20, 0, 30, 40000, -3).figura, 0.02)[0].y + 0.5,
               0.01);
   EXPECT_EQ(decodifica(roiDoGrao(grao('c', 21, 0, 0, 70000, -9000), "a")).caixa[0], 60535);
   EXPECT_EQ(decodifica(roiDoGrao(grao('c', 21, 0, 0, 70000, -9000), "a")).exata[1], 69990);

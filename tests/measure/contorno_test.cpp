@@ -14,8 +14,8 @@ namespace {
 
 using std::numbers::pi;
 
-MAXLOCAL figura(char letra, double d1, double d2, double ang, int li = 0, int ci = 0) {
-  return {0.5F, letra, li, ci, d1, d2, ang};
+refine::FIGURA figura(char letra, double d1, double d2, double ang, double l = 0, double c = 0) {
+  return {letra, l, c, d1, d2, ang};
 }
 
 double areaComSinal(const std::vector<PONTO>& v) {
@@ -69,9 +69,9 @@ TEST(Contorno, RetanguloTemOsQuatroCantosNoSentidoPositivo) {
 
 TEST(Contorno, OSegundoTamanhoDoQuadradoNaoConta) {
   EXPECT_DOUBLE_EQ(areaComSinal(contorno(figura('q', 10, 3, 30), 0.02)), 100);
-  EXPECT_EQ(meiaCaixa(figura('q', 10, 3, 0)).y, 5);
-  EXPECT_EQ(meiaCaixa(figura('c', 10, 3, 45)).x, 5);
-  EXPECT_EQ(meiaCaixa(figura('c', 10, 3, 45)).y, 5);
+  EXPECT_EQ(measure::meiaCaixa(figura('q', 10, 3, 0)).y, 5);
+  EXPECT_EQ(measure::meiaCaixa(figura('c', 10, 3, 45)).x, 5);
+  EXPECT_EQ(measure::meiaCaixa(figura('c', 10, 3, 45)).y, 5);
 }
 
 // A turn of 30 degrees clockwise on the screen brings the right end of the first axis down.
@@ -106,9 +106,10 @@ TEST(Contorno, CurvaPassaPertoDaCordaESobreOsEixos) {
 TEST(Contorno, ACaixaCabeOContornoSemFolga) {
   std::mt19937 sorteio(20312);
   for (int caso = 0; caso < 400; ++caso) {
-    const MAXLOCAL m = figura("cqre"[caso % 4], sorteia(sorteio, 1, 400) * 0.25,
-                              sorteia(sorteio, 1, 400) * 0.25, sorteia(sorteio, -360, 360), 7, 9);
-    const PONTO meia = meiaCaixa(m);
+    const refine::FIGURA m =
+        figura("cqre"[caso % 4], sorteia(sorteio, 1, 400) * 0.25, sorteia(sorteio, 1, 400) * 0.25,
+               sorteia(sorteio, -360, 360), 7, 9);
+    const PONTO meia = measure::meiaCaixa(m);
     double maiorX = 0;
     double maiorY = 0;
     for (const PONTO& p : contorno(m, 1e-6)) {
@@ -124,10 +125,10 @@ TEST(Contorno, ACaixaCabeOContornoSemFolga) {
 TEST(Contorno, CobreOsPixelsDaMascara) {
   std::mt19937 sorteio(20313);
   for (int caso = 0; caso < 200; ++caso) {
-    const MAXLOCAL m = figura("cqre"[caso % 4], sorteia(sorteio, 20, 160) * 0.5,
-                              sorteia(sorteio, 20, 160) * 0.5, sorteia(sorteio, 0, 35) * 10);
+    const refine::FIGURA m = figura("cqre"[caso % 4], sorteia(sorteio, 20, 160) * 0.5,
+                                    sorteia(sorteio, 20, 160) * 0.5, sorteia(sorteio, 0, 35) * 10);
     cv::Mat_<unsigned char> mascara;
-    mascaraMaxLocal(m, mascara);
+    mascaraMaxLocal({0.5F, m.forma, 0, 0, m.d1, m.d2, m.ang}, mascara);
     const std::vector<PONTO> v = contorno(m, 0.02);
     for (int y = 0; y < mascara.rows; ++y) {
       for (int x = 0; x < mascara.cols; ++x) {

@@ -67,10 +67,10 @@ TEST(Mede, ElipseTemPerimetroExato) {
 TEST(Mede, GuardaOIndiceEORegistro) {
   const GRAO g = mede(forma('e', 20, 10, 35, 7, 9), 42, 100, 100);
   EXPECT_EQ(g.indice, 42U);
-  EXPECT_EQ(g.maximo.forma, 'e');
-  EXPECT_EQ(g.maximo.li, 7);
-  EXPECT_EQ(g.maximo.ci, 9);
-  EXPECT_EQ(g.maximo.ang, 35);
+  EXPECT_EQ(g.figura.forma, 'e');
+  EXPECT_EQ(g.figura.l, 7);
+  EXPECT_EQ(g.figura.c, 9);
+  EXPECT_EQ(g.figura.ang, 35);
 }
 
 TEST(MedeTodos, OIndiceEhOLugarNaLista) {
@@ -79,6 +79,36 @@ TEST(MedeTodos, OIndiceEhOLugarNaLista) {
   for (std::size_t i = 0; i < 3; ++i) EXPECT_EQ(graos[i].indice, i);
   EXPECT_EQ(graos[1].maior, 4);
   EXPECT_TRUE(medeTodos({}, 9, 9).empty());
+}
+
+TEST(MedeApurados, FracoesDePixelMudamABordaEArredondamNoRegistro) {
+  refine::APURADO a;
+  a.figura = {'c', 10.4, 9.6, 21, 21, 0};
+  a.correl = 0.25F;
+  a.apoio = 0.5;
+  const std::vector<GRAO> graos = medeApurados({a, a}, 40, 40);
+  ASSERT_EQ(graos.size(), 2U);
+  EXPECT_EQ(graos[1].indice, 1U);
+  EXPECT_TRUE(graos[0].tocaBorda);  // 9.6 - 10.5 < -0.5
+  EXPECT_EQ(graos[0].medido->apoio, 0.5);
+  const MAXLOCAL m = registro(graos[0]);
+  EXPECT_EQ(m.li, 10);
+  EXPECT_EQ(m.ci, 10);
+  EXPECT_EQ(m.correl, 0.25F);
+  EXPECT_EQ(m.d1, 21);
+  EXPECT_FALSE(mede(m, 0, 40, 40).tocaBorda);
+}
+
+TEST(Registro, DeUmaDeteccaoEhElaMesma) {
+  const MAXLOCAL m = forma('e', 20.25, 10.5, 35, -7, 9);
+  const MAXLOCAL r = registro(mede(m, 0, 9, 9));
+  EXPECT_EQ(r.forma, m.forma);
+  EXPECT_EQ(r.li, m.li);
+  EXPECT_EQ(r.ci, m.ci);
+  EXPECT_EQ(r.d1, m.d1);
+  EXPECT_EQ(r.d2, m.d2);
+  EXPECT_EQ(r.ang, m.ang);
+  EXPECT_EQ(r.correl, m.correl);
 }
 
 TEST(Mede, FormaSemMedidaEhErroQueDizQualE) {

@@ -55,7 +55,7 @@ void desenhaFoto(const std::vector<MAXLOCAL>& v, int rows, int cols, const std::
   cv::Mat_<pim::VEC3B> img(rows, cols, pim::VEC3B(150, 178, 196));
   for (const MAXLOCAL& m : v) {
     std::vector<cv::Point> pontos;
-    for (const PONTO& p : contorno(m, 0.25)) {
+    for (const PONTO& p : contorno(refine::figura(m), 0.25)) {
       pontos.emplace_back(pim::arredonda(p.x), pim::arredonda(p.y));
     }
     const int tom = sorteio.uniform(0, 60);
@@ -85,7 +85,7 @@ std::string esperado(const PAGINA& pagina, double minCorr) {
     for (const GRAO& g : foto.graos) {
       // The decimals of the lists decide, not the float that stands for them.
       std::string decimais;
-      poeNumero(decimais, g.maximo.correl);
+      poeNumero(decimais, g.correl);
       if (std::stod(decimais) < minCorr) continue;
       medidas.push_back(medida(g, pagina.escala, pagina.grandeza, pagina.peso));
     }

@@ -1,0 +1,120 @@
+#include "apura/comando.h"
+
+#include <cstdio>
+#include <opencv2/imgproc.hpp>
+
+#include "apura/frases.h"
+#include "apura/opcoes.h"
+#include "apura/saida.h"
+#include "detect/maxlocal.h"
+#include "export/valor.h"
+#include "linha/linha.h"
+#include "pim/erro.h"
+#include "pim/imagem.h"
+#include "pim/texto.h"
+
+namespace apura {
+namespace {
+
+enum ESTADO_FINAL { tudoBem = 0, falhou = 1, usoErrado = 2 };
+
+// One line, whatever the names in it hold.
+std::string emUmaLinha(const std::string& texto) {
+  return pim::semControles(exporta::emUtf8(texto));
+}
+
+int recusa(const OPCOES& o, const std::string& porque, ESTADO_FINAL estado) {
+  std::fflush(stdout);
+  std::fprintf(stderr, "%s%s\n", diz(linha::frases::erro, o.idioma), emUmaLinha(porque).c_str());
+  if (estado == usoErrado) std::fprintf(stderr, "%s\n", diz(falas::vejaAjuda, o.idioma));
+  return estado;
+}
+
+template <class... PARTES>
+std::string frase(const OPCOES& o, const exporta::FRASE& f, const PARTES&... partes) {
+  return cv::format(diz(f, o.idioma), partes.c_str()...);
+}
+
+struct FOTO {
+  cv::Mat_<unsigned char> cinza;  // with dark grains
+  cv::Mat_<pim::VEC3B> cores;     // as it is; only when it is needed
+};
+
+FOTO leFoto(const OPCOES& o, TIPO tipo) {
+  FOTO f;
+  if (tipo == TIPO::imagem) {
+    pim::le(f.cores, o.foto);  // once only: it may come through a pipe
+    cv::cvtColor(f.cores, f.cinza, cv::COLOR_BGR2GRAY);
+  } else {
+    pim::le(f.cinza, o.foto);
+  }
+  if (o.inverte) f.cinza = 255 - f.cinza;
+  return f;
+}
+
+void dizResultado(const OPCOES& o, std::size_t graos, std::size_t lidas, std::size_t recusadas) {
+  const std::string todas = std::to_string(lidas);
+  if (!o.quieto) {
+    const std::string s = frase(o, falas::resultado, std::to_string(graos), todas, o.saida);
+    std::printf("%s\n", emUmaLinha(s).c_str());
+  }
+  if (recusadas == 0) return;
+  std::fflush(stdout);
+  std::fprintf(stderr, "%s\n",
+               frase(o, falas::recusados, std::to_string(recusadas), todas).c_str());
+}
+
+int executa(const OPCOES& o) {
+  const TIPO tipo = tipoDaSaida(o.saida);
+  if (tipo == TIPO::desconhecido) {
+    return recusa(o, frase(o, falas::sufixoDesconhecido, o.saida), usoErrado);
+  }
+  if (apagaEntrada(o)) return recusa(o, frase(o, falas::saidaEhEntrada, o.saida), usoErrado);
+  const std::string semSaida = motivoDaSaida(o);
+  if (!semSaida.empty()) return recusa(o, semSaida, falhou);
+
+  std::vector<MAXLOCAL> lista;
+  leMaxLocais(lista, o.lista);
+  const FOTO foto = leFoto(o, tipo);
+  const refine::APURACAO r = refine::apura(foto.cinza, lista, o.modo);
+  if (!lista.empty() && r.recusados == lista.size()) {
+    return recusa(o, frase(o, falas::nenhumaServe, o.lista, o.foto), falhou);
+  }
+  const int rows = foto.cinza.rows;
+  const int cols = foto.cinza.cols;
+  impSaida(o, tipo,
+           {o.foto,
+            rows,
+            cols,
+            {},
+            measure::medeApurados(r.graos, rows, cols),
+            measure::METODO::apurado},
+           foto.cores);
+  dizResultado(o, r.graos.size(), lista.size(), r.recusados);
+  return tudoBem;
+}
+
+}  // namespace
+
+int comando(const std::vector<std::string>& args, const std::string& versao) {
+  linha::garanteSaidas();
+  OPCOES o;
+  const std::string erro = leOpcoes(args, o);
+  int estado = tudoBem;
+  if (!erro.empty()) {
+    estado = recusa(o, erro, usoErrado);
+  } else if (o.ajuda) {
+    std::fputs(diz(falas::ajuda, o.idioma), stdout);
+  } else if (o.versao) {
+    std::printf("vorplex-apura %s\n", versao.c_str());
+  } else {
+    estado = executa(o);
+  }
+  const bool disse = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+  if (!disse && estado == tudoBem) {
+    return recusa(o, diz(linha::frases::saidaPadrao, o.idioma), falhou);
+  }
+  return estado;
+}
+
+}  // namespace apura
