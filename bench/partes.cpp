@@ -59,7 +59,7 @@ void correlaRapida(benchmark::State& estado, const PIRAMIDE& piramide, const BAN
   }
 }
 
-// The same in the instructions named.
+// What correlaRapida does, in the instructions named.
 void correlaCom(benchmark::State& estado, const PIRAMIDE& piramide, const BANCO& banco,
                 const motor::AVALIADOR& avaliador) {
   const std::vector<MASCARA> kernels = leBanco(banco);

@@ -28,7 +28,8 @@ struct SORTEIO {
     return soma;
   }
 
-  // The same within 3.5, from a single draw of four 16-bit numbers: for millions of pixels.
+  // As `normal` does but within 3.5, from a single draw of four 16-bit numbers: for millions of
+  // pixels.
   double normalRapida() {
     const std::uint64_t b = bits();
     const std::uint64_t soma =

@@ -85,7 +85,7 @@ std::vector<MAXLOCAL> porColuna(const std::vector<MAXLOCAL>& mantidos) {
   return ordenados;
 }
 
-// Those that have none before them, of those kept, of the same letter within maxDist.
+// The records of which none kept before them, of the same letter, lies within maxDist.
 std::vector<MAXLOCAL> semProximos(const std::vector<MAXLOCAL>& entrada, int maxDist,
                                   const pim::PAUSA& pausa) {
   if (maxDist < 0) return entrada;

@@ -32,7 +32,7 @@ double area(double px2, const ESCALA& e);
 // refused, in Portuguese, and leaves `e` as it was; an empty text when all is well.
 std::string paraEscala(const std::string& texto, ESCALA& e);
 
-// The same; pim::erro "Erro: Escala invalida TEXT: REASON" when it is refused.
+// The scale that `texto` gives; pim::erro "Erro: Escala invalida TEXT: REASON" when it is refused.
 ESCALA leEscala(const std::string& texto);
 
 }  // namespace measure

@@ -4,6 +4,9 @@
 
 namespace motor {
 
+// Levels made with the former are whole numbers of the latter.
+static_assert(1 / unidadeDeBytes == valorDoByte);
+
 std::shared_ptr<const NIVEL> preparaNivel(const cv::Mat_<float>& imagem) {
   return std::make_shared<const NIVEL>(representa(imagem));
 }

@@ -11,9 +11,14 @@
 namespace motor {
 namespace {
 
+// The rows of a block, and the columns of a strip and its blocks. What a kernel reads of the planes
+// for a block and the block's results (8 bytes a pixel, 128 kB) are to stay in the caches, which
+// larger blocks leave; with narrower strips the margins beside them are made more often, and fewer
+// rows leave each term less to do at a time.
 constexpr int linhasDeTrabalho = 64;
 constexpr int colunasDeTrabalho = 256;
 
+// Terms as offsets from the pixel's place in the first plane, those to add and those to take off.
 template <class T>
 SOMA separa(const std::vector<TERMO>& termos, const FAIXA<T>& faixa) {
   SOMA soma;
@@ -28,6 +33,7 @@ SOMA separa(const std::vector<TERMO>& termos, const FAIXA<T>& faixa) {
   return soma;
 }
 
+// Pieces of rows as offsets in the first plane.
 template <class T>
 std::vector<EXTREMOS> extremos(const std::vector<PEDACO>& pedacos, const FAIXA<T>& faixa) {
   std::vector<EXTREMOS> lista;
@@ -38,15 +44,16 @@ std::vector<EXTREMOS> extremos(const std::vector<PEDACO>& pedacos, const FAIXA<T
   return lista;
 }
 
-// Planes of 16 bits are for the parts of a kernel.
+// The kernels with their terms as offsets in the strip. Planes of 16 bits are for the parts of a
+// kernel, others for the whole.
 template <class T>
 std::vector<KERNELPRONTO> prontos(const std::vector<const ESQUEMA*>& kernels, double unidade,
                                   const FAIXA<T>& faixa) {
   std::vector<KERNELPRONTO> lista;
   for (const ESQUEMA* e : kernels) {
-    const double anel = e->nAnel;
-    const double nucleo = e->nNucleo;
-    KERNELPRONTO k{{}, anel, nucleo, 1 / (anel * nucleo * unidade), e->indice, {}, {}};
+    const double nAnel = e->nAnel;
+    const double nNucleo = e->nNucleo;
+    KERNELPRONTO k{{}, nAnel, nNucleo, 1 / (nAnel * nNucleo * unidade), e->indice, {}, {}};
     const bool curto = std::is_same_v<T, std::int16_t>;
     for (const PARTE& p : curto ? std::span(e->partes) : std::span(&e->inteira, 1)) {
       k.partes.push_back({separa(p.tudo, faixa), separa(p.nucleo, faixa)});

@@ -16,7 +16,7 @@ struct SOMA {
   std::vector<std::int32_t> mais, menos;
 };
 
-// Those over whole and core, of a kernel or of a part of it.
+// The sums over whole and core, of a kernel or of a part of it.
 struct SOMAS {
   SOMA tudo;
   SOMA nucleo;
@@ -31,19 +31,19 @@ struct EXTREMOS {
 
 // A kernel ready for evaluation. Its correlation is
 //
-//   (ring * nucleo - core * anel) * escala,  ring = whole - core,
+//   (ring * nNucleo - core * nAnel) * escala,  ring = whole - core,
 //
-// with `anel` and `nucleo` the pixels of ring and core and escala = 1 / (anel nucleo unit), `unit`
-// being the plane's value of an image value 1. A constant image gives exactly 0 as long as float
-// holds its sums (2^24).
+// ring and core being the sums over them, nAnel and nNucleo their pixels, and
+// escala = 1 / (nAnel nNucleo unit), with `unit` the planes' value of an image value 1. A constant
+// image gives exactly 0 as long as float holds its sums (2^24).
 struct KERNELPRONTO {
-  std::vector<SOMAS> partes;  // for planes of 16 bits those of parts of the kernel; otherwise one
-  double anel;
-  double nucleo;
+  std::vector<SOMAS> partes;  // of its parts for planes of 16 bits (divisao.h); one otherwise
+  double nAnel;
+  double nNucleo;
   double escala;
   int indice;  // in the kernel set
-  std::vector<EXTREMOS> pedacosDoTudo,
-      pedacosDoNucleo;  // for evaluation downward, whole and core in pieces
+  // For evaluation downward, whole and core in pieces of rows.
+  std::vector<EXTREMOS> pedacosDoTudo, pedacosDoNucleo;
 };
 
 // Elements that may be read beyond the last pixel of a row: four of the longest vectors.
@@ -65,8 +65,8 @@ struct BLOCO {
 
 // Sets, for every pixel of the block, the highest correlation and the index of its kernel; -1 and
 // -1 where no kernel exceeds -1. The kernels are tried in order and the first wins a tie. Planes of
-// integers wrap around; the sums over ring and core of each part must fit their type. Those of 16
-// bits are added up in 32 and give the same results as planes of 32 bits.
+// integers wrap around; the sums over ring and core of each part must fit their type. Parts are
+// added up in 32 bits, so that planes of 16 bits give the same results as planes of 32.
 template <class T>
 using AVALIA = void(const BLOCO<T>& bloco, const std::vector<KERNELPRONTO>& kernels);
 
@@ -84,16 +84,14 @@ struct DESCIDA {
   std::vector<KERNEL> kernels;  // none at the top of a strip
 };
 
-// The same, equal to the last bit, on planes of 16 bits for kernels whose sums don't fit them. The
-// sum over each part of whole or core is then known up to multiples of 2^16 only; but what it
-// changes by from one row to the next must fit, so that those changes, taken as signed numbers, are
-// exact and lead from the sums of one row to those of the next. The sums of the top row of a strip
-// are those over the kernels' pieces, which must fit 16 bits each. The blocks of a strip follow
-// each other downward.
+// What AVALIA does, equal to the last bit, on planes of 16 bits for kernels divided by columns
+// (divisao.h): what the sum over a part of whole or core changes by from one row to the next must
+// fit, and the sum over each of the kernels' pieces, from which the top row of a strip is made. The
+// blocks of a strip follow each other downward.
 using DESCE = void(const BLOCO<std::int16_t>& bloco, const std::vector<KERNELPRONTO>& kernels,
                    DESCIDA& descida);
 
-// Those operations for all kinds of planes, in the instructions named.
+// Evaluation on all kinds of planes, in the instructions named.
 struct AVALIADOR {
   const char* nome;
   AVALIA<std::int16_t>* curtos;
@@ -102,16 +100,16 @@ struct AVALIADOR {
   AVALIA<double>* reais;
 };
 
-// Those that this processor can run, the fastest first.
+// The instructions that this processor can run, the fastest first.
 std::vector<AVALIADOR> avaliadores();
 
-// The same in plain C++, in loops that compilers turn into the vectors that every processor of
+// Evaluation in plain C++, in loops that compilers turn into the vectors that every processor of
 // their kind has.
 AVALIA<std::int16_t> avaliaLinhas;
 AVALIA<std::int32_t> avaliaLinhas;
 AVALIA<double> avaliaLinhas;
 
-// The same one pixel at a time: what all of them must equal to the last bit.
+// Evaluation one pixel at a time: what all others must equal to the last bit.
 AVALIA<std::int16_t> avaliaSimples;
 AVALIA<std::int32_t> avaliaSimples;
 AVALIA<double> avaliaSimples;

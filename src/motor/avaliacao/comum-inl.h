@@ -30,17 +30,17 @@ struct QUATRO {
 // planes, double for double ones.
 template <class DR>
 struct FATORES {
-  hn::Vec<DR> anel, nucleo, escala;
+  hn::Vec<DR> nAnel, nNucleo, escala;
 
   FATORES(DR d, const KERNELPRONTO& k)
-      : anel(hn::Set(d, static_cast<hn::TFromD<DR>>(k.anel))),
-        nucleo(hn::Set(d, static_cast<hn::TFromD<DR>>(k.nucleo))),
+      : nAnel(hn::Set(d, static_cast<hn::TFromD<DR>>(k.nAnel))),
+        nNucleo(hn::Set(d, static_cast<hn::TFromD<DR>>(k.nNucleo))),
         escala(hn::Set(d, static_cast<hn::TFromD<DR>>(k.escala))) {}
 };
 
 template <class V, class DR>
 HWY_INLINE hn::Vec<DR> combina(V anel, V centro, const FATORES<DR>& f) {
-  return hn::Mul(hn::Sub(hn::Mul(anel, f.nucleo), hn::Mul(centro, f.anel)), f.escala);
+  return hn::Mul(hn::Sub(hn::Mul(anel, f.nNucleo), hn::Mul(centro, f.nAnel)), f.escala);
 }
 
 // Float correlations from sums in integer or double lanes; `df` has as many lanes as the planes.

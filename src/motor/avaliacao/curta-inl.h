@@ -1,4 +1,4 @@
-// Evaluation on planes of 16 bits: a vector holds twice as many pixels.
+// Evaluation on planes of 16 bits of kernels divided by rows (divisao.h).
 //
 // Included once for every instruction set, hence the guard that is set and unset in turn.
 #if defined(AVALIACAO_CURTA_INL_H) == defined(HWY_TARGET_TOGGLE)

@@ -1,10 +1,5 @@
-// Evaluation of large kernels on planes of 16 bits, row after row downward.
-//
-// A plane of 16 bits tells the sum over a large region up to multiples of 2^16 only. With two
-// digits in place of 16 bits: where the sums down a column of pixels are 480, 497 and 463, it tells
-// 80, 97 and 63. As long as a sum changes by less than 50 from row to row, the changes are those of
-// the two digits, 17 and -34, so that from 480 the others follow. Each part of a kernel is narrow
-// enough for that; the first row is summed piece by piece.
+// Evaluation on planes of 16 bits of kernels divided by columns (divisao.h), row after row
+// downward.
 //
 // Included once for every instruction set, hence the guard that is set and unset in turn.
 #if defined(AVALIACAO_DESCIDA_INL_H) == defined(HWY_TARGET_TOGGLE)

@@ -6,12 +6,13 @@
 #include "motor/avaliacao/avaliacao.h"
 
 namespace motor {
-
 namespace {
 
-constexpr int comprimento = 256;  // pixels of a row dealt with at a time
+// Pixels of a row dealt with at a time: their sums and results, 24 bytes a pixel or 40 of doubles,
+// stay in the nearest cache.
+constexpr int comprimento = 256;
 
-// Integers wrap around as the planes do; those of parts are added up in 32 bits.
+// Sums wrap around as the planes do; parts are added up in 32 bits.
 template <class T>
 struct TIPOS {
   using ELEMENTO = std::make_unsigned_t<T>;
@@ -74,12 +75,12 @@ void compara(const T* pixel, int n, const KERNELPRONTO& k, TRECHO<float>& melhor
       centro[j] += static_cast<T>(nucleo[j]);
     }
   }
-  const auto pAnel = static_cast<REAL>(k.anel);
-  const auto pNucleo = static_cast<REAL>(k.nucleo);
+  const auto nAnel = static_cast<REAL>(k.nAnel);
+  const auto nNucleo = static_cast<REAL>(k.nNucleo);
   const auto escala = static_cast<REAL>(k.escala);
   for (std::size_t j = 0; j < comprimento; ++j) {
     const auto x = static_cast<float>(
-        (static_cast<REAL>(anel[j]) * pNucleo - static_cast<REAL>(centro[j]) * pAnel) * escala);
+        (static_cast<REAL>(anel[j]) * nNucleo - static_cast<REAL>(centro[j]) * nAnel) * escala);
     const bool maior = x > melhor[j];
     melhor[j] = maior ? x : melhor[j];
     qual[j] = maior ? k.indice : qual[j];

@@ -1,5 +1,5 @@
-// Vector form of simples.cpp, compiled once for every instruction set. The same
-// operations in the same order: results are equal to the last bit.
+// Vector form of simples.cpp, compiled once for every instruction set. What is added, multiplied
+// and rounded is the same, in the same order: results are equal to the last bit.
 #include "motor/avaliacao/avaliacao.h"
 
 // Vectors of unknown length can't be fields of a record; the other two gain nothing.
@@ -23,7 +23,9 @@ HWY_BEFORE_NAMESPACE();
 namespace motor::HWY_NAMESPACE {
 namespace hn = hwy::HWY_NAMESPACE;
 
-constexpr std::size_t termosDeKernelPequeno = 40;  // over its whole
+// Terms over its whole that a small kernel has at most. With those of its core, about as many, they
+// read four vectors each, 20 kB at most: well within the nearest cache.
+constexpr std::size_t termosDeKernelPequeno = 40;
 
 template <class D, class T>
 HWY_INLINE QUATRO<hn::Vec<D>> soma(D d, const T* HWY_RESTRICT pixel, const SOMA& x) {

@@ -3,10 +3,9 @@
 #include "motor/avaliacao/avaliacao.h"
 
 namespace motor {
-
 namespace {
 
-// Sums wrap around as the planes do; those of parts are added up in 32 bits.
+// Sums wrap around as the planes do; parts are added up in 32 bits.
 template <class T>
 using ACUMULADOR = std::conditional_t<std::is_integral_v<T>, std::uint32_t, T>;
 template <class T>
@@ -34,8 +33,8 @@ float correlacao(const T* pixel, const KERNELPRONTO& k) {
     anel += static_cast<T>(tudo - nucleo);
     centro += static_cast<T>(nucleo);
   }
-  return static_cast<float>((static_cast<REAL<T>>(anel) * static_cast<REAL<T>>(k.nucleo) -
-                             static_cast<REAL<T>>(centro) * static_cast<REAL<T>>(k.anel)) *
+  return static_cast<float>((static_cast<REAL<T>>(anel) * static_cast<REAL<T>>(k.nNucleo) -
+                             static_cast<REAL<T>>(centro) * static_cast<REAL<T>>(k.nAnel)) *
                             static_cast<REAL<T>>(k.escala));
 }
 

@@ -14,7 +14,10 @@ HWY_BEFORE_NAMESPACE();
 namespace motor::HWY_NAMESPACE {
 namespace hn = hwy::HWY_NAMESPACE;
 
-constexpr int larguraDoTijolo = 256;  // columns of a tile; its rows are the block's
+// Columns of a tile, whose rows are those of the block. Its sums and best values, 16 bytes a pixel
+// or 24 of doubles, are gone through for each kernel and stay in the second cache; in the nearest
+// one stay the rows that a few terms read.
+constexpr int larguraDoTijolo = 256;
 
 // Adds to the sums of a tile's pixels the elements at MAIS offsets, and takes off those at MENOS.
 // Two vectors at a time: a tile's row is a multiple of that, and more may be read than is used.
@@ -46,8 +49,8 @@ HWY_INLINE void soma(D d, const BLOCO<T>& b, const T* HWY_RESTRICT pixel, int la
   }
 }
 
-// The sums of a tile over one region, a few terms at a time: those are neighbours, so that most of
-// what they read is in the nearest cache.
+// The sums of a tile over one region, a few terms at a time. Terms that follow each other are
+// neighbours, so that most of what a few of them read is in the nearest cache.
 template <class D, class T>
 HWY_INLINE void somaTijolo(D d, const BLOCO<T>& b, const T* HWY_RESTRICT pixel, int largura,
                            const SOMA& x, T* HWY_RESTRICT somas) {

@@ -8,7 +8,6 @@
 #include "motor/avaliacao/avaliacao.h"
 
 namespace motor {
-
 namespace {
 
 // Nearest whole multiple of 1/unidade, less the discount.

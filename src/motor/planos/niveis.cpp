@@ -5,11 +5,11 @@
 #include <cmath>
 
 namespace motor {
-
 namespace {
 
+// What an image value of 1 becomes in a photograph and in its first reduction, 255 * 256.
 constexpr std::array<double, 2> unidadesInteiras = {unidadeDeBytes, 65280.0};
-constexpr double erroMaximo = 1.8e-7;
+constexpr double erroMaximo = 1.8e-7;  // of float rounding, see niveis.h
 
 // Whether every value is a multiple of 1/unidade, 0 or more, to within `erroMaximo`.
 bool ehInteira(const cv::Mat_<float>& imagem, double unidade) {

@@ -36,7 +36,7 @@ struct NIVEL {
   cv::Mat_<unsigned char> bytes;  // the whole numbers before that, where they are bytes
 };
 
-// The same level as double multiples of 2^-24.
+// A level taken as double multiples of 2^-24, whatever it is taken as now.
 NIVEL comoReal(const NIVEL& nivel);
 
 // Looks at a level and takes it as the simplest kind of numbers that it is made of.

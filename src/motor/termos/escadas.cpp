@@ -7,9 +7,9 @@
 #include <utility>
 
 namespace motor {
-
 namespace {
 
+// Above the cost of any way, which is one term an end at most; adding to it does not overflow.
 constexpr int infinito = 1 << 29;
 
 // A transition between two rows of a period, and the step that it needs.

@@ -5,16 +5,21 @@
 #include <map>
 
 namespace motor {
-
 namespace {
 
+// Bounds the planes that unusual kernels may ask for: shapes of up to 500 px take six at most.
 constexpr std::size_t maximoDeEscadas = 8;
 // What making a plane costs, in terms of one kernel: at least 24, and more for tall kernels, whose
 // planes don't fit the caches, one for every four rows.
 constexpr int menorCustoDoPlano = 24;
 constexpr int linhasPorTermo = 4;
+// Rows of the longest period looked for. Sides of shapes of up to 500 px have none beyond 26 that
+// saves anything: their planes are themselves made of as many terms.
 constexpr std::size_t maiorAltura = 32;
-constexpr std::size_t maiorComDesvio = 3;  // rows; longer periods seldom differ by one pixel
+// Rows of the longest period with deviations; longer ones seldom differ by one pixel only.
+constexpr std::size_t maiorComDesvio = 3;
+// Patterns that are tried, each of which goes over all sides of the group. No pattern that fewer
+// ends follow has been seen to pay.
 constexpr std::size_t maximoDeCandidatas = 16;
 
 std::vector<int> passosDoLado(const LADO& lado) {

@@ -7,70 +7,11 @@
 #include "motor/termos/escolha.h"
 
 namespace motor {
-
 namespace {
-
-// A byte less half of the range of bytes is at most 128, and 16 bits hold sums up to 32767.
-constexpr int maximoDePixels = 32767 / 128;
-// From one row of the photograph to the next, the sum over a stretch of a column loses a byte and
-// gains another.
-constexpr int maximoDeTrechos = 32767 / 255;
-// Each part costs terms of its own. With more parts of rows those of columns are faster, and with
-// more of columns 32 bits, or about as fast.
-constexpr std::size_t maximoDePartesDeLinhas = 5;
-constexpr std::size_t maximoDePartesDeColunas = 8;
 
 // Pixels of the regions that are kept while a group is cut up, two bytes each; beyond, kernels are
 // drawn again instead. All that most groups have.
 constexpr std::size_t maximoGuardado = std::size_t{1} << 26U;
-
-// The sides of whole and core, of a kernel or of a part of it.
-struct LADOS {
-  std::vector<LADO> tudo;
-  std::vector<LADO> nucleo;
-};
-
-// A kernel on its way to terms.
-struct CORTADO {
-  const MASCARA* mascara;
-  std::optional<REGIOES> guardadas;  // as long as those of the group don't take too much
-  LADOS inteiro;
-  std::vector<LADOS> partes;
-
-  REGIOES regioes() const {
-    return guardadas ? *guardadas : regioesDoKernel(kernels::imagemDoKernel(*mascara)).value();
-  }
-};
-
-LADOS ladosDe(const REGIAO& tudo, const REGIAO& nucleo) {
-  return {ladosDaRegiao(tudo), ladosDaRegiao(nucleo)};
-}
-
-// Divides every kernel in the ranges that `divide` gives, which `so` takes out of a region; false,
-// and nothing done, when some kernel would have more than `maximo` parts.
-template <class DIVIDE, class SO>
-bool divideTodos(std::vector<CORTADO>& kernels, std::size_t maximo, DIVIDE divide, SO so) {
-  std::vector<std::vector<cv::Range>> divisoes;
-  for (const CORTADO& k : kernels) {
-    divisoes.push_back(divide(k.regioes()));
-    if (divisoes.back().empty() || divisoes.back().size() > maximo) return false;
-  }
-  for (std::size_t i = 0; i < kernels.size(); ++i) {
-    const REGIOES r = kernels[i].regioes();
-    for (const cv::Range& x : divisoes[i]) {
-      kernels[i].partes.push_back(ladosDe(so(r.tudo, x), so(r.nucleo, x)));
-    }
-  }
-  return true;
-}
-
-DIVISAO divide(std::vector<CORTADO>& kernels) {
-  const auto linhas = [](const REGIOES& r) { return divideLinhas(r, maximoDePixels); };
-  if (divideTodos(kernels, maximoDePartesDeLinhas, linhas, soLinhas)) return DIVISAO::linhas;
-  const auto colunas = [](const REGIOES& r) { return divideColunas(r, maximoDeTrechos); };
-  if (divideTodos(kernels, maximoDePartesDeColunas, colunas, soColunas)) return DIVISAO::colunas;
-  return DIVISAO::nenhuma;
-}
 
 // The sides that the planes are chosen for. Cuts between rows add next to none; those between
 // columns are long.

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "kernels/mascara.h"
+#include "motor/termos/divisao.h"
 #include "motor/termos/regioes.h"
 #include "motor/termos/termos.h"
 
@@ -16,14 +17,6 @@ struct PARTE {
   std::vector<TERMO> nucleo;
 };
 
-// What the kernels of a group are divided into for planes of 16 bits of a photograph's bytes.
-enum class DIVISAO {
-  nenhuma,
-  linhas,  // a few rows a part: its sums over ring and core fit 16 bits
-  colunas  // some columns a part: its sums over whole and core don't fit, but what they change by
-           // from one row of the photograph to the next does
-};
-
 // A kernel of the group as it is and as terms; only the former in a group that doesn't serve.
 struct ESQUEMA {
   int indice;  // in the kernel set
@@ -32,8 +25,8 @@ struct ESQUEMA {
   int nAnel;
   int nNucleo;
   PARTE inteira;
-  std::vector<PARTE> partes;
-  // Whole and core in pieces whose sums fit 16 bits, where it is divided by columns.
+  std::vector<PARTE> partes;  // for planes of 16 bits
+  // Whole and core in pieces of rows, where it is divided by columns.
   std::vector<PEDACO> pedacosDoTudo, pedacosDoNucleo;
 };
 

@@ -5,8 +5,11 @@
 #include <cstring>
 
 namespace motor {
-
 namespace {
+
+// What a weight may differ from 1/P or -1/N, as a share of it. Those are divided in double and kept
+// as floats, which moves them by 6e-8 of their value.
+constexpr double diferencaDePeso = 1e-6;
 
 // Columns of the ends of a row's stretches, left and right in turn.
 std::vector<int> extremos(const REGIAO& regiao, int r) {
@@ -37,7 +40,7 @@ std::vector<int> trechosDasColunas(const REGIAO& regiao) {
 
 // Consecutive ranges of so many rows or columns that the `a` and the `b` of each add up to `maximo`
 // at most; none when one alone has more.
-std::vector<cv::Range> divide(const std::vector<int>& a, const std::vector<int>& b, int maximo) {
+std::vector<cv::Range> faixas(const std::vector<int>& a, const std::vector<int>& b, int maximo) {
   std::vector<cv::Range> partes;
   cv::Range parte(0, 0);
   int somaA = 0;
@@ -72,19 +75,19 @@ std::optional<REGIOES> regioesDoKernel(const cv::Mat_<float>& K) {
   if (x.nAnel == 0 || x.nNucleo == 0) return std::nullopt;
   for (const float w : K) {
     const double pixels = w > 0 ? x.nAnel : -x.nNucleo;
-    if (w != 0 && !(std::abs(w * pixels - 1) < 1e-6)) return std::nullopt;
+    if (w != 0 && !(std::abs(w * pixels - 1) < diferencaDePeso)) return std::nullopt;
   }
   return x;
 }
 
 std::vector<cv::Range> divideLinhas(const REGIOES& r, int maximo) {
-  std::vector<int> anel;
-  std::vector<int> nucleo;
+  std::vector<int> nAnel;
+  std::vector<int> nNucleo;
   for (int l = 0; l < r.tudo.rows; ++l) {
-    nucleo.push_back(cv::countNonZero(r.nucleo.row(l)));
-    anel.push_back(cv::countNonZero(r.tudo.row(l)) - nucleo.back());
+    nNucleo.push_back(cv::countNonZero(r.nucleo.row(l)));
+    nAnel.push_back(cv::countNonZero(r.tudo.row(l)) - nNucleo.back());
   }
-  return divide(anel, nucleo, maximo);
+  return faixas(nAnel, nNucleo, maximo);
 }
 
 REGIAO soLinhas(const REGIAO& regiao, const cv::Range& linhas) {
@@ -94,7 +97,7 @@ REGIAO soLinhas(const REGIAO& regiao, const cv::Range& linhas) {
 }
 
 std::vector<cv::Range> divideColunas(const REGIOES& r, int maximo) {
-  return divide(trechosDasColunas(r.tudo), trechosDasColunas(r.nucleo), maximo);
+  return faixas(trechosDasColunas(r.tudo), trechosDasColunas(r.nucleo), maximo);
 }
 
 REGIAO soColunas(const REGIAO& regiao, const cv::Range& colunas) {

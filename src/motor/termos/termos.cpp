@@ -3,7 +3,6 @@
 #include <cstddef>
 
 namespace motor {
-
 namespace {
 
 // The number of the plane of a staircase's ends; that of its deviations follows.

@@ -33,8 +33,8 @@ void compara(AVALIA<T>* avalia, const char* nome, unsigned maximoDeTermos) {
         }
       }
     }
-    x.anel = 40;
-    x.nucleo = 30;
+    x.nAnel = 40;
+    x.nNucleo = 30;
     x.escala = 1e-12;
     x.indice = static_cast<int>(k) + 7;
   }
