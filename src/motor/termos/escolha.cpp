@@ -16,7 +16,8 @@ constexpr int linhasPorTermo = 4;
 // Rows of the longest period looked for. Sides of shapes of up to 500 px have none beyond 26 that
 // saves anything: their planes are themselves made of as many terms.
 constexpr std::size_t maiorAltura = 32;
-// Rows of the longest period with deviations; longer ones seldom differ by one pixel only.
+// Rows of the longest period with deviations. With twice as many, kernels of 120 to 240 px take
+// some 5 % less time and kernels of 20 to 30 px as much more.
 constexpr std::size_t maiorComDesvio = 3;
 // Patterns that are tried, each of which goes over all sides of the group. No pattern that fewer
 // ends follow has been seen to pay.
