@@ -20,7 +20,7 @@ void correlaGrupo(const NIVEIS& niveis, const std::vector<MASCARA>& kernels, int
                   const pim::PAUSA& pausa) {
   melhorCorrel.resize(niveis.size());
   melhorKernel.resize(niveis.size());
-  const auto grupo = motor::preparaGrupo(kernels, primeiro, ultimo);
+  const auto grupo = motor::preparaGrupo(kernels, primeiro, ultimo, pausa);
   for (std::size_t L = 0; L < niveis.size(); ++L) {
     motor::correlaNivel(*niveis[L], static_cast<int>(L), *grupo, melhorCorrel[L], melhorKernel[L],
                         pausa);

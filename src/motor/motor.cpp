@@ -12,8 +12,8 @@ std::shared_ptr<const NIVEL> preparaNivel(const cv::Mat_<float>& imagem) {
 }
 
 std::shared_ptr<const GRUPO> preparaGrupo(const std::vector<MASCARA>& kernels, int primeiro,
-                                          int ultimo) {
-  return std::make_shared<const GRUPO>(esquematiza(kernels, primeiro, ultimo));
+                                          int ultimo, const pim::PAUSA& pausa) {
+  return std::make_shared<const GRUPO>(esquematiza(kernels, primeiro, ultimo, pausa));
 }
 
 void correlaNivel(const NIVEL& nivel, int L, const GRUPO& grupo, cv::Mat_<float>& melhor,

@@ -31,9 +31,9 @@ std::shared_ptr<const NIVEL> preparaNivel(const cv::Mat_<float>& imagem);
 
 // The kernels with indices `primeiro` to `ultimo` inclusive; none when the range is empty. Weights
 // may be any, and are shared, or drawn when they were left out (mascara.h); those with the same
-// positive and the same negative value everywhere are done fast.
+// positive and the same negative value everywhere are done fast. `pausa` is called between kernels.
 std::shared_ptr<const GRUPO> preparaGrupo(const std::vector<MASCARA>& kernels, int primeiro,
-                                          int ultimo);
+                                          int ultimo, const pim::PAUSA& pausa = {});
 
 // Correlates level number L with the kernels of the group that are applied to it (sPir >= L). Both
 // results get the level's size: the highest correlation of each pixel, -1 where no kernel exceeded

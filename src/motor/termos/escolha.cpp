@@ -138,7 +138,7 @@ std::vector<ESCADA> com(std::vector<ESCADA> escadas, const ESCADA& nova) {
 
 }  // namespace
 
-std::vector<ESCADA> escolheEscadas(const std::vector<LADO>& lados) {
+std::vector<ESCADA> escolheEscadas(const std::vector<LADO>& lados, const pim::PAUSA& pausa) {
   const int plano = custoDoPlano(lados);
   constexpr int semTentar = std::numeric_limits<int>::max();
   std::vector<TENTATIVA> tentativas;
@@ -152,6 +152,7 @@ std::vector<ESCADA> escolheEscadas(const std::vector<LADO>& lados) {
   // What a staircase saves mostly shrinks as others are taken: one that still saves as much as any
   // other did at its last try is taken, and the others need no new try.
   while (!tentativas.empty() && escolhidas.size() < maximoDeEscadas) {
+    if (pausa) pausa();
     const auto maior = std::max_element(tentativas.begin(), tentativas.end(), menos);
     if (maior->ganho <= 0) break;
     const std::vector<ESCADA> tentada = com(escolhidas, maior->escada);

@@ -50,11 +50,12 @@ std::vector<PEDACO> pedacos(const REGIAO& regiao, int& margem) {
 }
 
 // The kernels of `grupo`, cut up, as terms.
-void escreveTodos(std::vector<CORTADO>& cortados, GRUPO& grupo) {
+void escreveTodos(std::vector<CORTADO>& cortados, const pim::PAUSA& pausa, GRUPO& grupo) {
   grupo.divisao = divide(cortados);
-  const std::vector<ESCADA> escadas = escolheEscadas(ladosDoGrupo(cortados, grupo.divisao));
+  const std::vector<ESCADA> escadas = escolheEscadas(ladosDoGrupo(cortados, grupo.divisao), pausa);
   grupo.planos = planosDasEscadas(escadas);
   for (std::size_t i = 0; i < cortados.size(); ++i) {
+    if (pausa) pausa();
     ESQUEMA& e = grupo.kernels[i];
     e.inteira = escreve(cortados[i].inteiro, escadas, grupo.margem);
     for (const LADOS& x : cortados[i].partes) {
@@ -69,11 +70,13 @@ void escreveTodos(std::vector<CORTADO>& cortados, GRUPO& grupo) {
 
 }  // namespace
 
-GRUPO esquematiza(const std::vector<MASCARA>& kernels, int primeiro, int ultimo) {
+GRUPO esquematiza(const std::vector<MASCARA>& kernels, int primeiro, int ultimo,
+                  const pim::PAUSA& pausa) {
   GRUPO grupo;
   std::vector<CORTADO> cortados;
   std::size_t guardados = 0;
   for (int k = primeiro; k <= ultimo; ++k) {
+    if (pausa) pausa();
     const MASCARA& m = kernels[static_cast<std::size_t>(k)];
     grupo.kernels.push_back({k, m.sPir, m, 0, 0, {}, {}, {}, {}});
     std::optional<REGIOES> r;
@@ -86,7 +89,7 @@ GRUPO esquematiza(const std::vector<MASCARA>& kernels, int primeiro, int ultimo)
     guardados += r->tudo.total();
     if (guardados <= maximoGuardado) cortados.back().guardadas = r;
   }
-  if (grupo.serve) escreveTodos(cortados, grupo);
+  if (grupo.serve) escreveTodos(cortados, pausa, grupo);
   return grupo;
 }
 

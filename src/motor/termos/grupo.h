@@ -6,6 +6,7 @@
 #include "motor/termos/divisao.h"
 #include "motor/termos/regioes.h"
 #include "motor/termos/termos.h"
+#include "pim/pausa.h"
 
 namespace motor {
 
@@ -38,7 +39,9 @@ struct GRUPO {
   bool serve = true;          // false when some kernel has other than three values: no terms
 };
 
-// The kernels with indices `primeiro` to `ultimo` inclusive, whose images are shared.
-GRUPO esquematiza(const std::vector<MASCARA>& kernels, int primeiro, int ultimo);
+// The kernels with indices `primeiro` to `ultimo` inclusive, whose images are shared. `pausa` is
+// called between kernels.
+GRUPO esquematiza(const std::vector<MASCARA>& kernels, int primeiro, int ultimo,
+                  const pim::PAUSA& pausa = {});
 
 }  // namespace motor
