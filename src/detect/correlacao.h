@@ -15,8 +15,8 @@ using MELHORKERNEL = std::vector<cv::Mat_<int>>;
 
 // Correlates levels 0 to `ultimo` of the pyramid with `kernel` into the entries of `saida`, which
 // gets one image per level, of its size. The kernel is not flipped; its centre is the anchor, and
-// pixels outside the level repeat its border. Entries above `ultimo` keep arbitrary content. Part of
-// the library for other programs; no command calls it.
+// pixels outside the level repeat its border. Entries above `ultimo` keep arbitrary content. Part
+// of the library for other programs; no command calls it.
 void correlaPiramide(const PIRAMIDE& piramide, const cv::Mat_<float>& kernel,
                      std::vector<cv::Mat_<float>>& saida, int ultimo);
 
