@@ -19,10 +19,12 @@ constexpr std::string_view formato = "vorplex-lote 1";
 
 }  // namespace
 
-std::vector<std::string> arquivosDaFoto(const std::string& nome, bool comGraos) {
+std::vector<std::string> arquivosDaFoto(const std::string& nome, measure::METODO metodo,
+                                        bool comGraos) {
   std::vector<std::string> v = {nome + ".ho1", nome + ".ho2", nome + ".rel",
                                 nome + ".png", "graos.csv",   "graos.geojson"};
   if (comGraos) v.emplace_back("rois.zip");
+  if (metodo == measure::METODO::apurado) v.emplace_back(arquivoDosApurados);
   return v;
 }
 

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "measure/grao.h"
+
 namespace batch {
 
 // The hidden file that vorplex-lote leaves in each folder of results: from what the results were
@@ -22,14 +24,19 @@ inline constexpr const char* arquivoDasMensagens = "mensagens.txt";
 inline constexpr std::array<const char*, 3> arquivosDoConjunto = {"graos.csv", "resumo.csv",
                                                                   "relatorio.html"};
 
+// The fitted grains in full, from which the measures are made.
+inline constexpr const char* arquivoDosApurados = ".vorplex-apurado";
+
 // The files of a photograph called `nome`, in the order in which they are made. Without grains
-// there is no rois.zip.
-std::vector<std::string> arquivosDaFoto(const std::string& nome, bool comGraos = true);
+// there is no rois.zip, and only fitted grains are kept in full.
+std::vector<std::string> arquivosDaFoto(const std::string& nome,
+                                        measure::METODO metodo = measure::METODO::apurado,
+                                        bool comGraos = true);
 
 // Checksums of all that a step depends on, each step on the one before it.
 struct ORIGEM {
   std::string procura;  // .ho1: photograph, kernel.cfg, smallest correlation, inversion
-  std::string filtro;   // .ho2, .rel, outlines: thresholds too
+  std::string filtro;   // .ho2, .rel, outlines: method and its options too
   std::string medida;   // all others: scale, borders, language too
 };
 

@@ -11,6 +11,7 @@
 
 #include "batch/cabecalho.h"
 #include "batch/frases.h"
+#include "batch/medicao.h"
 #include "batch/processo.h"
 #include "batch/soma.h"
 #include "detect/maxlocal.h"
@@ -66,7 +67,8 @@ void inverte(const std::string& foto) {
 
 void procura(const RECEITA& r, const std::string& foto, const std::string& ho1) {
   std::vector<std::string> args = {"correla", foto, r.kernel, ho1};
-  if (!r.opcoes.minCorr.empty()) args.push_back(r.opcoes.minCorr);
+  const std::string minCorr = minCorrDaProcura(r.opcoes);
+  if (!minCorr.empty()) args.push_back(minCorr);
   const TERMINO t = executaPrograma(r.vorplex, args);
   if (nadaAchado(t)) return impMaxLocais({}, ho1);
   exigeBom(r, t, args);
@@ -82,16 +84,24 @@ bool aproveita(const ESTADO& e, const fs::path& antiga, const std::string& arqui
 
 // Measures what was found and writes the exports; returns how many grains are in them.
 std::size_t mede(const RECEITA& r, const ALVO& alvo, cv::Size tamanho) {
-  std::vector<MAXLOCAL> v;
-  leMaxLocais(v, "./" + alvo.nome + ".ho2");
   const OPCOES_LOTE& o = r.opcoes;
-  measure::FOTOGRAFIA foto{alvo.nome, tamanho.height, tamanho.width, o.escala,
-                           measure::medeTodos(v, tamanho.height, tamanho.width)};
-  if (o.semBorda) std::erase_if(foto.graos, [](const measure::GRAO& g) { return g.tocaBorda; });
+  const measure::FOTOGRAFIA foto = leFotografia(o, ".", alvo.nome, tamanho);
   impGraosCsv(foto, "graos.csv", o.idioma);
   impGeojson(foto, "graos.geojson", o.idioma);
   exporta::impRois(foto, "rois.zip");  // none without grains
   return foto.graos.size();
+}
+
+// Which of the detections are grains: leaves the .ho2 and what the method keeps beside it.
+void escolhe(const RECEITA& r, const std::string& vista, const std::string& nome) {
+  if (r.opcoes.metodo == measure::METODO::apurado) {
+    refine::MODO_DE_APURAR modo = r.opcoes.modo;
+    modo.fios = r.fios;
+    return apuraLista(vista, nome, modo);
+  }
+  std::vector<std::string> args = {"filtra", vista, nome + ".ho1", nome + ".ho2"};
+  if (!r.opcoes.filtra.empty()) args.push_back(r.opcoes.filtra);
+  executa(r, args);
 }
 
 // The steps that are not taken over from `antigo`.
@@ -106,15 +116,13 @@ void detecta(const RECEITA& r, const ALVO& alvo, const ORIGEM& nova,
     return mesma && aproveita(*antigo, antiga, alvo.nome + sufixo);
   };
   const bool temHo1 = serve(mesmaProcura, ".ho1");
-  const bool temHo2 = temHo1 && serve(mesmoFiltro, ".ho2");
+  const bool temHo2 = temHo1 && serve(mesmoFiltro, ".ho2") &&
+                      (r.opcoes.metodo == measure::METODO::classico ||
+                       aproveita(*antigo, antiga, arquivoDosApurados));
   if (r.opcoes.inverte && !temHo2) inverte(foto);
   const std::string vista = r.opcoes.inverte ? invertida : foto;
   if (!temHo1) procura(r, vista, nome + ".ho1");
-  if (!temHo2) {
-    std::vector<std::string> args = {"filtra", vista, nome + ".ho1", nome + ".ho2"};
-    if (!r.opcoes.filtra.empty()) args.push_back(r.opcoes.filtra);
-    executa(r, args);
-  }
+  if (!temHo2) escolhe(r, vista, nome);
   if (!temHo2 || !serve(true, ".rel")) executa(r, {"relat", nome + ".ho2", nome + ".rel"});
   if (!temHo2 || !serve(true, ".png")) {
     executa(r, {"traca", foto, nome + ".ho2", nome + ".png", "C", "i"});
@@ -125,14 +133,26 @@ void detecta(const RECEITA& r, const ALVO& alvo, const ORIGEM& nova,
 
 }  // namespace
 
+namespace {
+
+// All that the choice of the grains depends on; no parameters of filtra read like it.
+std::string emTexto(const refine::MODO_DE_APURAR& m) {
+  return cv::format("apurado %s %a %a %a %a %d", m.familias.c_str(), m.menor, m.maior,
+                    m.sobreposicao, m.sensibilidade, m.semLetras ? 1 : 0);
+}
+
+}  // namespace
+
 ORIGEM origem(const RECEITA& r, const std::string& fotoSoma) {
   const OPCOES_LOTE& o = r.opcoes;
   ORIGEM e;
   SOMA soma;
-  for (const std::string& s : {r.versao, fotoSoma, r.kernelSoma, o.minCorr}) soma.poe(s);
+  for (const std::string& s : {r.versao, fotoSoma, r.kernelSoma, minCorrDaProcura(o)}) {
+    soma.poe(s);
+  }
   soma.poe(o.inverte ? "1" : "0");
   e.procura = soma.texto();
-  soma.poe(o.filtra);
+  soma.poe(o.metodo == measure::METODO::apurado ? emTexto(o.modo) : o.filtra);
   e.filtro = soma.texto();
   soma.poe(cv::format("%a %s %d %d", o.escala.lado, nomeDaUnidade(o.escala.unidade),
                       o.semBorda ? 1 : 0, static_cast<int>(o.idioma)));
@@ -140,8 +160,9 @@ ORIGEM origem(const RECEITA& r, const std::string& fotoSoma) {
   return e;
 }
 
-bool completos(const ESTADO& e, const fs::path& pasta, const std::string& nome) {
-  const auto feitos = arquivosDaFoto(nome, e.graos > 0);
+bool completos(const ESTADO& e, const fs::path& pasta, const std::string& nome,
+               measure::METODO metodo) {
+  const auto feitos = arquivosDaFoto(nome, metodo, e.graos > 0);
   // Nor is anything there that this version would not make.
   const bool estes = e.completo && e.arquivos.size() == feitos.size();
   return estes && std::all_of(feitos.begin(), feitos.end(), [&](const std::string& arquivo) {
@@ -165,8 +186,8 @@ std::string exigeSoma(const RECEITA& r, const std::string& foto) {
 }
 
 // What is in the working folder, the current directory.
-void registra(ESTADO& e, const std::string& nome) {
-  for (const std::string& arquivo : arquivosDaFoto(nome, e.graos > 0)) {
+void registra(ESTADO& e, const std::string& nome, measure::METODO metodo) {
+  for (const std::string& arquivo : arquivosDaFoto(nome, metodo, e.graos > 0)) {
     const std::optional<std::string> soma = somaDoArquivo("./" + arquivo);
     if (!soma) pim::erro("Erro leitura arquivo ", arquivo);
     e.arquivos[arquivo] = *soma;
@@ -186,7 +207,7 @@ int faz(const RECEITA& r, const ALVO& alvo) {
   novo.origem = origem(r, soma);
   const std::optional<ESTADO> antigo = r.opcoes.refaz ? std::nullopt : leEstado(antiga);
   if (antigo && antigo->origem.medida == novo.origem.medida &&
-      completos(*antigo, antiga, alvo.nome)) {
+      completos(*antigo, antiga, alvo.nome, r.opcoes.metodo)) {
     return fins::jaPronta;
   }
 
@@ -198,7 +219,7 @@ int faz(const RECEITA& r, const ALVO& alvo) {
   novo.cols = tamanho.width;
   novo.graos = mede(r, alvo, tamanho);
   if (exigeSoma(r, foto) != soma) desiste(r, fins::falhou, frase(r, falas::mudou));
-  registra(novo, alvo.nome);
+  registra(novo, alvo.nome, r.opcoes.metodo);
   return fins::feita;
 }
 

@@ -18,6 +18,7 @@ struct RECEITA {
   std::string kernel;      // a copy of kernel.cfg that stays as it is during the run
   std::string kernelSoma;  // its checksum
   std::string versao;
+  int fios = 1;  // threads for each photograph
 };
 
 // How a photograph ended: exit statuses of the process that did it.
@@ -39,6 +40,7 @@ ORIGEM origem(const RECEITA& r, const std::string& fotoSoma);
 int fazFotografia(const RECEITA& r, const ALVO& alvo);
 
 // Whether the folder holds all results of this origin, undamaged.
-bool completos(const ESTADO& e, const std::filesystem::path& pasta, const std::string& nome);
+bool completos(const ESTADO& e, const std::filesystem::path& pasta, const std::string& nome,
+               measure::METODO metodo);
 
 }  // namespace batch

@@ -14,8 +14,13 @@ inline constexpr exporta::FRASE ajuda = {
     "  Procura, filtra, mede e relata os graos de muitas fotografias\n"
     "  -o, --saida PASTA      onde ficam os resultados (default: resultado)\n"
     "  -e, --escala 0.05mm    lado de um pixel: um, mm, cm, m, in (sem ela, tudo em px)\n"
-    "  -f, --filtra \"...\"     parametros de filtra, como \"default 0.3 0.1\"\n"
-    "  -c, --min-corr X       correlacao minima de correla\n"
+    "      --metodo M         apurado (default): ajusta cada grao as bordas da fotografia, como\n"
+    "                         vorplex-apura; classico: filtra as deteccoes\n"
+    "  -f, --filtra \"...\"     do metodo classico: parametros de filtra, como \"default 0.3 "
+    "0.1\"\n"
+    "  -c, --min-corr X       correlacao minima da procura (default: a que convem ao metodo)\n"
+    "      --familias, --tamanhos, --sobreposicao, --sensibilidade, --sem-letras\n"
+    "                         do metodo apurado, como em vorplex-apura\n"
     "  -g, --grandeza G       tamanho do grao: equivalente (default), menor ou maior\n"
     "  -w, --peso P           peso do grao: numero (default), area ou volume\n"
     "  -p, --peneiras LISTA   aberturas crescentes, como 0.5,1,2,4, na unidade da escala\n"
@@ -33,8 +38,13 @@ inline constexpr exporta::FRASE ajuda = {
     "  Searches, filters, measures and reports the grains of many photographs\n"
     "  -o, --saida FOLDER     where the results go (default: resultado)\n"
     "  -e, --escala 0.05mm    side of a pixel: um, mm, cm, m, in (without it, all in px)\n"
-    "  -f, --filtra \"...\"     parameters of filtra, such as \"default 0.3 0.1\"\n"
-    "  -c, --min-corr X       smallest correlation of correla\n"
+    "      --metodo M         apurado (default): fits each grain to the edges of the photograph,\n"
+    "                         as vorplex-apura; classico: filters the detections\n"
+    "  -f, --filtra \"...\"     of method classico: parameters of filtra, such as\n"
+    "                         \"default 0.3 0.1\"\n"
+    "  -c, --min-corr X       smallest correlation of the search (default: what suits the method)\n"
+    "      --families, --sizes, --overlap, --sensitivity, --keep-letters\n"
+    "                         of method apurado, as in vorplex-apura\n"
     "  -g, --grandeza G       size of a grain: equivalente (default), menor or maior\n"
     "  -w, --peso P           weight of a grain: numero (default), area or volume\n"
     "  -p, --peneiras LIST    ascending apertures, such as 0.5,1,2,4, in the unit of the scale\n"
@@ -59,6 +69,15 @@ inline constexpr exporta::FRASE faltaFoto = {"Falta fotografia ou pasta",
 inline constexpr exporta::FRASE escalaRuim = {
     "Escala invalida %s (numero de 1e-9 a 1e9 e um, mm, cm, m ou in, como 0.05mm)",
     "Invalid scale %s (a number from 1e-9 to 1e9 and um, mm, cm, m or in, such as 0.05mm)"};
+inline constexpr exporta::FRASE metodoRuim = {"Metodo invalido %s (apurado ou classico)",
+                                              "Invalid method %s (apurado or classico)"};
+inline constexpr exporta::FRASE filtraEhDoClassico = {
+    "-f (--filtra) pertence ao metodo classico: use tambem --metodo classico, ou tire -f",
+    "-f (--filtra) belongs to method classico: add --metodo classico, or leave -f out"};
+inline constexpr exporta::FRASE modoEhDoApurado = {
+    "--familias, --tamanhos, --sobreposicao, --sensibilidade e --sem-letras pertencem ao metodo "
+    "apurado",
+    "--families, --sizes, --overlap, --sensitivity and --keep-letters belong to method apurado"};
 inline constexpr exporta::FRASE minCorrRuim = {"Correlacao minima invalida %s",
                                                "Invalid smallest correlation %s"};
 inline constexpr exporta::FRASE grandezaRuim = {

@@ -205,6 +205,7 @@ int trabalha(LOTE& l, const std::string& versao, const std::string& comando) {
   }
   processos =
       static_cast<int>(std::min<std::size_t>(static_cast<std::size_t>(processos), l.alvos.size()));
+  receita.fios = std::max(processadores() / processos, 1);
   dizLinha(l.avanco,
            cv::format(l.frase(falas::inicio), std::to_string(l.alvos.size()).c_str(), processos));
   l.avanco.inicio = agora();

@@ -6,6 +6,7 @@
 #include <opencv2/core.hpp>
 #include <sstream>
 
+#include "apura/modo.h"
 #include "batch/frases.h"
 #include "linha/linha.h"
 #include "pim/texto.h"
@@ -13,10 +14,11 @@
 namespace batch {
 namespace {
 
-enum LONGA { semBorda = 256, refaz, idioma, quieto, ajuda, versao };
+enum LONGA { metodo = 256, semBorda, refaz, idioma, quieto, ajuda, versao };
 
-constexpr std::array<option, 17> longas = {{{"saida", required_argument, nullptr, 'o'},
+constexpr std::array<option, 17> outras = {{{"saida", required_argument, nullptr, 'o'},
                                             {"escala", required_argument, nullptr, 'e'},
+                                            {"metodo", required_argument, nullptr, metodo},
                                             {"filtra", required_argument, nullptr, 'f'},
                                             {"min-corr", required_argument, nullptr, 'c'},
                                             {"grandeza", required_argument, nullptr, 'g'},
@@ -30,8 +32,7 @@ constexpr std::array<option, 17> longas = {{{"saida", required_argument, nullptr
                                             {"idioma", required_argument, nullptr, idioma},
                                             {"quieto", no_argument, nullptr, quieto},
                                             {"ajuda", no_argument, nullptr, ajuda},
-                                            {"versao", no_argument, nullptr, versao},
-                                            {nullptr, 0, nullptr, 0}}};
+                                            {"versao", no_argument, nullptr, versao}}};
 
 bool leReal(const std::string& texto, double& x) {
   return pim::paraNumero(texto, x) && std::isfinite(x);
@@ -62,6 +63,12 @@ bool lePeso(const std::string& texto, measure::PESO& p) {
   return texto == "numero" || texto == "area" || texto == "volume";
 }
 
+bool leMetodo(const std::string& texto, measure::METODO& m) {
+  if (texto == "apurado") m = measure::METODO::apurado;
+  if (texto == "classico") m = measure::METODO::classico;
+  return texto == "apurado" || texto == "classico";
+}
+
 bool leProcessos(const std::string& texto, int& n) {
   return pim::paraNumero(texto, n) && n >= 1 && n <= 1024;
 }
@@ -75,6 +82,8 @@ const exporta::FRASE* guardaValor(int letra, const std::string& valor, OPCOES_LO
       return valor.empty() ? &falas::saidaVazia : nullptr;
     case 'e':
       return paraEscala(valor, o.escala).empty() ? nullptr : &falas::escalaRuim;
+    case metodo:
+      return leMetodo(valor, o.metodo) ? nullptr : &falas::metodoRuim;
     case 'f':
       o.filtra = valor;
       return nullptr;
@@ -104,11 +113,28 @@ void guardaSinal(int letra, OPCOES_LOTE& o) {
   o.versao |= letra == versao;
 }
 
+// Options that only one of the methods has, as far as they were given.
+struct PROPRIAS {
+  bool filtra = false;
+  bool modo = false;
+};
+
 // Returns why the option was refused, or null.
-const exporta::FRASE* guarda(int letra, const char* valor, OPCOES_LOTE& o) {
+const exporta::FRASE* guarda(int letra, const char* valor, OPCOES_LOTE& o, PROPRIAS& p) {
+  p.filtra |= letra == 'f';
+  p.modo |= apura::ehDoModo(letra);
+  if (apura::ehDoModo(letra))
+    return apura::guardaModo(letra, valor == nullptr ? "" : valor, o.modo);
   if (valor != nullptr) return guardaValor(letra, valor, o);
   guardaSinal(letra, o);
   return nullptr;
+}
+
+// Why the options don't go together, or an empty text.
+std::string conflito(const OPCOES_LOTE& o, const PROPRIAS& p) {
+  const bool apurado = o.metodo == measure::METODO::apurado;
+  if (apurado && p.filtra) return diz(falas::filtraEhDoClassico, o.idioma);
+  return !apurado && p.modo ? diz(falas::modoEhDoApurado, o.idioma) : "";
 }
 
 }  // namespace
@@ -116,17 +142,28 @@ const exporta::FRASE* guarda(int letra, const char* valor, OPCOES_LOTE& o) {
 std::string leOpcoes(const std::vector<std::string>& args, OPCOES_LOTE& o) {
   std::vector<std::string> palavras = {"vorplex-lote"};
   palavras.insert(palavras.end(), args.begin(), args.end());
-  const linha::RECUSA recusa =
-      linha::leOpcoes(palavras, ":o:e:f:c:g:w:p:ij:r", longas,
-                      [&o](int letra, const char* valor) { return guarda(letra, valor, o); });
+  std::vector<option> longas(outras.begin(), outras.end());
+  longas.insert(longas.end(), apura::opcoesDoModo.begin(), apura::opcoesDoModo.end());
+  longas.push_back({nullptr, 0, nullptr, 0});
+  PROPRIAS proprias;
+  const linha::RECUSA recusa = linha::leOpcoes(
+      palavras, ":o:e:f:c:g:w:p:ij:r", longas,
+      [&](int letra, const char* valor) { return guarda(letra, valor, o, proprias); });
   if (o.ajuda || o.versao) return "";
   if (recusa.frase != nullptr) {
     return cv::format(diz(*recusa.frase, o.idioma), recusa.valor.c_str());
   }
+  const std::string briga = conflito(o, proprias);
+  if (!briga.empty()) return briga;
   if (palavras.empty()) return diz(falas::faltaKernel, o.idioma);
   o.kernel = palavras.front();
   o.entradas.assign(palavras.begin() + 1, palavras.end());
   return o.entradas.empty() ? diz(falas::faltaFoto, o.idioma) : "";
+}
+
+std::string minCorrDaProcura(const OPCOES_LOTE& o) {
+  constexpr const char* paraApurar = "0.02";
+  return o.minCorr.empty() && o.metodo == measure::METODO::apurado ? paraApurar : o.minCorr;
 }
 
 }  // namespace batch

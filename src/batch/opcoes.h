@@ -6,6 +6,8 @@
 #include "export/idioma.h"
 #include "measure/distribuicao.h"
 #include "measure/escala.h"
+#include "measure/grao.h"
+#include "refine/apura.h"
 
 namespace batch {
 
@@ -15,8 +17,10 @@ struct OPCOES_LOTE {
   std::vector<std::string> entradas;  // photographs and folders, as given
   std::string saida = "resultado";
   measure::ESCALA escala;
-  std::string filtra;   // parameters of filtra; empty: its defaults
-  std::string minCorr;  // of correla, as given; empty: its default
+  measure::METODO metodo = measure::METODO::apurado;
+  refine::MODO_DE_APURAR modo;  // of that method
+  std::string filtra;           // of the other: parameters of filtra; empty: its defaults
+  std::string minCorr;          // of the search, as given; empty: what suits the method
   measure::GRANDEZA grandeza = measure::GRANDEZA::equivalente;
   measure::PESO peso = measure::PESO::numero;
   std::vector<double> peneiras;
@@ -35,5 +39,9 @@ struct OPCOES_LOTE {
 // photographs. Returns what is wrong, in the language asked for, or an empty text. What only the
 // sub-programs can judge (the parameters of filtra, kernel.cfg) is not looked at.
 std::string leOpcoes(const std::vector<std::string>& args, OPCOES_LOTE& o);
+
+// The smallest correlation to search with: the one given, else for fitting so low that hardly a
+// grain is missed (what is none goes later), else empty, for the default of the search.
+std::string minCorrDaProcura(const OPCOES_LOTE& o);
 
 }  // namespace batch

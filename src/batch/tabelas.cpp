@@ -7,8 +7,8 @@
 
 #include "batch/estado.h"
 #include "batch/frases.h"
+#include "batch/medicao.h"
 #include "batch/processo.h"
-#include "detect/maxlocal.h"
 #include "export/graoscsv.h"
 #include "export/resumocsv.h"
 #include "export/valor.h"
@@ -24,16 +24,11 @@ namespace fs = std::filesystem;
 namespace batch {
 namespace {
 
-measure::FOTOGRAFIA leFotografia(const OBRA& obra, const OPCOES_LOTE& o, const std::string& nome) {
+measure::FOTOGRAFIA leResultado(const OBRA& obra, const OPCOES_LOTE& o, const std::string& nome) {
   const fs::path pasta = pronta(obra, nome);
   const std::optional<ESTADO> e = leEstado(pasta);
   if (!e || !e->completo) pim::erro("Erro leitura ", (pasta / arquivoDoEstado).string());
-  std::vector<MAXLOCAL> v;
-  leMaxLocais(v, (pasta / (nome + ".ho2")).string());
-  measure::FOTOGRAFIA foto{nome, e->rows, e->cols, o.escala,
-                           measure::medeTodos(v, e->rows, e->cols)};
-  if (o.semBorda) std::erase_if(foto.graos, [](const measure::GRAO& g) { return g.tocaBorda; });
-  return foto;
+  return leFotografia(o, pasta, nome, cv::Size(e->cols, e->rows));
 }
 
 // Makes the pictures of the page, each in a process of its own: one that has been taken away or
@@ -78,6 +73,7 @@ page::PAGINA comecaPagina(const OPCOES_LOTE& o, const CONJUNTO& c) {
   p.grandeza = o.grandeza;
   p.peso = o.peso;
   p.peneiras = o.peneiras;
+  p.metodo = o.metodo;
   if (!o.minCorr.empty()) pim::convArg(p.minCorr, o.minCorr);
   p.comando = c.comando;
   p.falharam = c.falharam;
@@ -95,7 +91,8 @@ void assume(const OBRA& obra, const char* nome) {
 void impConjunto(const OBRA& obra, const OPCOES_LOTE& o, const CONJUNTO& c) {
   const std::vector<std::string> figuras = fazFiguras(obra, c);
   const auto aqui = [&](const char* nome) { return (obra.pasta / nome).string(); };
-  exporta::TABELA_GRAOS tabela = abreGraosCsv(aqui("graos.csv"), o.escala.unidade, o.idioma);
+  exporta::TABELA_GRAOS tabela =
+      abreGraosCsv(aqui("graos.csv"), o.escala.unidade, o.idioma, o.metodo);
   measure::ACUMULADO total;
   total.grandeza = o.grandeza;
   total.peso = o.peso;
@@ -103,7 +100,7 @@ void impConjunto(const OBRA& obra, const OPCOES_LOTE& o, const CONJUNTO& c) {
   std::vector<exporta::LINHA_RESUMO> linhas;
   page::PAGINA pagina = comecaPagina(o, c);
   for (std::size_t i = 0; i < c.prontas.size(); ++i) {
-    measure::FOTOGRAFIA foto = leFotografia(obra, o, c.prontas[i].nome);
+    measure::FOTOGRAFIA foto = leResultado(obra, o, c.prontas[i].nome);
     acrescenta(tabela, foto);
     acumula(total, foto);
     linhas.push_back({foto.nome, resume(foto, o.grandeza, o.peso, o.peneiras)});

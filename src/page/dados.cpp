@@ -73,7 +73,9 @@ std::string ajustesEmJson(const PAGINA& pagina) {
   poeMembro(s, "peso", std::string(chaveDoPeso(pagina.peso)));
   poeLista(s, "peneiras", pagina.peneiras);
   poeMembro(s, "minCorr", pagina.minCorr);
-  std::vector<std::string> colunas = nomesDoGrao(pagina.metodo, pagina.escala.unidade, pagina.idioma);
+  poeMembro(s, "apurado", pagina.metodo == measure::METODO::apurado ? 1 : 0);
+  std::vector<std::string> colunas =
+      nomesDoGrao(pagina.metodo, pagina.escala.unidade, pagina.idioma);
   colunas.insert(colunas.begin(), diz(exporta::frases::foto, pagina.idioma));
   poeLista(s, "colunas", colunas);
   abreMembro(s, "formas", '{');

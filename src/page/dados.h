@@ -15,8 +15,9 @@ std::string ajustesEmJson(const PAGINA& pagina);
 
 // One photograph: nome, rows, cols, miniatura (JPEG in base64) and graos, an array for each grain:
 // index, letter, row, column, d1, d2, angle, correlation, area, equivalent diameter, perimeter,
-// lesser and greater diameter, aspect, 1 when it touches the border; all in px. semFigura when its
-// picture is lost.
+// lesser and greater diameter, aspect, 1 when it touches the border; of a fitted grain also
+// support, contrast, standard errors of row, column, d1, d2 and angle; all in px. semFigura when
+// its picture is lost.
 std::string fotoEmJson(const FOTO_DA_PAGINA& foto, const std::string& miniatura);
 
 }  // namespace page

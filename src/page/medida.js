@@ -8,7 +8,9 @@ vorplex.percentis = [5, 10, 16, 25, 30, 50, 60, 75, 84, 90, 95];
   const {escala, grandeza, peso} = vorplex.ajustes;
   const milimetros = {px: 1, um: 1e-3, mm: 1, cm: 10, m: 1000, in: 25.4}[escala.unidade];
   const campos = ['indice', 'letra', 'li', 'ci', 'd1', 'd2', 'ang', 'correl', 'area', 'equivalente',
-                  'perimetro', 'menor', 'maior', 'alongamento', 'borda'];
+                  'perimetro', 'menor', 'maior', 'alongamento', 'borda',
+                  // of fitted grains
+                  'apoio', 'contraste', 'erroLi', 'erroCi', 'erroD1', 'erroD2', 'erroAng'];
 
   // A grain from its row: the values in px, its size in the unit of the scale, and its weight.
   const grao = (valores, foto) => {
@@ -134,21 +136,27 @@ vorplex.contorno = (g) => {
   return pontos.map(([x, y]) => [g.ci + a * x * c - b * y * s, g.li + a * x * s + b * y * c]);
 };
 
-// The table of the grains as the program writes it, with the photograph first. Lengths and areas
-// follow once more in the unit of the scale, when there is one.
+// The table of the grains as the program writes it, with the photograph first: the values of every
+// grain, then those of fitted ones. Behind either, when there is a scale, stand its lengths and areas
+// once more in the unit of the scale.
 vorplex.csv = (graos) => {
   const {colunas, escala, formas} = vorplex.ajustes;
   const campo = (v) => {
     const s = String(v);
     return /[,;\t"\r\n]/.test(s) ? `"${s.replaceAll('"', '""')}"` : s;
   };
-  const potencias = colunas.slice(1, 17).map((nome) =>
-    nome.endsWith('_px2') ? 2 : nome.endsWith('_px') ? 1 : 0);
+  const potencia = (nome) => nome.endsWith('_px2') ? 2 : nome.endsWith('_px') ? 1 : 0;
+  const ehDoPx = (nome) => potencia(nome) > 0;
+  const calibra = (nomes, px) => escala.unidade === 'px' ? [] : px.flatMap((v, k) =>
+    ehDoPx(nomes[k]) ? [v * (potencia(nomes[k]) === 2 ? escala.lado * escala.lado : escala.lado)] : []);
+  const deTodos = colunas.slice(1, 17);
+  const calibradas = escala.unidade === 'px' ? 0 : deTodos.filter(ehDoPx).length;
+  const dosApurados = colunas.slice(17 + calibradas);
   const linhas = graos.map((g) => {
-    const px = [...g.valores.slice(0, 2), formas[g.letra], ...g.valores.slice(2)];
-    const calibrados = escala.unidade === 'px' ? [] : px.flatMap((v, k) =>
-      potencias[k] === 0 ? [] : [v * (potencias[k] === 2 ? escala.lado * escala.lado : escala.lado)]);
-    return [g.foto.nome, ...px, ...calibrados].map(campo).join(',');
+    const px = [...g.valores.slice(0, 2), formas[g.letra], ...g.valores.slice(2, 15)];
+    const mais = g.valores.slice(15);
+    return [g.foto.nome, ...px, ...calibra(deTodos, px), ...mais, ...calibra(dosApurados, mais)]
+      .map(campo).join(',');
   });
   return [colunas.map(campo).join(','), ...linhas, ''].join('\n');
 };

@@ -34,7 +34,7 @@ struct PAGINA {
   std::vector<double> peneiras;  // apertures as in measure/peneira.h; may be empty
   double minCorr = 0;            // where the slider of the correlation stands at first
   measure::METODO metodo = measure::METODO::classico;  // by which all grains were measured
-  std::string comando;           // how the page was made, shown at its end; may be empty
+  std::string comando;  // how the page was made, shown at its end; may be empty
   std::vector<FOTO_DA_PAGINA> fotos;
   std::vector<std::string> falharam;  // names of photographs that are not in the numbers
 };

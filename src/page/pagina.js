@@ -9,10 +9,16 @@
   const cursor = porId('corr');
   const exata = porId('corr-exata');
 
-  const filtro = {minCorr: ajustes.minCorr, familias: new Set(letras)};
-  vorplex.passa = (g) => g.correl >= filtro.minCorr && filtro.familias.has(g.letra);
+  // What the slider limits: of fitted grains their support or, if the reader says so, correlation.
+  const criterios = ajustes.apurado ? ['apoio', 'correl'] : ['correl'];
+  const rotulos = {apoio: t('minApoio'), correl: t('minCorrel')};
+  const inicio = {apoio: 0, correl: ajustes.minCorr};
+  const filtro = {criterio: criterios[0], minimo: {...inicio}, familias: new Set(letras)};
+  const minimo = () => filtro.minimo[filtro.criterio];
+  const alcanca = (g) => g[filtro.criterio] >= minimo();
+  vorplex.passa = (g) => alcanca(g) && filtro.familias.has(g.letra);
 
-  vorplex.filtroDito = () => t('filtroDito', numero(filtro.minCorr),
+  vorplex.filtroDito = () => t('filtroDito', t(filtro.criterio).toLowerCase(), numero(minimo()),
     letras.filter((l) => filtro.familias.has(l)).map((l) => t(l).toLowerCase()).join(', ') ||
     t('nenhuma'));
 
@@ -31,40 +37,60 @@
 
   // Below the grains there are, and to above the best of them.
   const preparaCursor = () => {
-    let menor = filtro.minCorr;
-    let maior = filtro.minCorr;
+    let menor = inicio[filtro.criterio];
+    let maior = menor;
     for (const g of vorplex.graos) {
-      menor = Math.min(menor, g.correl);
-      maior = Math.max(maior, g.correl);
+      menor = Math.min(menor, g[filtro.criterio]);
+      maior = Math.max(maior, g[filtro.criterio]);
     }
     if (vorplex.graos.length === 0) [menor, maior] = [Math.min(menor, 0), Math.max(maior, 1)];
     cursor.min = Math.floor(menor * 100) / 100;
     cursor.max = (Math.floor(maior * 100) + 1) / 100;
-    exata.setAttribute('aria-label', t('correlacaoExata'));
+    const rotulo = rotulos[filtro.criterio];
+    cursor.setAttribute('aria-label', rotulo);
+    exata.setAttribute('aria-label', t('valorExato', rotulo));
+    exata.value = minimo();
   };
 
   const mostraCursor = () => {
-    cursor.value = filtro.minCorr;
-    cursor.setAttribute('aria-valuetext', numero(filtro.minCorr));
+    cursor.value = minimo();
+    cursor.setAttribute('aria-valuetext', numero(minimo()));
   };
 
-  const poeCorrelacao = (valor) => {
+  const poeMinimo = (valor) => {
     if (!Number.isFinite(valor)) return;
-    filtro.minCorr = valor;
+    filtro.minimo[filtro.criterio] = valor;
     mostraCursor();
     depois();
   };
   cursor.addEventListener('input', () => {
     exata.value = cursor.value;
-    poeCorrelacao(cursor.valueAsNumber);
+    poeMinimo(cursor.valueAsNumber);
   });
-  exata.addEventListener('input', () => poeCorrelacao(exata.valueAsNumber));
+  exata.addEventListener('input', () => poeMinimo(exata.valueAsNumber));
+
+  const escolha = porId('criterio');
+  const poeCriterio = (criterio) => {
+    filtro.criterio = criterio;
+    escolha.value = criterio;
+    preparaCursor();
+    mostraCursor();
+  };
+  porId('nome-corr').textContent = rotulos[criterios[0]];
+  porId('nome-corr').hidden = criterios.length > 1;
+  escolha.hidden = criterios.length === 1;
+  escolha.append(...criterios.map((c) => elemento('option', {value: c}, rotulos[c])));
+  escolha.addEventListener('change', () => {
+    poeCriterio(escolha.value);
+    depois();
+  });
 
   const repoe = () => {
     filtro.familias = new Set(letras);
     for (const {caixa} of caixas) caixa.checked = true;
-    exata.value = ajustes.minCorr;
-    poeCorrelacao(ajustes.minCorr);
+    filtro.minimo = {...inicio};
+    poeCriterio(criterios[0]);
+    depois();
   };
   porId('filtro').addEventListener('reset', (evento) => {
     evento.preventDefault();
@@ -129,7 +155,7 @@
     porId('aviso').hidden = graos.length > 0;
     porId('aviso').textContent = t(vorplex.fotos.length === 0 ? 'semFotos' : 'semGraos');
     const porLetra = {c: 0, q: 0, r: 0, e: 0};
-    for (const g of vorplex.graos) porLetra[g.letra] += g.correl >= filtro.minCorr;
+    for (const g of vorplex.graos) porLetra[g.letra] += alcanca(g);
     for (const {letra, quantos} of caixas) quantos.textContent = inteiro(porLetra[letra]);
   };
 
@@ -174,8 +200,6 @@
   new ResizeObserver(() => {
     document.documentElement.style.scrollPaddingTop = `${porId('filtro').offsetHeight + 8}px`;
   }).observe(porId('filtro'));
-  preparaCursor();
-  exata.value = ajustes.minCorr;
-  mostraCursor();
+  poeCriterio(criterios[0]);
   vorplex.atualiza();
 }

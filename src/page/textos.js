@@ -6,8 +6,9 @@ vorplex.ajustes = JSON.parse(document.getElementById('ajustes').textContent);
 
 vorplex.textos = {
   pt: {
-    filtro: 'Filtro', minCorr: 'Correlação mínima', familias: 'Formas', repor: 'Repor filtro',
-    correlacaoExata: 'Correlação mínima, valor exato',
+    filtro: 'Filtro', minCorrel: 'Correlação mínima', minApoio: 'Apoio mínimo',
+    familias: 'Formas', repor: 'Repor filtro', criterio: 'O que o cursor limita',
+    valorExato: '{0}, valor exato',
     baixaCsv: 'Baixar CSV', baixaPng: 'Baixar PNG', resumo: 'Resumo', distribuicao: 'Distribuição',
     estatisticas: 'Estatísticas', percentis: 'Percentis',
     peneiras: 'Peneiras', fotos: 'Fotografias', visores: 'Imagens',
@@ -35,18 +36,20 @@ vorplex.textos = {
     classe: 'Classe ({0})', fundo: 'fundo', retida: 'Retida %', passante: 'Passante %',
     nome: 'Nome', pixels: 'Pixels', borda: 'Na borda', ver: 'Ver {0}', nesteFiltro: 'grãos',
     registro: 'Registro', escolhaGrao: 'Nenhum grão escolhido.', anterior: 'Grão anterior',
-    proximo: 'Próximo grão', centro: 'Centro (linha, coluna)', tamanhos: 'Tamanhos',
-    angulo: 'Ângulo', correlacao: 'Correlação', perimetro: 'Perímetro', tocaBorda: 'Toca a borda',
+    proximo: 'Próximo grão', centro: 'Centro (linha, coluna)', linha: 'Linha', coluna: 'Coluna', tamanhos: 'Tamanhos',
+    angulo: 'Ângulo', correl: 'Correlação', apoio: 'Apoio',
+    contraste: 'Contraste', perimetro: 'Perímetro', tocaBorda: 'Toca a borda',
     sim: 'sim', nao: 'não', forma: 'Forma', todo: 'Imagem inteira', mapa: 'Imagem de {0}',
     maisZoom: 'Ampliar', menosZoom: 'Reduzir',
     definicoes: 'Um grão conta por {0}. Percentis: posição de Hazen, (acumulado até o grão + ' +
       'metade dele) / total, linear no tamanho. Ângulos crescem no sentido horário.',
-    feito: 'Feito com: ', filtroDito: 'Filtro: correlação ≥ {0}; {1}.', nenhuma: 'nenhuma forma',
+    feito: 'Feito com: ', filtroDito: 'Filtro: {0} ≥ {1}; {2}.', nenhuma: 'nenhuma forma',
     graficoDito: '{0}: {1}',
   },
   en: {
-    filtro: 'Filter', minCorr: 'Minimum correlation', familias: 'Shapes', repor: 'Reset filter',
-    correlacaoExata: 'Minimum correlation, exact value',
+    filtro: 'Filter', minCorrel: 'Minimum correlation', minApoio: 'Minimum support',
+    familias: 'Shapes', repor: 'Reset filter', criterio: 'What the slider limits',
+    valorExato: '{0}, exact value',
     baixaCsv: 'Download CSV', baixaPng: 'Download PNG', resumo: 'Summary',
     distribuicao: 'Distribution', estatisticas: 'Statistics', percentis: 'Percentiles', peneiras: 'Sieves',
     fotos: 'Photographs', visores: 'Pictures',
@@ -74,14 +77,15 @@ vorplex.textos = {
     classe: 'Class ({0})', fundo: 'pan', retida: 'Retained %', passante: 'Passing %',
     nome: 'Name', pixels: 'Pixels', borda: 'At the border', ver: 'See {0}', nesteFiltro: 'grains',
     registro: 'Record', escolhaGrao: 'No grain is selected.', anterior: 'Previous grain',
-    proximo: 'Next grain', centro: 'Centre (row, column)', tamanhos: 'Sizes',
-    angulo: 'Angle', correlacao: 'Correlation', perimetro: 'Perimeter',
+    proximo: 'Next grain', centro: 'Centre (row, column)', linha: 'Row', coluna: 'Column', tamanhos: 'Sizes',
+    angulo: 'Angle', correl: 'Correlation', apoio: 'Support',
+    contraste: 'Contrast', perimetro: 'Perimeter',
     tocaBorda: 'Touches the border',
     sim: 'yes', nao: 'no', forma: 'Shape', todo: 'Whole picture', mapa: 'Picture of {0}',
     maisZoom: 'Zoom in', menosZoom: 'Zoom out',
     definicoes: 'A grain counts by its {0}. Percentiles: Hazen positions, (total up to the grain ' +
       '+ half of it) / total, linear in size. Angles grow clockwise.',
-    feito: 'Made by: ', filtroDito: 'Filter: correlation ≥ {0}; {1}.', nenhuma: 'no shape',
+    feito: 'Made by: ', filtroDito: 'Filter: {0} ≥ {1}; {2}.', nenhuma: 'no shape',
     graficoDito: '{0}: {1}',
   },
 }[vorplex.ajustes.idioma];
@@ -115,6 +119,10 @@ vorplex.t = (chave, ...partes) =>
   // A result, always with four digits.
   vorplex.medida = (x) => x !== null && x !== 0 && Math.abs(x) >= 1e-4 && Math.abs(x) < 1e7 ?
     medida.format(x) : vorplex.numero(x);
+  const lugar = new Intl.NumberFormat(lingua, {maximumFractionDigits: 2, useGrouping: false});
+
+  // A place in pixels, to a hundredth.
+  vorplex.lugar = (x) => lugar.format(x);
   vorplex.porcento = (x) => x === null ? '–' : porcento.format(100 * x);
 }
 

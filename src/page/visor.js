@@ -2,8 +2,8 @@
 // The table of the photographs, and a viewer for each: the picture with the outlines of the grains.
 
 {
-  const {t, numero, medida, elemento, cores, letras, unidade} = vorplex;
-  const {escala, grandeza} = vorplex.ajustes;
+  const {t, numero, medida, lugar, elemento, cores, letras, unidade} = vorplex;
+  const {escala, grandeza, apurado} = vorplex.ajustes;
   const figuras = document.querySelectorAll('script.figura');
   const figura = (foto) => `data:image/jpeg;base64,${figuras[foto.k].textContent}`;
   const comUnidade = (px, potencia = 1) =>
@@ -38,14 +38,25 @@
     fillOpacity: escolhido ? 0.35 : 0.08,
   });
 
+  // Place and sizes; of a fitted grain with their standard errors.
+  const comErro = (texto, erro) => apurado ? `${texto} ± ${numero(erro, 2)}` : texto;
+  const tamanho = (d, erro) => apurado ?
+    `${comErro(medida(d * escala.lado), erro * escala.lado)} ${unidade}` : comUnidade(d);
+  const centro = (g) => apurado ?
+    [[t('linha'), `${comErro(lugar(g.li), g.erroLi)} px`],
+     [t('coluna'), `${comErro(lugar(g.ci), g.erroCi)} px`]] :
+    [[t('centro'), `${g.li}, ${g.ci} px`]];
+
   const registro = (g) => {
     const dois = g.letra === 'r' || g.letra === 'e';
+    const d1 = tamanho(g.d1, g.erroD1);
     const campos = [
       [t('forma'), t(`um${g.letra}`)],
-      [t('centro'), `${g.li}, ${g.ci} px`],
-      [t('tamanhos'), dois ? `${comUnidade(g.d1)} × ${comUnidade(g.d2)}` : comUnidade(g.d1)],
-      [t('angulo'), g.letra === 'c' ? '–' : `${numero(g.ang)}°`],
-      [t('correlacao'), numero(g.correl)],
+      ...centro(g),
+      [t('tamanhos'), dois ? `${d1} × ${tamanho(g.d2, g.erroD2)}` : d1],
+      [t('angulo'), g.letra === 'c' ? '–' : `${comErro(numero(g.ang), g.erroAng)}°`],
+      ...(apurado ? [[t('apoio'), numero(g.apoio)], [t('contraste'), numero(g.contraste)]] : []),
+      [t('correl'), numero(g.correl)],
       [t('area'), comUnidade(g.area, 2)],
       [t('equivalente'), comUnidade(g.equivalente)],
       [t('menor'), comUnidade(g.menor)],
@@ -60,7 +71,8 @@
 
   const rotuloDoGrao = (g) => elemento('span', {},
     `${g.indice}: ${t(`um${g.letra}`)}, ${comUnidade(g[grandeza])}, ` +
-    `${t('correlacao').toLowerCase()} ${numero(g.correl)}`);
+    (apurado ? `${t('apoio').toLowerCase()} ${numero(g.apoio)}` :
+      `${t('correl').toLowerCase()} ${numero(g.correl)}`));
 
   // Makes the map of a viewer and its outlines.
   const abre = (visor) => {

@@ -29,6 +29,8 @@ TEST(LeOpcoes, SemOpcoesValemOsDefaults) {
   EXPECT_FALSE(calibrada(o.escala));
   EXPECT_EQ(o.filtra, "");
   EXPECT_EQ(o.minCorr, "");
+  EXPECT_EQ(o.metodo, METODO::apurado);
+  EXPECT_EQ(minCorrDaProcura(o), "0.02");
   EXPECT_EQ(o.grandeza, GRANDEZA::equivalente);
   EXPECT_EQ(o.peso, PESO::numero);
   EXPECT_TRUE(o.peneiras.empty());
@@ -40,15 +42,32 @@ TEST(LeOpcoes, SemOpcoesValemOsDefaults) {
 
 TEST(LeOpcoes, LetrasENomesDizemOMesmo) {
   const std::vector<std::vector<std::string>> formas = {
-      {"-o", "s",     "-e", "0.05mm", "-f", "default 0.3 0.1", "-c", "0.2",
-       "-g", "menor", "-w", "volume", "-p", "0.5,1,2",         "-i", "-j",
-       "3",  "-r",    "k",  "f"},
-      {"--saida",         "s",          "--escala",    "0.05mm",     "--filtra",
-       "default 0.3 0.1", "--min-corr", "0.2",         "--grandeza", "menor",
-       "--peso",          "volume",     "--peneiras",  "0.5,1,2",    "--inverte",
-       "--processos",     "3",          "--recursivo", "k",          "f"},
-      {"--saida=s", "k", "-e0.05mm", "--filtra=default 0.3 0.1", "f", "-c0.2", "--grandeza=menor",
-       "-wvolume", "-p0.5,1,2", "-irj3"}};
+      {"--metodo", "classico", "-o", "s",     "-e", "0.05mm", "-f", "default 0.3 0.1",
+       "-c",       "0.2",      "-g", "menor", "-w", "volume", "-p", "0.5,1,2",
+       "-i",       "-j",       "3",  "-r",    "k",  "f"},
+      {"--metodo=classico",
+       "--saida",
+       "s",
+       "--escala",
+       "0.05mm",
+       "--filtra",
+       "default 0.3 0.1",
+       "--min-corr",
+       "0.2",
+       "--grandeza",
+       "menor",
+       "--peso",
+       "volume",
+       "--peneiras",
+       "0.5,1,2",
+       "--inverte",
+       "--processos",
+       "3",
+       "--recursivo",
+       "k",
+       "f"},
+      {"--saida=s", "k", "--metodo", "classico", "-e0.05mm", "--filtra=default 0.3 0.1", "f",
+       "-c0.2", "--grandeza=menor", "-wvolume", "-p0.5,1,2", "-irj3"}};
   for (const auto& args : formas) {
     const OPCOES_LOTE o = lidas(args);
     EXPECT_EQ(o.saida, "s");
@@ -73,6 +92,22 @@ TEST(LeOpcoes, OpcoesSoComNomeLongo) {
   EXPECT_EQ(o.idioma, IDIOMA::en);
   EXPECT_TRUE(lidas({"--ajuda"}).ajuda);
   EXPECT_TRUE(lidas({"--versao"}).versao);
+}
+
+TEST(LeOpcoes, OModoDoApuradoTemAsOpcoesDoVorplexApura) {
+  const OPCOES_LOTE o = lidas({"--familias", "cr", "--sizes", "5-80", "--sobreposicao", "0.2",
+                               "--sensitivity=0.7", "--sem-letras", "k", "f"});
+  EXPECT_EQ(o.modo.familias, "cr");
+  EXPECT_EQ(o.modo.menor, 5);
+  EXPECT_EQ(o.modo.maior, 80);
+  EXPECT_EQ(o.modo.sobreposicao, 0.2);
+  EXPECT_EQ(o.modo.sensibilidade, 0.7);
+  EXPECT_TRUE(o.modo.semLetras);
+}
+
+TEST(LeOpcoes, ACorrelacaoMinimaConvemAoMetodo) {
+  EXPECT_EQ(minCorrDaProcura(lidas({"--metodo", "classico", "k", "f"})), "");
+  EXPECT_EQ(minCorrDaProcura(lidas({"-c", "0.3", "k", "f"})), "0.3");
 }
 
 TEST(LeOpcoes, DepoisDeDoisTracosTudoEhNome) {
@@ -105,6 +140,15 @@ TEST_P(OpcoesRuins, SaoRecusadasComSeuNome) {
 
 const std::vector<CASO> ruins = {
     {"Nada", {}, "Falta kernel.cfg"},
+    {"Metodo", {"--metodo", "novo", "k", "f"}, "Metodo invalido novo (apurado ou classico)"},
+    {"FiltraDoApurado",
+     {"-f", "default 0.3 0.1", "k", "f"},
+     "-f (--filtra) pertence ao metodo classico: use tambem --metodo classico, ou tire -f"},
+    {"ModoDoClassico",
+     {"--sem-letras", "--metodo", "classico", "k", "f"},
+     "--familias, --tamanhos, --sobreposicao, --sensibilidade e --sem-letras pertencem ao metodo "
+     "apurado"},
+    {"Sensibilidade", {"--sensibilidade", "2", "k", "f"}, "Sensibilidade invalida 2 (0 a 1)"},
     {"SoOpcao", {"-r"}, "Falta kernel.cfg"},
     {"SoKernel", {"k.cfg"}, "Falta fotografia ou pasta"},
     {"LetraDesconhecida", {"-x", "k", "f"}, "Opcao desconhecida -x"},

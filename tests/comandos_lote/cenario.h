@@ -28,9 +28,10 @@ struct Lote : testing::Test {
 
   static void foto(const std::string& nome, int i) { grava(nome, pgm(imagem(i))); }
 
-  // With thresholds that leave the three grains.
+  // Of the classic method, with thresholds that leave the three grains.
   static std::vector<std::string> comando(const std::vector<std::string>& mais = {"fotos"}) {
-    std::vector<std::string> v = {"-c", "0.1", "-f", "default 0.2 0.1", "kernel.cfg"};
+    std::vector<std::string> v = {"--metodo", "classico",        "-c",        "0.1",
+                                  "-f",       "default 0.2 0.1", "kernel.cfg"};
     v.insert(v.end(), mais.begin(), mais.end());
     return v;
   }

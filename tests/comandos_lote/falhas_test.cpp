@@ -217,11 +217,14 @@ const std::vector<USO> usos = {
      {"sem grupo.cfg", "fotos"},
      "Erro: sem grupo.cfg: Nenhum grupo de kernels (falta uma forma com pelo menos duas escalas)"},
     {"FiltraPalavra",
-     {"-f", "oval 1 2", "kernel.cfg", "fotos"},
+     {"--metodo", "classico", "-f", "oval 1 2", "kernel.cfg", "fotos"},
      "Erro: --filtra: Palavra desconhecida oval"},
     {"FiltraNumero",
-     {"-f", "default 0.3", "kernel.cfg", "fotos"},
+     {"--metodo", "classico", "-f", "default 0.3", "kernel.cfg", "fotos"},
      "Erro: --filtra: Falta numero no fim dos parametros"},
+    {"FiltraSemMetodo",
+     {"-f", "default 0.3 0.1", "kernel.cfg", "fotos"},
+     "Erro: -f (--filtra) pertence ao metodo classico: use tambem --metodo classico, ou tire -f"},
     {"PastaVazia", {"kernel.cfg", "vazia"}, "Erro: Nenhuma fotografia em vazia"},
     {"Ingles", {"--idioma", "en", "kernel.cfg", "vazia"}, "Error: No photograph in vazia"},
     {"SaidaSobArquivo",
@@ -234,9 +237,10 @@ INSTANTIATE_TEST_SUITE_P(Tabela, UsoErrado, testing::ValuesIn(usos),
 TEST_F(Lote, AjudaEVersaoSaemComZero) {
   const CORRIDA ajuda = rodaLote({"--ajuda"});
   EXPECT_EQ(ajuda.estado, 0);
-  for (const char* opcao : {"--saida", "--escala", "--filtra", "--min-corr", "--grandeza", "--peso",
-                            "--peneiras", "--sem-borda", "--inverte", "--processos", "--recursivo",
-                            "--refaz", "--idioma", "--quieto", "--ajuda", "--versao"}) {
+  for (const char* opcao :
+       {"--saida", "--escala", "--metodo", "--filtra", "--sensibilidade", "--min-corr",
+        "--grandeza", "--peso", "--peneiras", "--sem-borda", "--inverte", "--processos",
+        "--recursivo", "--refaz", "--idioma", "--quieto", "--ajuda", "--versao"}) {
     EXPECT_NE(ajuda.saida.find(opcao), std::string::npos) << opcao;
   }
   EXPECT_EQ(rodaLote({"--versao"}).saida, "vorplex-lote 1.23\n");

@@ -106,8 +106,8 @@ TEST_F(Lote, SemBordaOsCortadosSaemDasTabelasMasNaoDaLista) {
   const cv::Mat_<unsigned char> toda = imagem(0);
   grava("cortada.pgm", pgm(toda.rowRange(24, 90).clone()));  // through the large disc
   // So much of a shape may lie outside, which counts as occupied.
-  const std::vector<std::string> base = {"-c",         "0.1",        "-f", "default 0.2 0.4",
-                                         "kernel.cfg", "cortada.pgm"};
+  const std::vector<std::string> base = {"--metodo",        "classico",   "-c",         "0.1", "-f",
+                                         "default 0.2 0.4", "kernel.cfg", "cortada.pgm"};
   ASSERT_EQ(rodaLote(base).estado, 0);
   const std::string com = leTudo("resultado/cortada/graos.csv");
   const std::string lista = leTudo("resultado/cortada/cortada.ho2");

@@ -159,10 +159,13 @@ void PrintTo(const MUDANCA& m, std::ostream* s) {
   *s << m.nome;
 }
 
-struct MudancaDeOpcao : Lote, testing::WithParamInterface<MUDANCA> {};
+struct MudancaDeOpcao : Lote, testing::WithParamInterface<MUDANCA> {
+  static void refazTudo(std::vector<std::string> base);
+};
+struct MudancaDoApurado : MudancaDeOpcao {};
 
-TEST_P(MudancaDeOpcao, RefazTudoComoSeFosseDoComeco) {
-  std::vector<std::string> base = {"kernel.cfg", "fotos", "-c", "0.1", "-f", "default 0.2 0.1"};
+// What `base` has made is made again with the options that have changed, as from the start.
+void MudancaDeOpcao::refazTudo(std::vector<std::string> base) {
   ASSERT_EQ(rodaLote(base).estado, 0);
   const PASTAS antes = feitas("resultado");
   base.insert(base.end(), GetParam().args.begin(), GetParam().args.end());
@@ -174,11 +177,33 @@ TEST_P(MudancaDeOpcao, RefazTudoComoSeFosseDoComeco) {
   EXPECT_TRUE(arvore("resultado") == mudada);
 }
 
+TEST_P(MudancaDeOpcao, RefazTudoComoSeFosseDoComeco) {
+  refazTudo(comando());
+}
+
+TEST_P(MudancaDoApurado, RefazTudoComoSeFosseDoComeco) {
+  refazTudo({"kernel.cfg", "fotos"});
+}
+
 const std::vector<MUDANCA> mudancas = {
     {"MinCorr", {"-c", "0.3"}}, {"Limiares", {"-f", "default 0.4 0.1"}},
     {"Escala", {"-e", "2um"}},  {"SemBorda", {"--sem-borda"}},
     {"Inverte", {"-i"}},        {"Idioma", {"--idioma", "en"}}};
 INSTANTIATE_TEST_SUITE_P(CadaUma, MudancaDeOpcao, testing::ValuesIn(mudancas),
+                         [](const auto& linha) { return linha.param.nome; });
+
+const std::vector<MUDANCA> mudancasDoApurado = {{"MinCorr", {"-c", "0.1"}},
+                                                {"Familias", {"--familias", "cq"}},
+                                                {"Tamanhos", {"--tamanhos", "5-18"}},
+                                                {"Sobreposicao", {"--sobreposicao", "0"}},
+                                                {"SemLetras", {"--sem-letras"}},
+                                                {"Sensibilidade", {"--sensibilidade", "0.9"}},
+                                                {"Escala", {"-e", "2um"}},
+                                                {"SemBorda", {"--sem-borda"}},
+                                                {"Inverte", {"-i"}},
+                                                {"Idioma", {"--idioma", "en"}},
+                                                {"Metodo", {"--metodo", "classico"}}};
+INSTANTIATE_TEST_SUITE_P(CadaUma, MudancaDoApurado, testing::ValuesIn(mudancasDoApurado),
                          [](const auto& linha) { return linha.param.nome; });
 
 TEST_F(Lote, MudarSoOResumoNaoRefazFotos) {
@@ -248,7 +273,7 @@ TEST_F(Lote, MudarLimiaresOuEscalaNaoProcuraDeNovo) {
   ASSERT_EQ(rodaLote(comando({"-e", "2um", "fotos"})).estado, 0);
   EXPECT_TRUE(mesmo("ho1", "resultado/f0/f0.ho1"));
   EXPECT_TRUE(mesmo("png", "resultado/f0/f0.png"));
-  ASSERT_EQ(rodaLote({"-c", "0.1", "-f", "default 0.4 0.1", "kernel.cfg", "fotos"}).estado, 0);
+  ASSERT_EQ(rodaLote(comando({"-f", "default 0.4 0.1", "fotos"})).estado, 0);
   EXPECT_TRUE(mesmo("ho1", "resultado/f0/f0.ho1"));
   EXPECT_FALSE(mesmo("png", "resultado/f0/f0.png"));
 }

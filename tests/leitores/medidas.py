@@ -16,6 +16,10 @@ COLUNAS = ("indice", "letra", "forma", "linha_px", "coluna_px", "d1_px", "d2_px"
            "correlacao", "area_px2", "diametro_equivalente_px", "perimetro_px", "diametro_menor_px",
            "diametro_maior_px", "alongamento", "toca_borda")
 
+# Columns that follow for fitted grains.
+DOS_APURADOS = ("apoio", "contraste", "erro_linha_px", "erro_coluna_px", "erro_d1_px", "erro_d2_px",
+                "erro_angulo_graus")
+
 # Words of the English tables, taken back to those of the Portuguese ones.
 INGLES = {
     "photograph": "foto", "index": "indice", "letter": "letra", "shape": "forma", "row": "linha",
@@ -28,7 +32,9 @@ INGLES = {
     "grains_per": "graos_por", "size": "tamanho", "weight": "peso", "mean": "media",
     "standard_deviation": "desvio_padrao", "fw_mean": "media_fw", "fw_sorting": "selecao_fw",
     "fw_skewness": "assimetria_fw", "fw_kurtosis": "curtose_fw", "retained": "retida",
-    "passing": "passante", "pan": "fundo", "circle": "circulo", "square": "quadrado",
+    "passing": "passante", "support": "apoio", "contrast": "contraste", "error_row": "erro_linha",
+    "error_column": "erro_coluna", "error_d1": "erro_d1", "error_d2": "erro_d2",
+    "error_angle_deg": "erro_angulo_graus", "pan": "fundo", "circle": "circulo", "square": "quadrado",
     "rectangle": "retangulo", "ellipse": "elipse", "number": "numero", "area": "area",
     "volume": "volume", "total": "total",
 }
@@ -140,6 +146,17 @@ def comEscala(graos, lado, unidade):
         if px in ("px", "px2"):
             fator = lado if nome in COMPRIMENTOS else lado * lado
             graos[f"{nome}_{unidade}{px[2:]}"] = graos[coluna] * fator
+    return graos
+
+
+def comErros(graos, apurados, lado, unidade):
+    """The table with what a table of vorplex-apura says of the same grains beyond their shape."""
+    graos = graos.copy()
+    for coluna in DOS_APURADOS:
+        graos[coluna] = apurados[coluna]
+    for coluna in DOS_APURADOS if unidade != "px" else ():
+        if coluna.endswith("_px"):
+            graos[f"{coluna[:-3]}_{unidade}"] = apurados[coluna] * lado
     return graos
 
 

@@ -4,6 +4,7 @@ relatorio.py RESULTS LANGUAGE SCALE SIZE WEIGHT SIEVES [PICTURES]    arguments a
     with PICTURES, screenshots are left in that folder
 """
 import io
+import math
 import re
 import sys
 
@@ -107,10 +108,28 @@ class Relatorio:
 
     def confereFiltro(self):
         """Slider, switches and the table to download, against the same filter by pandas."""
-        fortes = self.graos[self.graos["correlacao"] >= 0.3]
-        exige(0 < len(fortes) < len(self.graos), "nothing to filter at 0.3")
-        self.n.poe("#corr", 0.3)
-        self.confereSelecao(fortes, "correlation from 0.3 up")
+        apurado = "apoio" in self.graos
+        exige(self.n.avalia("document.getElementById('criterio').hidden") is not apurado, "selector")
+        self.confereCursor(*("apoio", self.centesimo("apoio")) if apurado else ("correlacao", 0.3))
+        if apurado:
+            self.confereCriterio("correl")
+            self.confereCursor("correlacao", self.centesimo("correlacao"))
+
+    def centesimo(self, coluna):
+        """About a fifth of the grains lie below it; the slider stands at hundredths."""
+        return math.floor(self.graos[coluna].quantile(0.2) * 100) / 100
+
+    def confereCriterio(self, criterio):
+        self.n.avalia(f"{{const e = document.getElementById('criterio'); e.value = '{criterio}';"
+                      "e.dispatchEvent(new Event('change'));}")
+        self.n.quadros()
+        self.confereSelecao(self.graos, f"slider for {criterio}")
+
+    def confereCursor(self, coluna, limite):
+        fortes = self.graos[self.graos[coluna] >= limite]
+        exige(0 < len(fortes) < len(self.graos), f"nothing to filter at {limite}")
+        self.n.poe("#corr", limite)
+        self.confereSelecao(fortes, f"{coluna} from {limite} up")
         self.confereBaixado(fortes)
         for letra, forma in FORMAS.items():
             caixa = f"#familias input[value={letra}]"
@@ -121,11 +140,11 @@ class Relatorio:
             if letra == "q":
                 self.confereBaixado(sem)
             self.troca(caixa)
-        # Exactly at the correlation of a grain: the table and the page must agree on >=.
-        limite = float(fortes["correlacao"].median())
-        limite = float(fortes["correlacao"][(fortes["correlacao"] - limite).abs().idxmin()])
+        # Exactly at the value of a grain: the table and the page must agree on >=.
+        limite = float(fortes[coluna].median())
+        limite = float(fortes[coluna][(fortes[coluna] - limite).abs().idxmin()])
         self.n.poe("#corr-exata", limite)
-        self.confereSelecao(self.graos[self.graos["correlacao"] >= limite], f"from {limite} up")
+        self.confereSelecao(self.graos[self.graos[coluna] >= limite], f"from {limite} up")
         self.n.poe("#corr-exata", 1.5)
         self.confereSelecao(self.graos[:0], "no grain")
         self.n.avalia("document.querySelector('button[type=reset]').click()")

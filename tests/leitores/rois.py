@@ -69,7 +69,9 @@ def tipoEsperado(grao):
 def pixelsDentro(grao, folga):
     """How many pixel centres lie in the shape, made larger by `folga` px all around."""
     lado = int(grao.diametro_maior_px) + 3
-    y, x = numpy.mgrid[-lado:lado + 1, -lado:lado + 1]
+    y, x = numpy.mgrid[-lado:lado + 1, -lado:lado + 1].astype(float)
+    y -= grao.linha_px - round(grao.linha_px)
+    x -= grao.coluna_px - round(grao.coluna_px)
     ang = numpy.radians(0 if grao.letra == "c" else grao.angulo_graus)
     u = numpy.abs(x * numpy.cos(ang) + y * numpy.sin(ang)) / (grao.d1_px / 2 + folga)
     v = numpy.abs(y * numpy.cos(ang) - x * numpy.sin(ang)) / (grao.d2_px / 2 + folga)

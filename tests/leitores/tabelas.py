@@ -1,8 +1,9 @@
 """pandas reads the tables of a run of vorplex-lote; numpy measures again what they say.
 
-tabelas.py RESULTS PHOTOGRAPHS LANGUAGE SCALE SIZE WEIGHT SIEVES all|inside
+tabelas.py RESULTS PHOTOGRAPHS LANGUAGE SCALE SIZE WEIGHT SIEVES all|inside [FITTED]
     PHOTOGRAPHS  their folder; those that can't be read must be missing in the tables
     SCALE        as 0.05mm, or px;  SIEVES  as 0.5,1 or empty;  inside  without grains at the border
+    FITTED       a folder with what vorplex-apura makes of each list, NAME.csv, in Portuguese
 """
 import os
 import re
@@ -11,7 +12,7 @@ import sys
 import pandas
 from osgeo import gdal
 
-from medidas import comEscala, exige, leLista, leTabela, mede, perto, resumo
+from medidas import comErros, comEscala, exige, leLista, leTabela, mede, perto, resumo
 
 gdal.UseExceptions()
 gdal.SetConfigOption("GDAL_ERROR_ON_LIBJPEG_WARNING", "TRUE")  # half a photograph is none
@@ -40,7 +41,17 @@ def comparaTabelas(lida, esperada, onde):
                 perto(a, b, *lugar)
 
 
-def confereLote(pasta, fotos, idioma, escala, grandeza, peso, aberturas, quais):
+def graosEsperados(pasta, nome, apurados, tamanho, lado, unidade):
+    """Measured again: by the list of the results, or by what vorplex-apura says."""
+    if apurados is None:
+        return comEscala(mede(leLista(f"{pasta}/{nome}/{nome}.ho2"), *tamanho), lado, unidade)
+    tabela = leTabela(f"{apurados}/{nome}.csv")
+    lista = tabela.rename(columns={"correlacao": "correl", "linha_px": "li", "coluna_px": "ci",
+                                   "d1_px": "d1", "d2_px": "d2", "angulo_graus": "ang"})
+    return comErros(comEscala(mede(lista, *tamanho), lado, unidade), tabela, lado, unidade)
+
+
+def confereLote(pasta, fotos, idioma, escala, grandeza, peso, aberturas, quais, apurados=None):
     ingles = idioma == "en"
     lado, unidade = re.fullmatch(r"([\d.]*)([a-z]+)", escala).groups()
     lado = float(lado or 1)
@@ -52,7 +63,7 @@ def confereLote(pasta, fotos, idioma, escala, grandeza, peso, aberturas, quais):
             exige(not os.path.exists(f"{pasta}/{nome}/graos.csv"), nome, "broken, but has a table")
             exige(os.path.exists(f"{pasta}/{nome}/mensagens.txt"), nome, "its failure is not told")
             continue
-        graos = comEscala(mede(leLista(f"{pasta}/{nome}/{nome}.ho2"), *tamanho), lado, unidade)
+        graos = graosEsperados(pasta, nome, apurados, tamanho, lado, unidade)
         naBorda += graos["toca_borda"].sum()
         if quais == "inside":
             graos = graos[graos["toca_borda"] == 0].reset_index(drop=True)
@@ -73,9 +84,10 @@ def confereLote(pasta, fotos, idioma, escala, grandeza, peso, aberturas, quais):
 
 
 if __name__ == "__main__":
-    pasta, fotos, idioma, escala, grandeza, peso, malhas, quais = sys.argv[1:]
+    pasta, fotos, idioma, escala, grandeza, peso, malhas, quais, *apurados = sys.argv[1:]
     malhas = [float(m) for m in malhas.split(",") if m]
-    n, graos, naBorda = confereLote(pasta, fotos, idioma, escala, grandeza, peso, malhas, quais)
+    n, graos, naBorda = confereLote(pasta, fotos, idioma, escala, grandeza, peso, malhas, quais,
+                                    *apurados)
     exige(n > 1 and graos > 10, f"{n} photographs and {graos} grains are too few to show anything")
     print(f"{n} photographs, {graos} grains, {naBorda} at a border" +
           (" left out" if quais == "inside" else ""))

@@ -71,7 +71,7 @@ def confere_d50(nome, grandeza, escala, min_corr):
 
 
 def confere_paginas():
-    for nome in ("cheia", "ingles", "area", "umgrao", "semgraos", "vazia"):
+    for nome in ("cheia", "ingles", "apurada", "area", "umgrao", "semgraos", "vazia"):
         with open(f"{pasta}/{nome}.json", encoding="utf-8") as f:
             inicial, tres, nove = json.load(f)
         for largura, altura in ((400, 800), (1280, 900)):
@@ -125,6 +125,44 @@ def confere_filtro():
     n.avalia("document.querySelector('button[type=reset]').click()")
     n.quadros()
     confere_d50("ingles", "minor_diameter_mm", "mm", 0.1)
+    em_ordem()
+
+
+def confere_apurada():
+    """The slider of fitted grains goes over their support, or over correlation."""
+    n.abre(f"{pasta}/apurada.html")
+    confere_rotulos()
+    cabeca, *linhas = tabela("apurada")
+    opcoes = n.avalia("[...document.querySelectorAll('#criterio option')].map(e => e.textContent)")
+    assert opcoes == ["Minimum support", "Minimum correlation"], opcoes
+    assert n.avalia("document.getElementById('nome-corr').hidden")
+    assert n.avalia("document.getElementById('corr').ariaLabel") == "Minimum support"
+    for criterio, coluna in (("apoio", "support"), ("correl", "correlation")):
+        n.avalia(f"{{const e = document.getElementById('criterio'); e.value = '{criterio}';"
+                 "e.dispatchEvent(new Event('change'));}")
+        n.quadros()
+        assert contados() == len(linhas)
+        poe("#corr", 0.6)
+        esperadas = [r for r in linhas if float(r[cabeca.index(coluna)]) >= 0.6]
+        assert 0 < contados() == len(esperadas) < len(linhas)
+        dito = baixado("#baixa-csv", "graos.csv").decode("utf-8")
+        assert list(csv.reader(dito.splitlines(keepends=True))) == [cabeca, *esperadas]
+        assert texto("#filtro-papel").startswith(f"Filter: {coluna} ≥ 0.6; circles")
+    n.avalia("document.querySelector('button[type=reset]').click()")
+    n.quadros()
+    assert contados() == len(linhas) and n.avalia("document.getElementById('criterio').value") == "apoio"
+    n.avalia("vorplex.visores[0].raiz.open = true")
+    espera(lambda: n.avalia("!!vorplex.visores[0].mapa"), "the viewer does not open")
+    n.avalia("vorplex.escolheGrao(0, vorplex.fotos[0].graos.find(g => g.letra === 'r'))")
+    n.quadros()
+    ficha = n.avalia("[...document.querySelectorAll('#foto-0 .ficha dd')].map(e => e.textContent)")
+    assert len(ficha) == 15, ficha
+    for k, vezes in ((1, 1), (2, 1), (3, 2), (4, 1)):  # row, column, sizes, angle
+        assert ficha[k].count(" ± ") == vezes, ficha
+    if retratos:
+        n.avalia("vorplex.visores[0].raiz.scrollIntoView()")
+        n.avalia("new Promise(f => setTimeout(f, 400)).then(() => 1)")
+        n.retrato(f"{retratos}/apurada-visor.png")
     em_ordem()
 
 
@@ -287,7 +325,7 @@ def confere_faltas():
 def confere_barra():
     """The bar covers nothing that the reader has gone to, and is one line on a usual screen."""
     for largura, linhas in ((1280, 1), (1100, 2), (400, 4)):
-        for nome in ("cheia", "ingles"):
+        for nome in ("cheia", "ingles", "apurada"):
             n.abre(f"{pasta}/{nome}.html", largura, 800)
             n.avalia("document.querySelectorAll('#tabela-fotos a')[1].click()")
             espera(lambda: n.avalia("!!vorplex.visores[1].mapa"), "the viewer does not open")
@@ -322,11 +360,12 @@ try:
     else:
         confere_paginas()
         confere_filtro()
+        confere_apurada()
         confere_downloads()
         confere_visores()
         confere_papel()
         confere_faltas()
         confere_barra()
-        print("6 pages")
+        print("7 pages")
 finally:
     n.fecha()

@@ -78,7 +78,7 @@ TEST(Ajustes, TudoQueOsScriptsLeem) {
   const std::string comeco =
       R"({"idioma":"pt","titulo":"A \"b\"","comando":"vorplex-lote x",)"
       R"("escala":{"lado":0.05,"unidade":"mm"},"grandeza":"menor","peso":"volume",)"
-      R"("peneiras":[0.5,1],"minCorr":0.1,"colunas":["foto","indice","letra",)";
+      R"("peneiras":[0.5,1],"minCorr":0.1,"apurado":0,"colunas":["foto","indice","letra",)";
   EXPECT_EQ(json.substr(0, comeco.size()), comeco);
   EXPECT_TRUE(contem(json, "\"diametro_maior_mm\"],\"formas\":{\"c\":\"circulo\","));
 }

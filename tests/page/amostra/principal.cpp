@@ -49,6 +49,23 @@ std::vector<MAXLOCAL> sorteiaGraos(std::mt19937& sorteio, int quantos, int rows,
   return v;
 }
 
+// The same as fitted ones, at fractions of a pixel.
+std::vector<refine::APURADO> apura(std::mt19937& sorteio, const std::vector<MAXLOCAL>& v) {
+  std::vector<refine::APURADO> apurados;
+  for (const MAXLOCAL& m : v) {
+    refine::APURADO a;
+    a.figura = refine::figura(m);
+    a.figura.l += entre(sorteio, -0.5, 0.5);
+    a.figura.c += entre(sorteio, -0.5, 0.5);
+    a.correl = m.correl;
+    a.apoio = entre(sorteio, 0.35, 1);
+    a.contraste = entre(sorteio, 0.1, 0.5);
+    for (double& s : a.erro) s = entre(sorteio, 0.02, 0.2);
+    apurados.push_back(a);
+  }
+  return apurados;
+}
+
 // Bright sand with dark grains, noise on all of it.
 void desenhaFoto(const std::vector<MAXLOCAL>& v, int rows, int cols, const std::string& nome) {
   cv::RNG sorteio(static_cast<std::uint64_t>(rows) + v.size());
@@ -78,15 +95,15 @@ FOTO_DA_PAGINA novaFoto(const std::string& pasta, const std::string& nome,
   return {nome, arquivo + ".figura", tamanho, medeTodos(v, tamanho.height, tamanho.width)};
 }
 
-// What is said of the grains of at least `minCorr`.
-std::string esperado(const PAGINA& pagina, double minCorr) {
+// What is said of the grains whose support, or else correlation, is at least `minimo`.
+std::string esperado(const PAGINA& pagina, double minimo) {
   std::vector<MEDIDA> medidas;
   for (const FOTO_DA_PAGINA& foto : pagina.fotos) {
     for (const GRAO& g : foto.graos) {
       // The decimals of the lists decide, not the float that stands for them.
       std::string decimais;
       poeNumero(decimais, g.correl);
-      if (std::stod(decimais) < minCorr) continue;
+      if ((g.medido ? g.medido->apoio : std::stod(decimais)) < minimo) continue;
       medidas.push_back(medida(g, pagina.escala, pagina.grandeza, pagina.peso));
     }
   }
@@ -127,13 +144,16 @@ std::string esperado(const PAGINA& pagina, double minCorr) {
 
 void escreve(const PAGINA& pagina, const std::string& nome) {
   impPagina(pagina, nome + ".html");
-  TABELA_GRAOS tabela = abreGraosCsv(nome + ".csv", pagina.escala.unidade, pagina.idioma);
+  TABELA_GRAOS tabela =
+      abreGraosCsv(nome + ".csv", pagina.escala.unidade, pagina.idioma, pagina.metodo);
   for (const FOTO_DA_PAGINA& f : pagina.fotos) {
-    acrescenta(tabela, {f.nome, f.tamanho.height, f.tamanho.width, pagina.escala, f.graos});
+    acrescenta(tabela,
+               {f.nome, f.tamanho.height, f.tamanho.width, pagina.escala, f.graos, pagina.metodo});
   }
   conclui(std::move(tabela));
-  std::ofstream(nome + ".json") << '[' << esperado(pagina, pagina.minCorr) << ','
-                                << esperado(pagina, 0.3) << ',' << esperado(pagina, 0.9) << "]\n";
+  const double inicio = pagina.metodo == METODO::apurado ? 0 : pagina.minCorr;
+  std::ofstream(nome + ".json") << '[' << esperado(pagina, inicio) << ',' << esperado(pagina, 0.3)
+                                << ',' << esperado(pagina, 0.9) << "]\n";
 }
 
 void escrevePequenas(const std::string& pasta) {
@@ -164,6 +184,17 @@ void escrevePequenas(const std::string& pasta) {
   en.grandeza = GRANDEZA::menor;
   en.fotos.resize(3);
   escreve(en, pasta + "/ingles");
+
+  PAGINA apurada = en;
+  apurada.metodo = METODO::apurado;
+  apurada.titulo = "River sand, fitted";
+  apurada.minCorr = 0.02;
+  for (FOTO_DA_PAGINA& f : apurada.fotos) {
+    std::vector<MAXLOCAL> v;
+    for (const GRAO& g : f.graos) v.push_back(registro(g));
+    f.graos = medeApurados(apura(sorteio, v), f.tamanho.height, f.tamanho.width);
+  }
+  escreve(apurada, pasta + "/apurada");
 
   PAGINA area = p;
   area.falharam = {"um"};
