@@ -11,6 +11,7 @@
 #include "refine/escolha.h"
 #include "refine/medida.h"
 #include "refine/paralelo.h"
+#include "refine/sombra.h"
 #include "refine/vizinhos.h"
 
 namespace refine {
@@ -53,6 +54,13 @@ bool servePara(const MAXLOCAL& m, int rows, int cols) {
   const double d2 = m.forma == 'c' || m.forma == 'q' ? m.d1 : m.d2;
   return m.d1 >= 1 && d2 >= 1 && m.d1 <= maior && d2 <= maior && m.li >= 0 && m.li < rows &&
          m.ci >= 0 && m.ci < cols && std::fabs(m.ang) <= 1e6;
+}
+
+MODO_DE_AJUSTAR modoDeAjustar(const MODO_DE_APURAR& modo) {
+  const auto tem = [&](char forma) {
+    return !modo.semLetras && modo.familias.find(forma) != std::string::npos;
+  };
+  return {tem('e'), tem('r'), modo.fios};
 }
 
 double diametro(const FIGURA& f) {
@@ -148,10 +156,10 @@ std::vector<double> apoios(const JUIZO& j, const PESOS& pesos) {
   return p;
 }
 
-// The least support that is kept: 0.35 in the middle, towards 0.9 and 0.05 at the ends.
+// The least support that is kept: 0.33 in the middle, towards 0.9 and 0.05 at the ends.
 double menorApoio(double sensibilidade) {
   const double s = std::clamp(sensibilidade, 0.0, 1.0);
-  return s < 0.5 ? 0.35 + (0.5 - s) * 1.1 : 0.35 - (s - 0.5) * 0.6;
+  return s < 0.5 ? 0.33 + (0.5 - s) * 1.14 : 0.33 - (s - 0.5) * 0.56;
 }
 
 }  // namespace
@@ -170,7 +178,7 @@ APURACAO apura(const cv::Mat_<unsigned char>& imagem, const std::vector<MAXLOCAL
   }
   if (boas.empty()) return r;
   const CAMPO campo = preparaCampo(imagem);
-  std::vector<CANDIDATO> v = ajustaTodos(campo, boas, modo.fios);
+  std::vector<CANDIDATO> v = ajustaTodos(campo, boas, modoDeAjustar(modo), pesos);
   std::erase_if(v, [&](const CANDIDATO& c) {
     const double d = diametro(c.figura);
     return d < 0.85 * modo.menor || d > modo.maior / 0.85;
@@ -183,6 +191,7 @@ APURACAO apura(const cv::Mat_<unsigned char>& imagem, const std::vector<MAXLOCAL
     if (p[i] >= menorApoio(modo.sensibilidade)) ficam.push_back(i);
   }
   std::vector<APURADO> graos(ficam.size());
+  std::vector<MEDIDO> medidos(ficam.size());
   VIZINHOS aceitos(32);
   for (const std::size_t i : ficam) aceitos.poe(j.figuras[j.escolhidos[i]]);
   paraTodos<MESA_DE_EXAME>(ficam.size(), modo.fios, [&](std::size_t i, MESA_DE_EXAME& m) {
@@ -193,17 +202,23 @@ APURACAO apura(const cv::Mat_<unsigned char>& imagem, const std::vector<MAXLOCAL
     });
     const std::string familias =
         modo.semLetras ? std::string(1, j.figuras[k].forma) : modo.familias;
-    const std::optional<MEDIDA> medida =
-        medeMelhor(campo.andares[0], j.figuras[k], familias, m.encobrem, m.bancada);
+    const ANDAR& foto = campo.andares[0];
+    medidos[i].inteiro = medeMelhor(foto, j.figuras[k], familias, m.encobrem, m.bancada);
+    if (!medidos[i].inteiro) return;
+    medidos[i].semSombra = semSombra(foto, *medidos[i].inteiro, m.encobrem, m.bancada);
+  });
+  tiraSombras(medidos);
+  for (std::size_t i = 0; i < ficam.size(); ++i) {
+    const std::size_t k = j.escolhidos[ficam[i]];
     APURADO& g = graos[i];
     g.correl = v[k].correl;
     g.apoio = p[ficam[i]];
     g.contraste = j.exames[k].contraste;
-    if (medida) {
-      g.figura = medida->figura;
-      g.erro = medida->erro;
+    if (medidos[i].inteiro) {
+      g.figura = medidos[i].inteiro->figura;
+      g.erro = medidos[i].inteiro->erro;
     }
-  });
+  }
   std::erase_if(graos, [&](const APURADO& g) {
     const double d = diametro(g.figura);
     return !(g.figura.d1 > 0) || d < modo.menor || d > modo.maior;

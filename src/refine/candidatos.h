@@ -4,6 +4,7 @@
 
 #include "refine/campo.h"
 #include "refine/figura.h"
+#include "refine/pesos.h"
 #include "refine/tracos.h"
 
 namespace refine {
@@ -21,9 +22,16 @@ struct CANDIDATO {
   EXAME exame;
 };
 
-// Fits every detection to the edges around it; those that end as the same shape are one, the first
-// of them. In the order of the list, whatever the number of threads.
+struct MODO_DE_AJUSTAR {
+  bool elipses = true;     // circles may become ellipses, squares rectangles: with all of their
+  bool retangulos = true;  // freedom more fits meet in the same shape
+  int fios = 1;            // threads
+};
+
+// Fits every detection to the edges around it: all of them coarsely, the promising ones finely.
+// Those that end as the same shape are one, the first of them. In the order of the list, whatever
+// the number of threads.
 std::vector<CANDIDATO> ajustaTodos(const CAMPO& campo, const std::vector<DETECCAO>& lista,
-                                   int fios);
+                                   const MODO_DE_AJUSTAR& modo, const PESOS& pesos);
 
 }  // namespace refine

@@ -13,7 +13,8 @@ namespace {
 
 using VALORES = std::vector<double>;
 
-double medianaPesada(const VALORES& x, const VALORES& peso) {
+// The value below which `parte` of the weight lies.
+double quantilPesado(const VALORES& x, const VALORES& peso, double parte) {
   std::vector<std::size_t> ordem(x.size());
   std::iota(ordem.begin(), ordem.end(), std::size_t{0});
   std::sort(ordem.begin(), ordem.end(),
@@ -22,9 +23,13 @@ double medianaPesada(const VALORES& x, const VALORES& peso) {
   double soma = 0;
   for (const std::size_t k : ordem) {
     soma += peso[k];
-    if (soma >= total / 2) return x[k];
+    if (soma >= total * parte) return x[k];
   }
   return x[ordem.back()];
+}
+
+double medianaPesada(const VALORES& x, const VALORES& peso) {
+  return quantilPesado(x, peso, 0.5);
 }
 
 // What is compared, the least distance that counts as one, and whether its sign counts too.
@@ -96,6 +101,10 @@ std::vector<COMPANHIA> comparaTodos(const std::vector<EXAME>& exames, const VALO
   }
   const VALORES r = relativos(notas, peso, 0.3);
   poe([&](std::size_t k) { return pesoDaCompanhia * std::clamp(r[k], -5.0, 5.0); });
+  for (const double parte : {0.25, 0.75}) {
+    const double q = quantilPesado(notas, probabilidades, parte);
+    poe([&](std::size_t) { return q; });
+  }
   return v;
 }
 

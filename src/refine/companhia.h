@@ -9,7 +9,7 @@
 namespace refine {
 
 // What is looked at to judge a chosen shape by the others of its picture.
-inline constexpr std::size_t quantosDaCompanhia = 28;
+inline constexpr std::size_t quantosDaCompanhia = 30;
 using COMPANHIA = std::array<float, quantosDaCompanhia>;
 
 // For each chosen shape, by how much it differs from the middle of all: medians weighted by

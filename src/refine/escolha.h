@@ -12,6 +12,7 @@ struct REGRAS {
   double sobreposicao = 0.3;    // of either area
   double contornoLivre = 0.35;  // of the outline, not inside others
   double menorNota = -3;
+  double notaDeTroca = -1;  // those above it are chosen and exchanged before the others fill up
 };
 
 // Which of the shapes to keep: from the best score down, each that leaves the ones before it enough

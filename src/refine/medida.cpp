@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 #include <vector>
 
 namespace refine {
@@ -69,23 +70,43 @@ int quantosJuntar(const ANDAR& foto, double rampa, std::size_t amostras) {
   return static_cast<int>(std::min({n, 8.0, static_cast<double>(amostras) / 24}));
 }
 
-}  // namespace
+// Standard errors from the equations of the last step; false when they have none.
+bool erros(const EQUACOES& q, int junta, MEDIDA& m) {
+  const std::optional<SISTEMA> c = covariancia(q);
+  if (!c) return false;
+  const auto sigma = [&](int i) {
+    const auto k = static_cast<std::size_t>(i);
+    const double s = 2.2 * std::sqrt(std::max(0.0, (*c)[k][k]) * (1 + 2.0 * junta));
+    return std::sqrt(s * s + 0.06 * 0.06);
+  };
+  m.erro[0] = sigma(0);
+  m.erro[1] = sigma(1);
+  m.erro[2] = sigma(2);
+  m.erro[3] = q.n == 5 ? sigma(3) : m.erro[2];
+  m.erro[4] = q.n == 3 ? 0 : sigma(q.n - 1) * (180 / std::numbers::pi);
+  return true;
+}
 
-std::optional<MEDIDA> mede(const ANDAR& foto, const FIGURA& inicial, ENCOBREM encobrem,
-                           BANCADA& b) {
+// How the edges of a measure are looked for.
+struct PROCURA {
+  double alcance;
+  double primeira = 0;  // slope of an innermost edge; 0: the strongest edge
+};
+
+std::optional<MEDIDA> medeCom(const ANDAR& foto, const FIGURA& inicial, PROCURA procura,
+                              ENCOBREM encobrem, BANCADA& b) {
   MEDIDA m;
   FIGURA& f = m.figura;
   f = inicial;
-  double alcance = std::clamp(0.25 * menorMetade(f), 1.5, 4.0);
-  int junta = 0;
-  int nitidez = 4;
+  double alcance = procura.alcance;
+  int junta = procura.primeira > 0 ? 2 : 0;
+  int nitidez = procura.primeira > 0 ? 0 : 4;
   ESTADO_DA_MEDIDA e;
   EQUACOES q;
-  double tolerancia = 1;
   for (int k = 0; k < passos; ++k) {
     const int n = static_cast<int>(std::clamp(perimetro(f), 32.0, 400.0)) / 2 * 2;
     amostra(f, n, b.amostras);
-    procuraBordas(foto, b.amostras, {alcance, 0.5, nitidez, junta}, b.bordas);
+    procuraBordas(foto, b.amostras, {alcance, 0.5, nitidez, procura.primeira, junta}, b.bordas);
     esconde(encobrem, b);
     e = olha(b);
     b.deslocamentos.resize(b.bordas.size());
@@ -93,34 +114,50 @@ std::optional<MEDIDA> mede(const ANDAR& foto, const FIGURA& inicial, ENCOBREM en
       b.deslocamentos[i] =
           b.bordas[i].desvio + b.amostras[i].curvatura * (e.desfoque - 1.0 / 3) / 2;
     }
-    tolerancia = std::max(0.15, 3 * e.espalha);
-    q = equacoes(foto, f, b.deslocamentos, tolerancia, b);
+    q = equacoes(foto, f, b.deslocamentos, std::max(0.15, 3 * e.espalha), b);
     const std::optional<VETOR> v = resolve(q, 0);
     if (!v) return std::nullopt;
     const double movida = move(f, *v);
     if (perdida(foto, f)) return std::nullopt;
     if (movida < parada && k >= 2) break;
+    if (procura.primeira > 0) continue;
     nitidez = static_cast<int>(std::clamp(4 * std::sqrt(e.desfoque), 2.0, 12.0));
     junta = quantosJuntar(foto, e.rampa, b.bordas.size());
     alcance = std::clamp(std::max(2.5 * std::sqrt(e.desfoque), 0.15 * menorMetade(f)), 1.5, 6.0);
     alcance = std::min(alcance, std::max(1.5, 0.6 * menorMetade(f)));
   }
+  m.rampa = e.rampa;
   m.residuo = e.espalha;
   m.vista = e.vista;
   m.quantas = e.quantas;
-  const std::optional<SISTEMA> c = covariancia(q);
-  if (!c) return std::nullopt;
-  const auto sigma = [&](int i) {
-    const auto k = static_cast<std::size_t>(i);
-    const double s = 2 * std::sqrt(std::max(0.0, (*c)[k][k]) * (1 + 2.0 * junta));
-    return std::sqrt(s * s + 0.04 * 0.04);
-  };
-  m.erro[0] = sigma(0);
-  m.erro[1] = sigma(1);
-  m.erro[2] = sigma(2);
-  m.erro[3] = q.n == 5 ? sigma(3) : m.erro[2];
-  m.erro[4] = q.n == 3 ? 0 : sigma(q.n - 1) * (180 / 3.14159265358979);
+  if (!erros(q, junta, m)) return std::nullopt;
   return m;
+}
+
+}  // namespace
+
+std::optional<MEDIDA> mede(const ANDAR& foto, const FIGURA& f, ENCOBREM encobrem, BANCADA& b) {
+  return medeCom(foto, f, {std::clamp(0.25 * menorMetade(f), 1.5, 4.0)}, encobrem, b);
+}
+
+std::optional<MEDIDA> semSombra(const ANDAR& foto, const MEDIDA& m, ENCOBREM encobrem, BANCADA& b) {
+  PROCURA procura{std::clamp(0.5 * menorMetade(m.figura), 2.5, 8.0)};
+  procura.primeira = std::max(0.15 * m.rampa, 0.5 * foto.ruido);
+  const std::optional<MEDIDA> s = medeCom(foto, m.figura, procura, encobrem, b);
+  if (!s || area(s->figura) > 0.985 * area(m.figura) || s->vista < 0.85 * m.vista) return {};
+  if (s->residuo > std::max(1.5 * m.residuo, 0.3)) return {};
+  // The outlines meet on one side and are well apart on the other.
+  amostra(s->figura, 64, b.amostras);
+  const EIXOS e(m.figura);
+  double juntos = 0;
+  double longe = 0;
+  for (const AMOSTRA& a : b.amostras) {
+    if (!contem(m.figura, e, a.l + 0.5 * a.nl, a.c + 0.5 * a.nc)) juntos += 1;
+    if (contem(m.figura, e, a.l + 1.0 * a.nl, a.c + 1.0 * a.nc)) longe += 1;
+  }
+  const auto n = static_cast<double>(b.amostras.size());
+  if (juntos < 0.2 * n || longe < 0.15 * n) return {};
+  return s;
 }
 
 std::optional<MEDIDA> medeMelhor(const ANDAR& foto, const FIGURA& f, std::string_view familias,

@@ -41,16 +41,26 @@ struct PERFIL_LIDO {
   }
 };
 
-PICO pico(const PERFIL_LIDO& p, const std::array<float, maximoDePassos + 1>& peso) {
+// The step of the edge: where the slope counts most, or the first from inside that is a peak of at
+// least `primeira`.
+int passoDaBorda(const PERFIL_LIDO& p, const std::array<float, maximoDePassos + 1>& peso,
+                 float primeira) {
   int melhor = 0;
   float valor = -9;
   for (int k = -p.n; k <= p.n; ++k) {
-    const float r = p.valor(k) * peso[static_cast<std::size_t>(std::abs(k))];
-    if (r > valor) {
-      valor = r;
+    const float r = p.rampa(k);
+    const bool basta = primeira > 0 && r >= primeira && k > -p.n && k < p.n;
+    if (basta && r >= p.rampa(k - 1) && r >= p.rampa(k + 1)) return k;
+    const float v = p.valor(k) * peso[static_cast<std::size_t>(std::abs(k))];
+    if (v > valor) {
+      valor = v;
       melhor = k;
     }
   }
+  return melhor;
+}
+
+PICO pico(const PERFIL_LIDO& p, int melhor) {
   PICO x;
   const float r = p.rampa(melhor);
   x.rampa = r;
@@ -77,9 +87,23 @@ bool le(const ANDAR& andar, const AMOSTRA& a, int m, double passo, float* grey) 
         a.c < andar.cols - 1 + folga)) {
     return false;
   }
-  for (int k = -m; k <= m; ++k) {
-    const double s = k * passo;
-    grey[k + m] = andar.em(a.l + s * a.nl, a.c + s * a.nc);
+  const std::size_t linha = andar.liso.step1();
+  const float* origem = andar.liso.ptr<float>(0);
+  const auto l0 = static_cast<float>(a.l - longe * a.nl + ANDAR::margem);
+  const auto c0 = static_cast<float>(a.c - longe * a.nc + ANDAR::margem);
+  const auto dl = static_cast<float>(passo * a.nl);
+  const auto dc = static_cast<float>(passo * a.nc);
+  for (int k = 0; k <= 2 * m; ++k) {
+    const float l = l0 + static_cast<float>(k) * dl;
+    const float c = c0 + static_cast<float>(k) * dc;
+    const int li = static_cast<int>(l);
+    const int ci = static_cast<int>(c);
+    const float y = l - static_cast<float>(li);
+    const float x = c - static_cast<float>(ci);
+    const float* p = origem + static_cast<std::size_t>(li) * linha + ci;
+    const float cima = p[0] + x * (p[1] - p[0]);
+    const float baixo = p[linha] + x * (p[linha + 1] - p[linha]);
+    grey[k] = cima + y * (baixo - cima);
   }
   return true;
 }
@@ -126,12 +150,13 @@ void procuraBordas(const ANDAR& andar, std::span<const AMOSTRA> amostras, ALCANC
   }
   const auto passo = static_cast<float>(como.passo);
   const auto menor = static_cast<float>(andar.ruido / 2);
+  const auto primeira = static_cast<float>(2 * como.primeira);  // over two pixels
   const int m = p.meio();
   const int n = 2 * m + 1;
   bordas.assign(amostras.size(), {});
   const auto procura = [&](BORDA& b, const float* grey) {
     std::copy(grey, grey + n, p.grey.begin());
-    const PICO x = pico(p, peso);
+    const PICO x = pico(p, passoDaBorda(p, peso, primeira));
     b.rampa = x.rampa / 2;  // over two pixels
     b.desvio = x.onde * passo;
     b.largura2 = x.largura2 * passo * passo;

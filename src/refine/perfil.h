@@ -24,9 +24,10 @@ struct ALCANCE {
   double alcance;  // pixels to either side
   double passo;    // 1 or 1/2 pixel
   int nitidez =
-      0;          // steps: what a slope exceeds those so far to either side by counts, so that the
-                  // sharp edge of a grain is taken before the soft one of its shadow; 0: the slope
-  int junta = 0;  // profiles of so many neighbours to either side are averaged, against noise
+      0;  // steps: what a slope exceeds those so far to either side by counts, so that the
+          // sharp edge of a grain is taken before the soft one of its shadow; 0: the slope
+  double primeira = 0;  // the innermost edge of at least this slope is taken, not the strongest
+  int junta = 0;        // profiles of so many neighbours to either side are averaged, against noise
 };
 
 // The edge at every sample of a contour, places and lengths in pixels of the reduction. The edge is

@@ -4,6 +4,7 @@
 #include <cstddef>
 
 #include "refine/companhia.h"
+#include "refine/esboco.h"
 #include "refine/tracos.h"
 
 namespace refine {
@@ -30,8 +31,10 @@ struct NOTA {
   }
 };
 
-// What judging has been taught: of a shape alone, and in its picture's company.
+// What judging has been taught: of a coarse fit, of a
+// shape alone, and in its picture's company.
 struct PESOS {
+  NOTA<quantosEsbocados> esboco;
   NOTA<quantosTracos> sozinha;
   NOTA<quantosDaCompanhia> acompanhada;
 };
