@@ -9,9 +9,12 @@
 #include "apoio/erros.h"
 #include "apoio/figuras.h"
 #include "deteccao.h"
-#include "ingenuo.h"
+#include "referencia/filtro.h"
 
 namespace {
+
+using referencia::LIMIAR;
+using referencia::LIMIARES;
 
 using LISTA = std::vector<MAXLOCAL>;
 

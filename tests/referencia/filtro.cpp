@@ -86,17 +86,42 @@ bool invadeVizinho(const MAXLOCAL& m, const cv::Mat_<unsigned char>& mascara, GR
   return false;
 }
 
-// Takes the index `wi` of a withdrawn detection off the cells of its shape. The bounds are those
-// of the mask and not of the grid, the column's inclusive: only cells in the top left corner of the
-// image are cleared, all others keep the index. Results depend on it.
-void retira(const MAXLOCAL& m, const cv::Mat_<unsigned char>& mascara, GRADE& grade, int wi) {
+// Whether a withdrawn detection leaves a cell at rows and columns that are not negative. The bounds
+// are those of the mask and not of the grid, the column's inclusive: only cells in the top left
+// corner of the image are cleared, all others keep the index. Results depend on it.
+bool sai(int l, int c, const cv::Mat_<unsigned char>& mascara, const GRADE& grade,
+         RETIRADA retirada) {
+  switch (retirada) {
+    case RETIRADA::doTamanhoDaMascara:
+      return l < mascara.rows && c <= mascara.cols;
+    case RETIRADA::semUltimaColuna:
+      return l < mascara.rows && c < mascara.cols;
+    case RETIRADA::daImagem:
+      return static_cast<unsigned>(l) < grade.rows && static_cast<unsigned>(c) < grade.cols;
+    case RETIRADA::nenhuma:
+      return false;
+  }
+  return false;
+}
+
+// Takes the index `wi` of a withdrawn detection off the cells of its shape. Returns in how many of
+// the grid it stays.
+int retira(const MAXLOCAL& m, const cv::Mat_<unsigned char>& mascara, GRADE& grade, int wi,
+           RETIRADA retirada) {
+  int presos = 0;
   paraCadaPixel(m, mascara, [&](int l, int c) {
-    if (l < 0 || l >= mascara.rows || c < 0 || c > mascara.cols) return;
-    std::vector<int>& t = grade(static_cast<unsigned>(l), static_cast<unsigned>(c));
+    const auto ul = static_cast<unsigned>(l);
+    const auto uc = static_cast<unsigned>(c);
+    if (l < 0 || c < 0 || !sai(l, c, mascara, grade, retirada)) {
+      presos += ul < grade.rows && uc < grade.cols ? 1 : 0;
+      return;
+    }
+    std::vector<int>& t = grade(ul, uc);
     if (t.empty()) return;
     pim::afirma(t.back() == wi, "t.back()==int(wi)", {"vorplex", __LINE__, assinatura});
     t.pop_back();
   });
+  return presos;
 }
 
 GRADE gradeVazia(cv::Size tamanho) {
@@ -119,8 +144,9 @@ double sobreposicaoViz(const MAXLOCAL& m, int indice, cv::Mat_<unsigned char>& m
 
 }  // namespace
 
-void filtInter(const std::vector<MAXLOCAL>& entrada, std::vector<MAXLOCAL>& saida, cv::Size tamanho,
-               const LIMIARES& limiares) {
+RETIRADAS filtra(const std::vector<MAXLOCAL>& entrada, std::vector<MAXLOCAL>& saida,
+                 cv::Size tamanho, const LIMIARES& limiares, RETIRADA retirada) {
+  RETIRADAS retiradas;
   GRADE grade = gradeVazia(tamanho);
   for (const MAXLOCAL& m : entrada) {
     const LIMIAR limiar = limiares.de(m.forma);
@@ -132,9 +158,16 @@ void filtInter(const std::vector<MAXLOCAL>& entrada, std::vector<MAXLOCAL>& said
     paraCadaCelula(m, mascara, grade, [wi](std::vector<int>& t) { t.push_back(wi); });
     if (invadeVizinho(m, mascara, grade, wi, saida, limiares)) {
       saida.pop_back();
-      retira(m, mascara, grade, wi);
+      ++retiradas.retirados;
+      retiradas.presos += retira(m, mascara, grade, wi, retirada);
     }
   }
+  return retiradas;
+}
+
+void filtInter(const std::vector<MAXLOCAL>& entrada, std::vector<MAXLOCAL>& saida, cv::Size tamanho,
+               const LIMIARES& limiares) {
+  filtra(entrada, saida, tamanho, limiares);
 }
 
 }  // namespace referencia
