@@ -27,6 +27,10 @@ void converte(const cv::Mat_<unsigned char>& a, cv::Mat_<VEC3B>& b) {
   }
 }
 
+void converte(const cv::Mat_<VEC3B>& a, cv::Mat_<unsigned char>& b) {
+  cv::cvtColor(a, b, cv::COLOR_BGR2GRAY);
+}
+
 void myPyrDown(const cv::Mat_<float>& a, cv::Mat_<float>& b) {
   cv::pyrDown(a, b);
 }

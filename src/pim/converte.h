@@ -16,6 +16,10 @@ void converte(const cv::Mat_<unsigned char>& a, cv::Mat_<float>& b, double escal
 // `b` has the grey value of `a` in all three channels.
 void converte(const cv::Mat_<unsigned char>& a, cv::Mat_<VEC3B>& b);
 
+// 0.299 R + 0.587 G + 0.114 B of each pixel, rounded: what pim::le makes of a colour file that is
+// read in grey. Greys keep their value.
+void converte(const cv::Mat_<VEC3B>& a, cv::Mat_<unsigned char>& b);
+
 // The next level of a Gaussian pyramid (Burt and Adelson 1983): `a` smoothed by the 5x5 binomial
 // filter, then every second row and column kept, starting with the first. `b` has (rows+1)/2 by
 // (cols+1)/2 pixels; pixel (r, c) of it is centred on (2r, 2c) of `a`.

@@ -79,6 +79,16 @@ TEST(ConverteParaCor, OsTresCanaisTemOCinza) {
   }
 }
 
+TEST(ConverteParaCinza, CinzasFicamComoSao) {
+  cv::Mat_<unsigned char> a(16, 16);
+  for (int i = 0; i < 256; ++i) a(i / 16, i % 16) = static_cast<unsigned char>(i);
+  cv::Mat_<pim::VEC3B> cor;
+  pim::converte(a, cor);
+  cv::Mat_<unsigned char> b;
+  pim::converte(cor, b);
+  EXPECT_EQ(maiorDiferenca(a, b), 0);
+}
+
 TEST(MyPyrDown, ArredondaOTamanhoParaCima) {
   for (const auto& [rows, cols] : {std::pair{8, 6}, {7, 5}, {1, 1}, {2, 1}, {1, 9}}) {
     cv::Mat_<float> b;

@@ -82,6 +82,21 @@ TEST(Imp, PgmEhSempreCinzaEPpmSempreColorido) {
   EXPECT_EQ(maiorDiferenca(leCinza("a.ppm"), cenaCinza(5, 7)), 0);
 }
 
+TEST(Le, EmCinzaEhOQueConverteFazDaLidaEmCores) {
+  const PASTA pasta;
+  pim::imp(COR(aleatoria(31, 17, CV_8UC3, 2)), "a.png");
+  pim::imp(COR(aleatoria(31, 17, CV_8UC3, 3)), "a.jpg");
+  pim::imp(CINZA(aleatoria(31, 17, CV_8UC1, 4)), "a.pgm");
+  cv::imwrite("b.png", aleatoria(31, 17, CV_16UC3, 5));
+  cv::imwrite("c.png", aleatoria(31, 17, CV_16UC1, 6));
+  cv::imwrite("d.png", aleatoria(31, 17, CV_8UC4, 7));
+  for (const char* nome : {"a.png", "a.jpg", "a.pgm", "b.png", "c.png", "d.png"}) {
+    CINZA cinza;
+    pim::converte(leCor(nome), cinza);
+    EXPECT_EQ(maiorDiferenca(leCinza(nome), cinza), 0) << nome;
+  }
+}
+
 TEST(Le, CorViraCinzaComOsPesosUsuais) {
   const PASTA pasta;
   const COR cor = aleatoria(40, 40, CV_8UC3, 3);
