@@ -46,26 +46,6 @@ void completa(LIMIAR& par, const LIMIAR& padrao) {
 // own stays below a tenth of this.
 constexpr double maximoDePixels = 34359738368.0;
 
-// Ends with an error when a shape that the filter will draw is too large, or all are too much.
-void exigeDesenhaveis(const std::vector<MAXLOCAL>& v, const LIMIARES& limiares,
-                      const std::string& nome) {
-  std::set<std::array<std::uint64_t, 4>> vistas;  // bits, so that NaN is a value too
-  double pixels = 0;
-  for (std::size_t k = 0; k < v.size(); ++k) {
-    const MAXLOCAL& m = v[k];
-    if (static_cast<double>(m.correl) < limiares.de(m.forma).minCorr) continue;
-    const double lado = exigeDesenhavel(m, nome, k);
-    const bool nova =
-        lado > 0 &&
-        vistas
-            .insert({static_cast<unsigned char>(m.forma), std::bit_cast<std::uint64_t>(m.d1),
-                     std::bit_cast<std::uint64_t>(m.d2), std::bit_cast<std::uint64_t>(m.ang)})
-            .second;
-    if (nova) pixels += lado * lado;
-    if (pixels > maximoDePixels) pim::erro("Erro: Formas grandes demais em ", nome);
-  }
-}
-
 void imprimeContornos(const cv::Mat_<unsigned char>& imagem, const std::vector<MAXLOCAL>& v,
                       const std::string& nome) {
   std::puts("Tracando contornos...");
@@ -77,9 +57,9 @@ void imprimeContornos(const cv::Mat_<unsigned char>& imagem, const std::vector<M
 }  // namespace
 
 LIMIARES leParametros(pim::ISTR& s) {
-  constexpr LIMIAR semValor = {-1, -1};
+  constexpr LIMIAR nenhum = {-1, -1};
   LIMIAR padrao = {0.1, 0.3};
-  LIMIARES p = {semValor, semValor, semValor, semValor};
+  LIMIARES p = {nenhum, nenhum, nenhum, nenhum};
   std::string palavra = pim::minuscula(pim::leStr(s));
   for (; palavra != "eof"; palavra = pim::minuscula(pim::leStr(s))) {
     if (palavra == "default") {
@@ -101,6 +81,29 @@ LIMIARES leParametros(pim::ISTR& s) {
   return p;
 }
 
+namespace filter {
+
+void exigeFiltraveis(const std::vector<MAXLOCAL>& v, const LIMIARES& limiares,
+                     const std::string& nome) {
+  std::set<std::array<std::uint64_t, 4>> vistas;  // bits, so that NaN is a value too
+  double pixels = 0;
+  for (std::size_t k = 0; k < v.size(); ++k) {
+    const MAXLOCAL& m = v[k];
+    if (static_cast<double>(m.correl) < limiares.de(m.forma).minCorr) continue;
+    const double lado = exigeDesenhavel(m, nome, k);
+    const bool nova =
+        lado > 0 &&
+        vistas
+            .insert({static_cast<unsigned char>(m.forma), std::bit_cast<std::uint64_t>(m.d1),
+                     std::bit_cast<std::uint64_t>(m.d2), std::bit_cast<std::uint64_t>(m.ang)})
+            .second;
+    if (nova) pixels += lado * lado;
+    if (pixels > maximoDePixels) pim::erro("Erro: Formas grandes demais em ", nome);
+  }
+}
+
+}  // namespace filter
+
 void Filtra(int argc, char** argv) {
   exigeArgumentos(argc);
   pim::ISTR parametros;
@@ -115,7 +118,7 @@ void Filtra(int argc, char** argv) {
   leMaxLocais(originais, argv[2]);
   std::printf("Numero de maximos locais originais=%u\n", static_cast<unsigned>(originais.size()));
 
-  exigeDesenhaveis(originais, limiares, argv[2]);
+  filter::exigeFiltraveis(originais, limiares, argv[2]);
   std::puts("Filtrando os maximos locais com interseccao>maxInter...");
   std::vector<MAXLOCAL> mantidos;
   filtInter(originais, mantidos, imagem.size(), limiares);

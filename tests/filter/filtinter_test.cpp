@@ -9,12 +9,8 @@
 #include "apoio/erros.h"
 #include "apoio/figuras.h"
 #include "deteccao.h"
-#include "referencia/filtro.h"
 
 namespace {
-
-using referencia::LIMIAR;
-using referencia::LIMIARES;
 
 using LISTA = std::vector<MAXLOCAL>;
 
