@@ -48,7 +48,7 @@ bool relata(const detect::ANDAMENTO& a) {
 
 void Correla(int argc, char** argv) {
   exigeArgumentos(argc);
-  double minCorr = 0.001;
+  double minCorr = detect::minCorrPadrao;
   if (argc == 5) pim::convArg(minCorr, argv[4]);
 
   std::printf("Lendo %s e construindo piramide...\n", argv[1]);

@@ -27,6 +27,9 @@ struct ANDAMENTO {
   std::size_t nMaximos = 0;  // found in the groups before this one, near duplicates included
 };
 
+// The smallest correlation of a detection unless another is wanted.
+inline constexpr double minCorrPadrao = 0.001;
+
 // Told how far a search has come, in the thread that called it; false ends it.
 using AVISO = std::function<bool(const ANDAMENTO&)>;
 

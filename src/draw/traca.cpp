@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdio>
+#include <utility>
 #include <vector>
 
 #include "draw/formas.h"
@@ -9,13 +10,6 @@
 #include "pim/imagem.h"
 
 namespace {
-
-struct OPCOES {
-  bool contornoBold = false;
-  bool indices = false;
-  bool centros = false;
-  bool centroBold = false;
-};
 
 void exigeArgumentos(int argc) {
   if (argc >= 4) return;
@@ -28,8 +22,8 @@ void exigeArgumentos(int argc) {
 }
 
 // Only the first character of each argument counts; later ones override earlier ones.
-OPCOES leOpcoes(int argc, char** argv) {
-  OPCOES o;
+draw::TRACOS leOpcoes(int argc, char** argv) {
+  draw::TRACOS o;
   for (int i = 4; i < argc; ++i) {
     const char letra = argv[i][0];
     if (letra == 'c' || letra == 'C') o.contornoBold = letra == 'C';
@@ -44,16 +38,25 @@ OPCOES leOpcoes(int argc, char** argv) {
 
 }  // namespace
 
+namespace draw {
+
+cv::Mat_<pim::VEC3B> traca(cv::Mat_<pim::VEC3B> imagem, const std::vector<MAXLOCAL>& v,
+                           const TRACOS& tracos, const std::string& nome) {
+  for (std::size_t k = 0; k < v.size(); ++k) exigeDesenhavel(v[k], nome, k);
+  imagem = tracaFormas(imagem, v, tracos.contornoBold, pim::VEC3B(0, 0, 255));
+  if (tracos.indices) imagem = tracaIndices(imagem, v);
+  if (tracos.centros) imagem = tracaCentros(imagem, v, tracos.centroBold);
+  return imagem;
+}
+
+}  // namespace draw
+
 void Traca(int argc, char** argv) {
   exigeArgumentos(argc);
-  const OPCOES opcoes = leOpcoes(argc, argv);
+  const draw::TRACOS tracos = leOpcoes(argc, argv);
   cv::Mat_<pim::VEC3B> imagem;
   pim::le(imagem, argv[1]);
   std::vector<MAXLOCAL> v;
   leMaxLocais(v, argv[2]);
-  for (std::size_t k = 0; k < v.size(); ++k) exigeDesenhavel(v[k], argv[2], k);
-  imagem = tracaFormas(imagem, v, opcoes.contornoBold, pim::VEC3B(0, 0, 255));
-  if (opcoes.indices) imagem = tracaIndices(imagem, v);
-  if (opcoes.centros) imagem = tracaCentros(imagem, v, opcoes.centroBold);
-  pim::imp(imagem, argv[3]);
+  pim::imp(draw::traca(std::move(imagem), v, tracos, argv[2]), argv[3]);
 }
