@@ -9,6 +9,7 @@
 #include <cstring>
 #include <opencv2/core.hpp>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "batch/estado.h"
@@ -79,9 +80,8 @@ bool trava(int fd) {
   return false;
 }
 
-}  // namespace
-
-std::string abreObra(OBRA& o, const std::string& saida, exporta::IDIOMA idioma) {
+// As abreObra, but leaves the lock open when it can't be.
+std::string tentaAbrir(OBRA& o, const std::string& saida, exporta::IDIOMA idioma) {
   std::error_code falha;
   const auto recusa = [&](const std::string& porque) {
     return cv::format(diz(falas::saidaRuim, idioma), saida.c_str(), porque.c_str());
@@ -89,7 +89,7 @@ std::string abreObra(OBRA& o, const std::string& saida, exporta::IDIOMA idioma) 
   o.saida = fs::absolute(saida, falha);
   o.criouSaida = fs::create_directories(o.saida, falha);
   if (falha) return recusa(falha.message());
-  o.trava = open(o.saida.c_str(), O_RDONLY | O_DIRECTORY);  // the programs that run inherit it
+  o.trava = open(o.saida.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (o.trava < 0) return recusa(std::strerror(errno));
   if (!trava(o.trava)) return cv::format(diz(falas::saidaEmUso, idioma), saida.c_str());
   o.pasta = o.saida / ".vorplex-lote-obra";
@@ -101,6 +101,14 @@ std::string abreObra(OBRA& o, const std::string& saida, exporta::IDIOMA idioma) 
     fs::remove(o.pasta / "teste", ignorada);
   }
   return falha ? recusa(falha.message()) : "";
+}
+
+}  // namespace
+
+std::string abreObra(OBRA& o, const std::string& saida, exporta::IDIOMA idioma) {
+  const std::string porque = tentaAbrir(o, saida, idioma);
+  if (!porque.empty() && o.trava >= 0) close(std::exchange(o.trava, -1));
+  return porque;
 }
 
 void fechaObra(const OBRA& o) {
