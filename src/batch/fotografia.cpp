@@ -1,12 +1,10 @@
 #include "batch/fotografia.h"
 
-#include <unistd.h>
-
 #include <algorithm>
-#include <csignal>
 #include <cstdio>
 #include <optional>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "batch/cabecalho.h"
@@ -15,20 +13,27 @@
 #include "batch/processo.h"
 #include "batch/soma.h"
 #include "detect/maxlocal.h"
+#include "detect/procura.h"
+#include "draw/traca.h"
 #include "export/geojson.h"
 #include "export/graoscsv.h"
 #include "export/roi.h"
+#include "filter/filtinter.h"
+#include "filter/filtra.h"
+#include "kernels/lekernels.h"
 #include "linha/linha.h"
 #include "measure/resumo.h"
 #include "pim/erro.h"
 #include "pim/imagem.h"
+#include "pim/texto.h"
+#include "report/relat.h"
 
 namespace fs = std::filesystem;
 
 namespace batch {
 namespace {
 
-constexpr const char* invertida = "invertida.pgm";
+using COLORIDA = cv::Mat_<pim::VEC3B>;
 
 std::string frase(const RECEITA& r, const exporta::FRASE& f) {
   return diz(f, r.opcoes.idioma);
@@ -39,39 +44,69 @@ struct DESISTENCIA {
   int fim;
 };
 
-// Nothing more is done when a sub-program has failed, the reason standing in its output.
-void exigeBom(const RECEITA& r, const TERMINO& t, const std::vector<std::string>& args) {
-  if (t.estado == 0) return;
-  const std::string porque = motivo(t, args[0], r.opcoes.idioma);
-  // One that could say why has said so; one that was ended by a signal could not.
-  if (t.fala.find(porque) == std::string::npos) pim::erro(frase(r, linha::frases::erro), porque);
-  throw DESISTENCIA{fins::falhou};
+// Says what is about to be done.
+void comeca(const RECEITA& r, const exporta::FRASE& passo) {
+  anuncia(frase(r, passo));
 }
 
-void executa(const RECEITA& r, const std::vector<std::string>& args) {
-  exigeBom(r, executaPrograma(r.vorplex, args), args);
+bool dizAndamento(const RECEITA& r, const detect::ANDAMENTO& a) {
+  if (a.etapa == detect::ETAPA::grupo) {
+    anuncia(cv::format(frase(r, falas::passoProcura).c_str(), a.primeiro, a.ultimo));
+  }
+  if (a.etapa == detect::ETAPA::ordenacao) comeca(r, falas::passoOrdem);
+  return true;
 }
 
-// The assertion in which `correla` ends when it has found nothing at all.
-bool nadaAchado(const TERMINO& t) {
-  return t.sinal == SIGABRT && t.fala.find("Ordenando os 0 maximos locais") != std::string::npos &&
-         t.fala.find("void ordena(std::vector<MAXLOCAL>&, int, int): Assertion `l<=r' failed") !=
-             std::string::npos;
+// What is searched: the photograph in grey, or its negative.
+cv::Mat_<unsigned char> vista(const RECEITA& r, const COLORIDA& foto) {
+  cv::Mat_<unsigned char> cinza;
+  pim::converte(foto, cinza);
+  if (r.opcoes.inverte) cinza = 255 - cinza;
+  return cinza;
 }
 
-void inverte(const std::string& foto) {
-  cv::Mat_<unsigned char> img;
-  pim::le(img, foto);
-  pim::imp(cv::Mat_<unsigned char>(255 - img), invertida);
+// What `correla` finds.
+std::vector<MAXLOCAL> procura(const RECEITA& r, const COLORIDA& foto) {
+  comeca(r, falas::passoKernels);
+  double minCorr = detect::minCorrPadrao;
+  const std::string pedida = minCorrDaProcura(r.opcoes);
+  if (!pedida.empty()) pim::convArg(minCorr, pedida);
+  std::vector<MASCARA> kernels;
+  leKernels(r.kernel, kernels, IMAGENS::nenhuma);
+  return detect::procura(vista(r, foto), kernels, minCorr,
+                         [&](const detect::ANDAMENTO& a) { return dizAndamento(r, a); });
 }
 
-void procura(const RECEITA& r, const std::string& foto, const std::string& ho1) {
-  std::vector<std::string> args = {"correla", foto, r.kernel, ho1};
-  const std::string minCorr = minCorrDaProcura(r.opcoes);
-  if (!minCorr.empty()) args.push_back(minCorr);
-  const TERMINO t = executaPrograma(r.vorplex, args);
-  if (nadaAchado(t)) return impMaxLocais({}, ho1);
-  exigeBom(r, t, args);
+std::vector<MAXLOCAL> lista(const std::string& nome) {
+  std::vector<MAXLOCAL> v;
+  leMaxLocais(v, nome);
+  return v;
+}
+
+// What `filtra` leaves of the list `ho1`.
+std::vector<MAXLOCAL> filtra(const RECEITA& r, const std::string& ho1, cv::Size tamanho) {
+  pim::ISTR parametros;
+  parametros.texto = r.opcoes.filtra;
+  const LIMIARES limiares = leParametros(parametros);
+  const std::vector<MAXLOCAL> originais = lista(ho1);
+  filter::exigeFiltraveis(originais, limiares, ho1);
+  std::vector<MAXLOCAL> mantidos;
+  filtInter(originais, mantidos, tamanho, limiares);
+  return mantidos;
+}
+
+void conta(const RECEITA& r, const std::vector<MAXLOCAL>& v, const std::string& nome) {
+  comeca(r, falas::passoAreas);
+  impTabelas(contaAreas(v, nome + ".ho2"), nome + ".rel");
+}
+
+void traca(const RECEITA& r, COLORIDA foto, const std::vector<MAXLOCAL>& v,
+           const std::string& nome) {
+  comeca(r, falas::passoTraco);
+  draw::TRACOS tracos;
+  tracos.contornoBold = true;
+  tracos.indices = true;
+  pim::imp(draw::traca(std::move(foto), v, tracos, nome + ".ho2"), nome + ".png");
 }
 
 // Takes a file of the earlier results over: never changed in place, it may be the same file.
@@ -84,6 +119,7 @@ bool aproveita(const ESTADO& e, const fs::path& antiga, const std::string& arqui
 
 // Measures what was found and writes the exports; returns how many grains are in them.
 std::size_t mede(const RECEITA& r, const ALVO& alvo, cv::Size tamanho) {
+  comeca(r, falas::passoMedida);
   const OPCOES_LOTE& o = r.opcoes;
   const measure::FOTOGRAFIA foto = leFotografia(o, ".", alvo.nome, tamanho);
   impGraosCsv(foto, "graos.csv", o.idioma);
@@ -93,42 +129,46 @@ std::size_t mede(const RECEITA& r, const ALVO& alvo, cv::Size tamanho) {
 }
 
 // Which of the detections are grains: leaves the .ho2 and what the method keeps beside it.
-void escolhe(const RECEITA& r, const std::string& vista, const std::string& nome) {
+void escolhe(const RECEITA& r, const COLORIDA& foto, const std::string& nome) {
   if (r.opcoes.metodo == measure::METODO::apurado) {
+    comeca(r, falas::passoAjuste);
     refine::MODO_DE_APURAR modo = r.opcoes.modo;
     modo.fios = r.fios;
-    return apuraLista(vista, nome, modo);
+    return apuraLista(vista(r, foto), nome, modo);
   }
-  std::vector<std::string> args = {"filtra", vista, nome + ".ho1", nome + ".ho2"};
-  if (!r.opcoes.filtra.empty()) args.push_back(r.opcoes.filtra);
-  executa(r, args);
+  comeca(r, falas::passoFiltro);
+  impMaxLocais(filtra(r, nome + ".ho1", foto.size()), nome + ".ho2");
 }
 
-// The steps that are not taken over from `antigo`.
+// The steps that are not taken over from `antigo`. Each list is read back from its file, which
+// rounds it, as those do who go on from the file.
 void detecta(const RECEITA& r, const ALVO& alvo, const ORIGEM& nova,
              const std::optional<ESTADO>& antigo) {
   const fs::path antiga = pronta(r.obra, alvo.nome);
-  const std::string nome = "./" + alvo.nome;  // no word that begins with a dash
-  const std::string foto = alvo.arquivo.string();
   const bool mesmaProcura = antigo && antigo->origem.procura == nova.procura;
   const bool mesmoFiltro = mesmaProcura && antigo->origem.filtro == nova.filtro;
   const auto serve = [&](bool mesma, const char* sufixo) {
     return mesma && aproveita(*antigo, antiga, alvo.nome + sufixo);
   };
   const bool temHo1 = serve(mesmaProcura, ".ho1");
-  const bool temHo2 = temHo1 && serve(mesmoFiltro, ".ho2") &&
-                      (r.opcoes.metodo == measure::METODO::classico ||
-                       aproveita(*antigo, antiga, arquivoDosApurados));
-  if (r.opcoes.inverte && !temHo2) inverte(foto);
-  const std::string vista = r.opcoes.inverte ? invertida : foto;
-  if (!temHo1) procura(r, vista, nome + ".ho1");
-  if (!temHo2) escolhe(r, vista, nome);
-  if (!temHo2 || !serve(true, ".rel")) executa(r, {"relat", nome + ".ho2", nome + ".rel"});
-  if (!temHo2 || !serve(true, ".png")) {
-    executa(r, {"traca", foto, nome + ".ho2", nome + ".png", "C", "i"});
+  const bool temOutro = temHo1 && mesmoFiltro &&
+                        (r.opcoes.metodo == measure::METODO::classico ||
+                         aproveita(*antigo, antiga, arquivoDosApurados));
+  const bool temHo2 = serve(temOutro, ".ho2");
+  const bool temRel = serve(temHo2, ".rel");
+  const bool temPng = serve(temHo2, ".png");
+
+  const std::string nome = "./" + alvo.nome;  // as messages give it
+  COLORIDA foto;
+  if (!temPng) {
+    comeca(r, falas::passoLeitura);
+    pim::le(foto, alvo.arquivo.string());
   }
-  std::error_code falha;
-  fs::remove(invertida, falha);
+  if (!temHo1) impMaxLocais(procura(r, foto), nome + ".ho1");
+  if (!temHo2) escolhe(r, foto, nome);
+  const std::vector<MAXLOCAL> v = lista(nome + ".ho2");
+  if (!temRel) conta(r, v, nome);
+  if (!temPng) traca(r, std::move(foto), v, nome);
 }
 
 }  // namespace

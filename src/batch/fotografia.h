@@ -14,7 +14,6 @@ namespace batch {
 struct RECEITA {
   const OPCOES_LOTE& opcoes;
   const OBRA& obra;
-  std::string vorplex;     // the executable of the sub-programs
   std::string kernel;      // a copy of kernel.cfg that stays as it is during the run
   std::string kernelSoma;  // its checksum
   std::string versao;
@@ -34,9 +33,9 @@ inline constexpr int semLugar = 5;  // something else has the name of its folder
 ORIGEM origem(const RECEITA& r, const std::string& fotoSoma);
 
 // Makes all results of a photograph in its working folder, which becomes the current directory;
-// files of earlier results are taken over where only what comes after them has changed. Runs the
-// sub-programs, says what went wrong on the standard outputs and returns one of `fins`; pim::erro
-// too.
+// files of earlier results are taken over where only what comes after them has changed. Announces
+// each step, says what went wrong on standard output and returns one of `fins`, or throws what a
+// step throws.
 int fazFotografia(const RECEITA& r, const ALVO& alvo);
 
 // Whether the folder holds all results of this origin, undamaged.

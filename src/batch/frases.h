@@ -98,15 +98,25 @@ inline constexpr exporta::FRASE kernelIlegivel = {"%s inexistente ou ilegivel (%
 inline constexpr exporta::FRASE semGrupo = {
     "Nenhum grupo de kernels (falta uma forma com pelo menos duas escalas)",
     "No group of kernels (a shape of at least two scales is missing)"};
-inline constexpr exporta::FRASE semVorplex = {"Falta o executavel %s",
-                                              "The executable %s is missing"};
 inline constexpr exporta::FRASE saidaRuim = {"Nada pode ser feito na pasta de saida %s (%s)",
                                              "Nothing can be made in output folder %s (%s)"};
 inline constexpr exporta::FRASE saidaEmUso = {
     "A pasta de saida %s esta em uso por outro vorplex-lote",
     "Output folder %s is in use by another vorplex-lote"};
 
-// A photograph.
+// A photograph. The steps stand before "..." or before the way in which they ended.
+inline constexpr exporta::FRASE passoLeitura = {"Leitura da fotografia",
+                                                "Reading of the photograph"};
+inline constexpr exporta::FRASE passoKernels = {"Leitura dos kernels", "Reading of the kernels"};
+inline constexpr exporta::FRASE passoProcura = {"Procura com os kernels #%d-#%d",
+                                                "Search with kernels #%d-#%d"};
+inline constexpr exporta::FRASE passoOrdem = {"Ordenacao dos maximos locais",
+                                              "Ordering of the local maxima"};
+inline constexpr exporta::FRASE passoFiltro = {"Filtro", "Filter"};
+inline constexpr exporta::FRASE passoAjuste = {"Ajuste dos graos", "Fitting of the grains"};
+inline constexpr exporta::FRASE passoAreas = {"Tabelas de areas", "Tables of areas"};
+inline constexpr exporta::FRASE passoTraco = {"Desenho dos contornos", "Drawing of the outlines"};
+inline constexpr exporta::FRASE passoMedida = {"Medida dos graos", "Measuring of the grains"};
 inline constexpr exporta::FRASE fotoIlegivel = {"Fotografia inexistente ou ilegivel",
                                                 "No such photograph, or it can't be read"};
 inline constexpr exporta::FRASE mudou = {"A fotografia mudou durante o processamento",

@@ -188,7 +188,7 @@ int interrompe(const LOTE& l) {
 
 // What comes after the building site is there and before it is taken away.
 int trabalha(LOTE& l, const std::string& versao, const std::string& comando) {
-  RECEITA receita{l.opcoes, l.obra, vorplexAoLado(), "", "", versao};
+  RECEITA receita{l.opcoes, l.obra, "", "", versao};
   PREPARO preparo;
   if (!prepara(receita, preparo)) return interrompe(l);
   if (!preparo.erro.empty()) return recusa(l.opcoes, preparo.erro);
@@ -238,9 +238,6 @@ std::string comoComando(const std::vector<std::string>& args) {
 
 int executa(LOTE& l, const std::vector<std::string>& args, const std::string& versao) {
   const OPCOES_LOTE& o = l.opcoes;
-  if (access(vorplexAoLado().c_str(), X_OK) != 0) {
-    return recusa(o, cv::format(l.frase(falas::semVorplex), vorplexAoLado().c_str()));
-  }
   l.alvos = achaAlvos(o.entradas, o.recursivo, o.saida);
   if (l.alvos.empty()) {
     std::string onde;

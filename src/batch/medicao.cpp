@@ -5,7 +5,6 @@
 #include "apura/registros.h"
 #include "batch/estado.h"
 #include "detect/maxlocal.h"
-#include "pim/imagem.h"
 
 namespace fs = std::filesystem;
 
@@ -25,15 +24,13 @@ std::vector<measure::GRAO> leGraos(measure::METODO metodo, const fs::path& pasta
 
 }  // namespace
 
-void apuraLista(const std::string& vista, const std::string& base,
+void apuraLista(const cv::Mat_<unsigned char>& vista, const std::string& base,
                 const refine::MODO_DE_APURAR& modo) {
-  cv::Mat_<unsigned char> img;
-  pim::le(img, vista);
   std::vector<MAXLOCAL> lista;
   leMaxLocais(lista, base + ".ho1");
-  const refine::APURACAO r = refine::apura(img, lista, modo);
+  const refine::APURACAO r = refine::apura(vista, lista, modo);
   std::vector<MAXLOCAL> graos;
-  for (const measure::GRAO& g : measure::medeApurados(r.graos, img.rows, img.cols)) {
+  for (const measure::GRAO& g : measure::medeApurados(r.graos, vista.rows, vista.cols)) {
     graos.push_back(measure::registro(g));
   }
   impMaxLocais(graos, base + ".ho2");

@@ -12,7 +12,7 @@ namespace batch {
 
 // Fits the detections of `base`.ho1 to the photograph `vista`, in the current directory: leaves the
 // grains as `base`.ho2 and, in full, in `arquivoDosApurados`.
-void apuraLista(const std::string& vista, const std::string& base,
+void apuraLista(const cv::Mat_<unsigned char>& vista, const std::string& base,
                 const refine::MODO_DE_APURAR& modo);
 
 // The grains of a photograph from its folder of results, measured; those at the border are left out

@@ -106,7 +106,7 @@ std::string tentaAbrir(OBRA& o, const std::string& saida, exporta::IDIOMA idioma
 }  // namespace
 
 std::string abreObra(OBRA& o, const std::string& saida, exporta::IDIOMA idioma) {
-  const std::string porque = tentaAbrir(o, saida, idioma);
+  std::string porque = tentaAbrir(o, saida, idioma);
   if (!porque.empty() && o.trava >= 0) close(std::exchange(o.trava, -1));
   return porque;
 }

@@ -76,11 +76,6 @@ int confereKernels(const RECEITA& r) {
 
 }  // namespace
 
-std::string vorplexAoLado() {
-  std::error_code falha;
-  return (fs::read_symlink("/proc/self/exe", falha).parent_path() / "Vorplex").string();
-}
-
 bool prepara(RECEITA& r, PREPARO& p) {
   const OPCOES_LOTE& o = r.opcoes;
   std::string porque;

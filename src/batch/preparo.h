@@ -14,9 +14,6 @@ struct PREPARO {
   std::uint64_t bytes = 0;  // of the kernels
 };
 
-// The executable of the sub-programs: Vorplex, in the folder of this one.
-std::string vorplexAoLado();
-
 // Reads kernel.cfg once, keeps a copy of it in the building site (changes during the run must not
 // reach half of the photographs) and checks it and the parameters of filtra in a process of their
 // own. Fills in the fields of `r` that concern the kernels. False when interrupted.

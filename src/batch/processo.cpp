@@ -18,6 +18,7 @@
 #include <opencv2/core.hpp>
 #include <sstream>
 #include <string_view>
+#include <vector>
 
 #include "batch/descritor.h"
 #include "batch/frases.h"
@@ -28,6 +29,8 @@
 
 namespace batch {
 namespace {
+
+constexpr std::string_view passando = "...";  // after what a process is about to do
 
 constexpr std::array<int, 3> fatais = {SIGINT, SIGTERM, SIGHUP};
 
@@ -69,19 +72,29 @@ pid_t bifurca() {
   return pid;
 }
 
+constexpr std::size_t maiorFala = 65536;              // bytes kept of what a process says
+constexpr std::size_t maiorMensagem = maiorFala / 2;  // of an error, so that it is kept whole
+constexpr std::size_t maiorMotivo = 1000;             // of an error in a report
+
+// The text, or its beginning and its end when it is longer than `maximo` bytes.
+std::string encurtado(const std::string& texto, std::size_t maximo) {
+  if (texto.size() <= maximo) return texto;
+  const auto noMeio = [&](std::size_t i) { return (texto[i] & 0xC0) == 0x80; };  // of a character
+  std::size_t de = maximo / 2;
+  std::size_t ate = texto.size() - maximo / 2;
+  for (int i = 0; i < 3 && noMeio(de); ++i) --de;
+  for (int i = 0; i < 3 && noMeio(ate); ++i) ++ate;
+  return texto.substr(0, de) + "..." + texto.substr(ate);
+}
+
 // Appends what can be read now and keeps the tail; false at the end.
-bool escuta(int fd, std::string& fala, bool repete) {
-  constexpr std::size_t maximo = 65536;
+bool escuta(int fd, std::string& fala) {
   std::array<char, 4096> bloco;
   const ssize_t n = read(fd, bloco.data(), bloco.size());
   if (n < 0) return errno == EINTR || errno == EAGAIN;
   const auto lidos = static_cast<std::size_t>(n);
-  if (repete) {
-    std::fwrite(bloco.data(), 1, lidos, stdout);
-    std::fflush(stdout);  // known even if this process does not come far
-  }
   fala.append(bloco.data(), lidos);
-  if (fala.size() > 2 * maximo) fala.erase(0, fala.size() - maximo);
+  if (fala.size() > 2 * maiorFala) fala.erase(0, fala.size() - maiorFala);
   return n > 0;
 }
 
@@ -106,7 +119,13 @@ struct ATIVA {
 // All exceptions end here: below lies what the process that made this one was doing.
 int estadoDe(const TAREFAS& t, std::size_t indice) {
   try {
-    return fim::executa([&] { return t.faz(indice); });
+    return fim::executa([&] {
+      try {
+        return t.faz(indice);
+      } catch (const pim::ERRO& e) {
+        pim::erro(encurtado(e.mensagem, maiorMensagem));
+      }
+    });
   } catch (const std::exception& e) {
     return fim::executa([&]() -> int { pim::erro("Erro: ", e.what()); });
   }
@@ -125,7 +144,7 @@ int estadoDe(const TAREFAS& t, std::size_t indice) {
   std::exit(estadoDe(t, indice));
 }
 
-// In a process group of its own, so that the task and its programs are ended together.
+// In a process group of its own, so that the task and those that it runs are ended together.
 ATIVA comeca(const TAREFAS& t, std::size_t indice) {
   CANO cano = abreCano();
   const pid_t pai = getpid();
@@ -142,7 +161,7 @@ ATIVA comeca(const TAREFAS& t, std::size_t indice) {
 void mata(std::list<ATIVA>& ativas) {
   for (const ATIVA& a : ativas) kill(-a.pid, SIGKILL);
   for (ATIVA& a : ativas) {
-    while (escuta(a.leitura.fd, a.fala, false)) continue;  // to the end of its programs too
+    while (escuta(a.leitura.fd, a.fala)) continue;  // to the end of those that it runs too
     recolhe(a.pid, "");
   }
   ativas.clear();
@@ -164,7 +183,7 @@ void atende(const TAREFAS& t, std::list<ATIVA>& ativas, const std::vector<pollfd
   auto ativa = ativas.begin();
   for (const pollfd& p : fds) {
     const auto esta = ativa++;
-    if (p.revents == 0 || escuta(esta->leitura.fd, esta->fala, false)) continue;
+    if (p.revents == 0 || escuta(esta->leitura.fd, esta->fala)) continue;
     esta->leitura = DESCRITOR();
     t.acabou(esta->indice, recolhe(esta->pid, std::move(esta->fala)));
     ativas.erase(esta);
@@ -217,27 +236,9 @@ bool executaTarefas(const TAREFAS& t) {
   }
 }
 
-TERMINO executaPrograma(const std::string& programa, const std::vector<std::string>& args) {
-  std::vector<std::string> linha = {programa};
-  linha.insert(linha.end(), args.begin(), args.end());
-  std::vector<char*> argv;
-  argv.reserve(linha.size() + 1);
-  for (std::string& s : linha) argv.push_back(s.data());
-  argv.push_back(nullptr);
-  CANO cano = abreCano();
-  const pid_t pai = getpid();
-  const pid_t pid = bifurca();
-  if (pid == 0) {
-    ligaA(pai);
-    dup2(cano.escrita.fd, STDOUT_FILENO);
-    dup2(cano.escrita.fd, STDERR_FILENO);
-    execv(argv[0], argv.data());
-    _exit(127);
-  }
-  cano.escrita = DESCRITOR();
-  std::string fala;
-  while (escuta(cano.leitura.fd, fala, true)) continue;
-  return recolhe(pid, std::move(fala));
+void anuncia(const std::string& passo) {
+  std::printf("%s%s\n", passo.c_str(), passando.data());
+  std::fflush(stdout);  // known even if this process does not come far
 }
 
 std::string emUmaLinha(const std::string& texto) {
@@ -251,18 +252,19 @@ std::string emUmaLinha(const std::string& texto) {
 std::string motivo(const TERMINO& t, const std::string& quem, exporta::IDIOMA idioma) {
   std::istringstream linhas(t.fala);
   std::string achada;
+  std::string ocupado = quem;
   for (std::string linha; std::getline(linhas, linha);) {
-    linha = linha.substr(linha.rfind('\r') + 1);  // what a counter line showed last
     for (const char* erro : {linha::frases::erro.pt, linha::frases::erro.en}) {
       if (linha.starts_with(erro)) achada = linha.substr(std::strlen(erro));
     }
     if (linha.starts_with("Erro ")) achada = linha;
+    if (linha.ends_with(passando)) ocupado = linha.substr(0, linha.size() - passando.size());
   }
-  if (!achada.empty()) return emUmaLinha(achada);
+  if (!achada.empty()) return emUmaLinha(encurtado(achada, maiorMotivo));
   if (t.sinal != 0) {
-    return cv::format(diz(falas::porSinal, idioma), quem.c_str(), t.sinal, strsignal(t.sinal));
+    return cv::format(diz(falas::porSinal, idioma), ocupado.c_str(), t.sinal, strsignal(t.sinal));
   }
-  return cv::format(diz(falas::porEstado, idioma), quem.c_str(), t.estado);
+  return cv::format(diz(falas::porEstado, idioma), ocupado.c_str(), t.estado);
 }
 
 }  // namespace batch

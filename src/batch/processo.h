@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <functional>
 #include <string>
-#include <vector>
 
 #include "export/idioma.h"
 
@@ -38,12 +37,12 @@ void preparaSinais();
 // interrupted it; then, and when it throws, no task is left running.
 bool executaTarefas(const TAREFAS& t);
 
-// Runs a program in the current directory, to its end, within a task. What it says goes on to our
-// standard output too.
-TERMINO executaPrograma(const std::string& programa, const std::vector<std::string>& args);
+// Says within a task what it is about to do, as a line that ends in "...".
+void anuncia(const std::string& passo);
 
-// Why a process that `quem` names did not end well: the last line that began with "Erro", without
-// "Erro: ", else its signal or status. Without control characters.
+// Why a process did not end well: the last line that began with "Erro", without "Erro: ", else what
+// it had announced last, or `quem` when that is nothing, and its signal or status. Without control
+// characters; of a very long line, beginning and end.
 std::string motivo(const TERMINO& t, const std::string& quem, exporta::IDIOMA idioma);
 
 // For showing on one line: control characters become "?", invalid UTF-8 U+FFFD.

@@ -17,7 +17,7 @@ struct Obra : testing::Test {
   PASTA pasta;
   OBRA obra;
 
-  void abre() { ASSERT_EQ(abreObra(obra, "s", exporta::IDIOMA::pt), ""); }
+  void abre() { ASSERT_EQ(abreObra(obra, "s", IDIOMA::pt), ""); }
 
   // Results of `nome` in their working folder, told apart by `conteudo`.
   void faz(const std::string& nome, const std::string& conteudo) const {
@@ -111,7 +111,7 @@ TEST_F(Obra, SobrasDeUmaCorridaMortaSaoResolvidas) {
 TEST_F(Obra, DuasCorridasNaoFazemAMesmaSaida) {
   abre();
   OBRA outra;
-  EXPECT_EQ(abreObra(outra, "s", exporta::IDIOMA::pt),
+  EXPECT_EQ(abreObra(outra, "s", IDIOMA::pt),
             "A pasta de saida s esta em uso por outro vorplex-lote");
   EXPECT_EQ(outra.trava, -1);  // nothing stays open of a refused one
   fechaObra(obra);
@@ -121,19 +121,19 @@ TEST_F(Obra, DuasCorridasNaoFazemAMesmaSaida) {
 TEST_F(Obra, DepoisDeUmaRecusaOutraCorridaPodeComecar) {
   fs::create_directory("s");
   grava("s/.vorplex-lote-obra", "x");
-  EXPECT_EQ(abreObra(obra, "s", exporta::IDIOMA::pt),
+  EXPECT_EQ(abreObra(obra, "s", IDIOMA::pt),
             "Nada pode ser feito na pasta de saida s (File exists)");
   fs::remove("s/.vorplex-lote-obra");
   OBRA outra;
-  ASSERT_EQ(abreObra(outra, "s", exporta::IDIOMA::pt), "");
+  ASSERT_EQ(abreObra(outra, "s", IDIOMA::pt), "");
   fechaObra(outra);
 }
 
 TEST_F(Obra, SaidaImpossivelEhDita) {
   grava("arquivo", "x");
-  EXPECT_EQ(abreObra(obra, "arquivo/s", exporta::IDIOMA::pt),
+  EXPECT_EQ(abreObra(obra, "arquivo/s", IDIOMA::pt),
             "Nada pode ser feito na pasta de saida arquivo/s (Not a directory)");
-  EXPECT_EQ(abreObra(obra, "arquivo", exporta::IDIOMA::en),
+  EXPECT_EQ(abreObra(obra, "arquivo", IDIOMA::en),
             "Nothing can be made in output folder arquivo (Not a directory)");
 }
 

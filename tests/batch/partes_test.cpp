@@ -13,6 +13,7 @@
 #include "batch/processo.h"
 #include "batch/recursos.h"
 #include "batch/soma.h"
+#include "pim/erro.h"
 #include "pim/imagem.h"
 
 using namespace exporta;
@@ -191,15 +192,29 @@ TEST(Motivo, EhAUltimaLinhaDeErroOuOFim) {
     return motivo({1, 0, fala}, "correla", IDIOMA::pt);
   };
   EXPECT_EQ(deFala("Lendo a...\nErro: Um\nErro: Dois x\nfim\n"), "Dois x");
-  EXPECT_EQ(deFala("Aplicando #1\rErro abertura arquivo a\x07\n"), "Erro abertura arquivo a?");
+  EXPECT_EQ(deFala("Filtro...\nErro abertura arquivo a\x07\n"), "Erro abertura arquivo a?");
   EXPECT_EQ(deFala("nada\n"), "correla terminou com estado 1");
   EXPECT_EQ(motivo({-1, SIGKILL, "x"}, "traca", IDIOMA::pt),
             "traca terminou pelo sinal 9 (Killed)");
   EXPECT_EQ(motivo({2, 0, ""}, "traca", IDIOMA::en), "traca ended with status 2");
+  EXPECT_EQ(motivo({-1, SIGKILL, "Filtro...\nMedida...\nx"}, "f0", IDIOMA::pt),
+            "Medida terminou pelo sinal 9 (Killed)");
+}
+
+TEST(Motivo, DeUmaLinhaLongaEhOComecoEOFim) {
+  const auto deFala = [](const std::string& fala) {
+    return motivo({1, 0, fala}, "correla", IDIOMA::pt);
+  };
+  EXPECT_EQ(deFala("Erro: " + std::string(1000, 'x')), std::string(1000, 'x'));
+  EXPECT_EQ(deFala("Erro: Palavra " + std::string(30000, 'x') + " fim"),
+            "Palavra " + std::string(492, 'x') + "..." + std::string(496, 'x') + " fim");
+  std::string acentos;  // never cut within a character
+  for (int i = 0; i < 999; ++i) acentos += "\xC3\xA7";
+  EXPECT_EQ(deFala("Erro: x" + acentos).find("\xEF\xBF\xBD"), std::string::npos);
 }
 
 TEST(ExecutaTarefas, UmaQueCaiNaoLevaAsOutras) {
-  std::vector<TERMINO> fins(5);
+  std::vector<TERMINO> fins(6);
   TAREFAS t;
   t.quantas = fins.size();
   t.aoMesmoTempo = 2;
@@ -209,6 +224,7 @@ TEST(ExecutaTarefas, UmaQueCaiNaoLevaAsOutras) {
     if (i == 1) std::raise(SIGSEGV);
     if (i == 2) throw std::bad_alloc();
     if (i == 3) std::fprintf(stderr, "%s", std::string(200000, 'z').c_str());
+    if (i == 5) pim::erro("Erro: Palavra desconhecida ", std::string(300000, 'p'), " no fim");
     return static_cast<int>(i);
   };
   t.acabou = [&](std::size_t i, const TERMINO& fim) { fins[i] = fim; };
@@ -222,6 +238,9 @@ TEST(ExecutaTarefas, UmaQueCaiNaoLevaAsOutras) {
   EXPECT_GE(fins[3].fala.size(), 65536U);
   EXPECT_LE(fins[3].fala.size(), 131072U);
   EXPECT_EQ(fins[4].estado, 4);
+  EXPECT_EQ(fins[5].estado, 1);
+  EXPECT_TRUE(fins[5].fala.starts_with("tarefa 5\nErro: Palavra desconhecida ppp"));
+  EXPECT_TRUE(fins[5].fala.ends_with("ppp no fim\n"));
 }
 
 }  // namespace

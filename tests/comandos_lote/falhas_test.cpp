@@ -3,8 +3,11 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <csignal>
 #include <cstdlib>
+#include <iterator>
 #include <ostream>
+#include <sstream>
 
 #include "apoio/executa.h"
 #include "cenario.h"
@@ -130,6 +133,46 @@ TEST_F(FotoQueSeVai, SemOsContornosTambemPerdeSoAFigura) {
   fs::remove("fotos/f0.pgm");
   grava("resultado/f0/f0.png", "\x89PNG\r\n\x1A\nnada");
   confere(1);
+}
+
+// The process that does the photograph; -1 when it has none.
+pid_t filhoDe(pid_t pid) {
+  const std::string p = std::to_string(pid);
+  const std::string filhos = leTudo("/proc/" + p + "/task/" + p + "/children");
+  return filhos.empty() ? -1 : std::stoi(filhos);
+}
+
+// Hundredths of a second of processor that a process has taken.
+int centesimos(pid_t pid) {
+  const std::string estado = leTudo("/proc/" + std::to_string(pid) + "/stat");
+  std::istringstream campos(estado.substr(estado.rfind(')') + 2));
+  const std::vector<std::string> v(std::istream_iterator<std::string>(campos), {});
+  return std::stoi(v.at(11)) + std::stoi(v.at(12));
+}
+
+TEST_F(FotoQueSeVai, ComOProcessoDelaMortoCustaSoASiMesmaEDizEmQueEstava) {
+  lanca();
+  const std::string obra = "resultado/.vorplex-lote-obra/nova-g";
+  for (int i = 0; i < 2000 && !existe(obra); ++i) usleep(1000);
+  const pid_t filho = filhoDe(lancada.pid);
+  ASSERT_GT(filho, 0);
+  while (centesimos(filho) < 5) usleep(1000);  // of some tens that it takes
+  kill(filho, SIGKILL);
+  const CORRIDA c = esperaLote(lancada);
+  EXPECT_EQ(c.estado, 1);
+  EXPECT_NE(c.saida.find("(feitas 2, ja prontas 0, falhas 1); graos: 6"), std::string::npos);
+  EXPECT_NE(c.erro.find(" terminou pelo sinal 9 (Killed)"), std::string::npos) << c.erro;
+  EXPECT_EQ(c.erro.find("vorplex-lote terminou"), std::string::npos) << c.erro;
+  EXPECT_NE(leTudo("resultado/g/mensagens.txt").find("Leitura da fotografia...\n"),
+            std::string::npos);
+}
+
+TEST_F(Lote, ErroDeUmaPalavraEnormeChegaCortado) {
+  grava("enorme.cfg", "circulo 21\n" + std::string(300000, 'w') + " 3\n");
+  const CORRIDA c = rodaLote({"enorme.cfg", "fotos"});
+  EXPECT_EQ(c.estado, 2);
+  EXPECT_TRUE(c.erro.starts_with("Erro: enorme.cfg: Palavra desconhecida www")) << c.erro;
+  EXPECT_LT(c.erro.size(), 1100U);
 }
 
 TEST_F(Lote, FotoQuePassaAFalharPerdeOsResultadosVelhos) {
