@@ -29,4 +29,19 @@ function(biblioteca nome)
   file(GLOB fontes CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
   add_library(${nome} STATIC ${fontes})
   target_link_libraries(${nome} PUBLIC opcoes ${ARGN})
+  # Constants of headers as symbols that cmake/pacote can hide.
+  target_compile_options(${nome} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
+endfunction()
+
+# Whether what is built can be linked by programs that are not built alike.
+set(VORPLEX_INSTRUMENTADO OFF)
+if(VORPLEX_SANITIZE OR VORPLEX_SANITIZE_THREADS OR VORPLEX_COVERAGE)
+  set(VORPLEX_INSTRUMENTADO ON)
+endif()
+
+# comandos(SOURCES...): sources of the current folder's subsystem that print. Each makes an object of
+# its own, which the library that is installed leaves out.
+function(comandos)
+  set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+  set_property(GLOBAL APPEND PROPERTY VORPLEX_COMANDOS ${ARGN})
 endfunction()

@@ -20,6 +20,7 @@
 #include "export/roi.h"
 #include "filter/filtinter.h"
 #include "filter/filtra.h"
+#include "filter/filtraveis.h"
 #include "kernels/lekernels.h"
 #include "linha/linha.h"
 #include "measure/resumo.h"

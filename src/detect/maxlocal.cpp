@@ -92,11 +92,6 @@ void leMaxLocais(std::vector<MAXLOCAL>& v, const std::string& nome) {
   for (int i = 0; i < n; ++i) v.push_back(leRegistro(arquivo.get(), nome));
 }
 
-void mostraMaxLocal(MAXLOCAL m) {
-  std::printf("%f %c %d %d %g %g %g\n", static_cast<double>(m.correl), m.forma, m.li, m.ci, m.d1,
-              m.d2, m.ang);
-}
-
 void mascaraMaxLocal(MAXLOCAL m, cv::Mat_<unsigned char>& out) {
   switch (m.forma) {
     case 'c':

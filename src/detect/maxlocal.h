@@ -28,7 +28,7 @@ void impMaxLocais(const std::vector<MAXLOCAL>& v, const std::string& nome);
 void leMaxLocais(std::vector<MAXLOCAL>& v, const std::string& nome);
 
 // Prints one record on standard output, for diagnosis.
-// Part of the library for other programs; no command calls it.
+// For programs built with these sources; no command calls it.
 void mostraMaxLocal(MAXLOCAL m);
 
 // The filled mask of the detected shape (kernels/formas.h), by its letter. Any other letter leaves

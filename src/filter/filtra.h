@@ -17,12 +17,3 @@ void Filtra(int argc, char** argv);
 // shapes that are left without a value, or with a negative one, then take the defaults, 0.1 and 0.3
 // unless given. pim::erro at another word or a bad number.
 LIMIARES leParametros(pim::ISTR& s);
-
-namespace filter {
-
-// What must hold of a list before `filtInter` works on it. pim::erro with `nome`, the name of the
-// list, when a shape that the filter will draw is too large, or all of them are too much.
-void exigeFiltraveis(const std::vector<MAXLOCAL>& v, const LIMIARES& limiares,
-                     const std::string& nome);
-
-}  // namespace filter

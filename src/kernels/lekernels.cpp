@@ -248,19 +248,33 @@ void expande(CONJUNTO& conjunto, const LEITOR& leitor, const BASE& base, const A
   }
 }
 
-}  // namespace
-
-void leKernels(const std::string& nome, std::vector<MASCARA>& kernels, IMAGENS imagens) {
-  const pim::ARQUIVO arquivo = pim::abre(nome, "rt");
-  const LEITOR leitor{arquivo.get(), nome};
+// All statements of an open file of that name.
+void leTodos(const LEITOR& leitor, std::vector<MASCARA>& kernels, IMAGENS imagens) {
   AJUSTES ajustes;
   BASE base{};
   CONJUNTO conjunto{kernels, imagens};
   while (true) {
-    const std::string palavra = pim::minuscula(pim::leStr(leitor.f, nome));
+    const std::string palavra = pim::minuscula(pim::leStr(leitor.f, leitor.nome));
     if (palavra == "eof") return conjunto.partilha();
     if (leAjuste(leitor, palavra, ajustes)) continue;
     if (!leForma(leitor, palavra, base)) pim::erro("Erro: Palavra desconhecida ", palavra);
     expande(conjunto, leitor, base, ajustes);
   }
 }
+
+}  // namespace
+
+void leKernels(const std::string& nome, std::vector<MASCARA>& kernels, IMAGENS imagens) {
+  const pim::ARQUIVO arquivo = pim::abre(nome, "rt");
+  leTodos({arquivo.get(), nome}, kernels, imagens);
+}
+
+namespace kernels {
+
+void leKernelsDoTexto(std::string_view texto, const std::string& nome,
+                      std::vector<MASCARA>& conjunto, IMAGENS imagens) {
+  const pim::ARQUIVO arquivo = pim::abreTexto(texto, nome);
+  leTodos({arquivo.get(), nome}, conjunto, imagens);
+}
+
+}  // namespace kernels

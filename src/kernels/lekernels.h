@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "kernels/mascara.h"
@@ -24,3 +25,12 @@ enum class IMAGENS { todas, nenhuma };
 // for the last.
 void leKernels(const std::string& nome, std::vector<MASCARA>& kernels,
                IMAGENS imagens = IMAGENS::todas);
+
+namespace kernels {
+
+// The same from a text in memory; `nome` stands for it in errors. pim::erro also when it holds a
+// character zero.
+void leKernelsDoTexto(std::string_view texto, const std::string& nome,
+                      std::vector<MASCARA>& conjunto, IMAGENS imagens);
+
+}  // namespace kernels

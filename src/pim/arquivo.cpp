@@ -35,6 +35,15 @@ ARQUIVO abre(const std::string& nome, const char* modo, const std::string& mensa
   return arquivo;
 }
 
+ARQUIVO abreTexto(std::string_view texto, const std::string& nome) {
+  if (texto.find('\0') != std::string_view::npos) erro("Erro: Caractere nulo em ", nome);
+  // Opened to read, so that the text is not written.
+  ARQUIVO arquivo(fmemopen(const_cast<char*>(texto.data()),  // NOLINT(*-const-cast)
+                           texto.size(), "r"));
+  if (!arquivo) erro("Erro abertura arquivo ", nome);
+  return arquivo;
+}
+
 void fechaEscrita(ARQUIVO arquivo, const std::string& nome) {
   std::FILE* f = arquivo.release();
   const bool comum = ehComum(f);

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace pim {
@@ -21,6 +22,10 @@ using ARQUIVO = std::unique_ptr<std::FILE, FECHADOR>;
 // unless fechaEscrita closes it.
 ARQUIVO abre(const std::string& nome, const char* modo,
              const std::string& mensagem = "Erro abertura arquivo ");
+
+// A text in memory, which must last, as a file to read. pim::erro with `nome` when it holds a
+// character zero, which no text file has.
+ARQUIVO abreTexto(std::string_view texto, const std::string& nome);
 
 // Closes a file that was written; pim::erro naming it when any write, or the close, failed (a full
 // disk shows only then). An ordinary file is removed then: cut short, it could be taken for whole.

@@ -90,6 +90,20 @@ void confereKernel(const MASCARA& m) {
   confere(std::abs(positivos - 1) < 1e-5 && std::abs(negativos + 1) < 1e-5, "soma do kernel");
 }
 
+// From memory as from the file. No text file has a zero, and that one says so.
+void confereDoTexto(const std::string& texto, const std::string& nome, const std::string& erro,
+                    std::size_t quantos) {
+  std::vector<MASCARA> doTexto;
+  const std::string erroDoTexto =
+      erroDe([&] { kernels::leKernelsDoTexto(texto, nome, doTexto, IMAGENS::nenhuma); });
+  if (texto.find('\0') != std::string::npos) {
+    confere(!erroDoTexto.empty(), "zero aceito");
+    return;
+  }
+  confere(erroDoTexto == erro, "erro do arquivo: " + erro + "; do texto: " + erroDoTexto);
+  confere(doTexto.size() == quantos, "numero de kernels do texto");
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t n) {
@@ -103,6 +117,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t n) 
   const std::string erroSem =
       erroDe([&] { leKernels(arquivo.nome, semImagens, IMAGENS::nenhuma); });
   confere(erroSem == erro, "erro com imagens: " + erro + "; sem: " + erroSem);
+  confereDoTexto(comoTexto(bytes, n), arquivo.nome, erro, semImagens.size());
   if (!erro.empty()) return 0;  // images may be half drawn
   confere(static_cast<double>(kernels.size()) == pedido.kernels, "numero de kernels");
   confere(semImagens.size() == kernels.size(), "numero de kernels sem imagens");
