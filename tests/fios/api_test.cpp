@@ -77,3 +77,32 @@ TEST(ApiEmFios, DuasImagensAoMesmoTempoEUmaTerceiraCancelada) {
     EXPECT_EQ(juntas.at(i), std::vector<std::string>(rodadas, sozinha)) << i;
   }
 }
+
+// Each with threads of its own.
+TEST(ApiEmFios, DuasImagensApuradasAoMesmoTempo) {
+  const cv::Mat_<unsigned char> foto = fotoDeGraos();
+  const auto image = vistaDe(foto);
+  const auto achados = vorplex::search(
+      image, vorplex::kernels_from_text("escoitava 2 circulo 21 quadrado 19"), 0.05);
+  const auto apura = [&](int fios) {
+    vorplex::RefineOptions opcoes;
+    opcoes.threads = fios;
+    std::string saida;
+    for (const auto& g : vorplex::refine(image, achados, opcoes)) {
+      saida += cv::format("%c %a %a %a %a\n", g.detection.shape, g.detection.row,
+                          g.detection.column, g.detection.d1, g.support);
+    }
+    return saida;
+  };
+  const std::string sozinha = apura(1);
+  EXPECT_GT(sozinha.size(), 50U);
+  for (int rodada = 0; rodada < 3; ++rodada) {
+    std::array<std::string, 2> juntas;
+    {
+      const std::jthread outro([&] { juntas[0] = apura(3); });
+      juntas[1] = apura(2);
+    }
+    EXPECT_EQ(juntas[0], sozinha);
+    EXPECT_EQ(juntas[1], sozinha);
+  }
+}

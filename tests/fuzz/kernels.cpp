@@ -91,12 +91,12 @@ void confereKernel(const MASCARA& m) {
 }
 
 // From memory as from the file. No text file has a zero, and that one says so.
-void confereDoTexto(const std::string& texto, const std::string& nome, const std::string& erro,
+void confereDoTexto(std::string_view texto, const std::string& nome, const std::string& erro,
                     std::size_t quantos) {
   std::vector<MASCARA> doTexto;
   const std::string erroDoTexto =
       erroDe([&] { kernels::leKernelsDoTexto(texto, nome, doTexto, IMAGENS::nenhuma); });
-  if (texto.find('\0') != std::string::npos) {
+  if (texto.find('\0') != std::string_view::npos) {
     confere(!erroDoTexto.empty(), "zero aceito");
     return;
   }
