@@ -36,8 +36,8 @@ std::pair<POSICAO, POSICAO> separa(CHAVE* v, POSICAO l, POSICAO r) {
   return {j, i};
 }
 
-// The two parts never meet again, so the smaller may go first: the result is the same and the
-// depth stays below the logarithm of the length.
+// Sorts v[l..r]. The two parts of a partition never meet again, so the smaller may go first: the
+// result is the same and the depth stays below the logarithm of the length.
 void ordenaFaixa(CHAVE* v, POSICAO l, POSICAO r, const pim::PAUSA& pausa) {
   while (l < r) {
     if (r - l > static_cast<POSICAO>(itensPorPausa) && pausa) pausa();

@@ -22,7 +22,7 @@ void eliminaProximo(const std::vector<MAXLOCAL>& entrada, std::vector<MAXLOCAL>&
 void eliminaProximo(const std::vector<MAXLOCAL>& entrada, std::vector<MAXLOCAL>& saida, int maxDist,
                     const pim::PAUSA& pausa);
 
-// As many records as `ordena` can number.
+// The most records that `ordena` can number.
 inline constexpr std::size_t maximoDeMaximos = 2147483647;
 
 // Appends every record of `novos` to `v`, in order. pim::erro when there would be more than

@@ -16,8 +16,8 @@ namespace exporta {
 // up, as if in a mirror. Rings are closed and run counter-clockwise as the map shows them, which is
 // what RFC 7946 asks for; on the photograph they run clockwise. Coordinates have 10 digits.
 //
-// They are not geographic, though readers will call them so (WGS 84): the format knows no other,
-// and leaves local coordinates to those who exchange them.
+// The coordinates are not geographic, though readers will call them so (WGS 84): the format knows
+// no other, and leaves local coordinates to those who exchange them.
 //
 // pim::erro when the file can't be written whole.
 void impGeojson(const measure::FOTOGRAFIA& foto, const std::string& nome,

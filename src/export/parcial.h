@@ -27,8 +27,8 @@ void adianta(PARCIAL& p);
 // Writes the rest, closes and renames; pim::erro when any write, the close or the rename failed.
 void conclui(PARCIAL p);
 
-// The same for what others write by its name: `escreve` is given a name with the same suffix, and
-// the file that it leaves there takes the name `nome`.
+// Writes a file aside for a writer that takes a name: `escreve` is given one beside `nome` with the
+// same suffix, and the file that it leaves there takes the name `nome`.
 void gravaAparte(const std::string& nome,
                  const std::function<void(const std::string& aparte)>& escreve);
 

@@ -24,18 +24,18 @@ using GRADE = MATRIZ<std::vector<int>>;
 void filtInter(const std::vector<MAXLOCAL>& entrada, std::vector<MAXLOCAL>& saida, cv::Size tamanho,
                const LIMIARES& limiares);
 
-// The same with the thresholds one by one.
+// `filtInter` with the thresholds of the four letters one by one.
 void filtInter(std::vector<MAXLOCAL>& entrada, std::vector<MAXLOCAL>& saida, cv::Size tamanho,
                double minCorrCir, double maxInterCir, double minCorrRet, double maxInterRet,
                double minCorrQua, double maxInterQua, double minCorrEli, double maxInterEli);
 
-// Part of the library for other programs; no command calls the two below.
-
 // The share of the candidate's pixels that fall on occupied cells or outside the grid. Its mask is
-// built into `mascara`. NaN when the mask is empty or holds no pixel of the shape.
+// built into `mascara`. NaN when the mask is empty or holds no pixel of the shape. Part of the
+// library for other programs; no command calls it.
 double calcInter(const MAXLOCAL& m, cv::Mat_<unsigned char>& mascara, const GRADE& grade);
 
 // The share of the pixels of kept detection number `indice` that fall on cells that hold any other
-// index, or outside the grid. Its mask is built into `mascara`. NaN as above.
+// index, or outside the grid. Its mask is built into `mascara`. NaN when the mask is empty or holds
+// no pixel of the shape. Part of the library for other programs; no command calls it.
 double calcInterViz(const MAXLOCAL& m, int indice, cv::Mat_<unsigned char>& mascara,
                     const GRADE& grade);

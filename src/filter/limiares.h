@@ -12,7 +12,7 @@ struct LIMIAR {
 struct LIMIARES {
   LIMIAR circulo, retangulo, quadrado, elipse;
 
-  // Those of a letter; others than c, r, q, e have none.
+  // The thresholds of a letter; other letters than c, r, q, e have none.
   LIMIAR de(char forma) const {
     switch (forma) {
       case 'c':

@@ -34,8 +34,9 @@ void contornoRetangulo(cv::Mat_<unsigned char>& out, double d1, double d2, doubl
 void contornoElipse(cv::Mat_<unsigned char>& out, double d1, double d2, double ang);
 
 // Sets to 0 the pixels of the shape (value 0) in `imagem` that have a neighbour above, below, left
-// or right outside it; the outside of the image counts as background. pim::erro as above when
-// `imagem` is empty. `out` must not share pixels with `imagem`.
+// or right outside it; the outside of the image counts as background. pim::erro
+// "Erro: IMG_::constructor _mat nulo" when `imagem` is empty. `out` must not share pixels with
+// `imagem`.
 void contornoInterno(cv::Mat_<unsigned char> imagem, cv::Mat_<unsigned char>& out);
 
 // A filled shape row by row, without its image, which grows with the square of the size.
@@ -49,8 +50,8 @@ struct PERFIL {
   }
 };
 
-// What the mask function of the letter would draw; nothing for an unknown letter. pim::erro as
-// there.
+// What the mask function of the letter would draw; nothing for an unknown letter. pim::erro where
+// that function ends in it.
 PERFIL perfil(char forma, double d1, double d2, double ang);
 
 // The odd side 2 ceil((extensao - 1) / 2) + 1 that holds `extensao` pixels, plus `margem` (even).

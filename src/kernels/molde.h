@@ -14,7 +14,7 @@ struct MOLDE {
 };
 
 // Draws the kernel with the function of its letter (normaliza.h), over what K holds when that has
-// its size. pim::erro as there.
+// its size. pim::erro where that function ends in it.
 void desenhaKernel(cv::Mat_<float>& K, const MOLDE& m);
 
 // Ends in the error of `desenhaKernel` when that would end in one, but draws nothing. A disc that

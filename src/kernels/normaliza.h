@@ -17,7 +17,7 @@ inline constexpr int maiorLadoKernel = 8191;  // pixels; a float image of this s
 // not finite. May be below 1, or larger than can be drawn.
 double ladoDoKernel(char forma, double d1, double d2);
 
-// It as an integer; pim::erro as below.
+// `ladoDoKernel` as an integer; pim::erro naming the shape when it exceeds `maiorLadoKernel`.
 int exigeLadoDoKernel(char forma, double d1, double d2);
 
 // Half of a full size, in whole pixels: that of the core, and that of the ring's outer edge.

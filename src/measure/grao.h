@@ -53,7 +53,7 @@ GRAO mede(const MAXLOCAL& m, std::size_t indice, int rows, int cols);
 // Measures a whole list, in its order.
 std::vector<GRAO> medeTodos(const std::vector<MAXLOCAL>& v, int rows, int cols);
 
-// The same of fitted grains.
+// Measures a list of fitted grains, in its order.
 std::vector<GRAO> medeApurados(const std::vector<refine::APURADO>& v, int rows, int cols);
 
 // The grain as a record of a list, its row and column rounded.

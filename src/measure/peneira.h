@@ -25,7 +25,8 @@ struct PENEIRA {
 // first is not above 0. Without apertures there are no classes.
 std::vector<PENEIRA> peneira(const CURVA& c, const std::vector<double>& aberturas);
 
-// That check alone, for settings that are read before there are grains.
+// Ends in the error of `peneira` for apertures that it refuses; for settings that are read before
+// there are grains.
 void confereAberturas(const std::vector<double>& aberturas);
 
 }  // namespace measure

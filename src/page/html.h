@@ -9,7 +9,7 @@ namespace page {
 // Text that people and file systems chose, made harmless for a page. Bytes that are not UTF-8 and
 // NUL, which HTML forbids, become U+FFFD.
 
-// As content of an element or as a quoted attribute.
+// `texto` as content of an element or as a quoted attribute.
 std::string emHtml(const std::string& texto);
 
 // `json` as content of a <script> element: no "<" is left that could end the element. In JSON it
