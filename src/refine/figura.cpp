@@ -28,10 +28,10 @@ double area(const FIGURA& f) {
 
 double perimetro(const FIGURA& f) {
   if (!curva(f.forma)) return 2 * (f.d1 + f.d2);
-  const double a = f.d1 / 2;
-  const double b = f.d2 / 2;
-  // Ramanujan's approximation (1914).
-  return std::numbers::pi * (3 * (a + b) - std::sqrt((3 * a + b) * (a + 3 * b)));
+  // Ramanujan's second approximation (1914).
+  const double soma = f.d1 + f.d2;
+  const double h = (f.d1 - f.d2) / soma * ((f.d1 - f.d2) / soma);
+  return std::numbers::pi / 2 * soma * (1 + 3 * h / (10 + std::sqrt(4 - 3 * h)));
 }
 
 double menorMetade(const FIGURA& f) {

@@ -22,7 +22,7 @@ struct FIGURA {
 FIGURA figura(const MAXLOCAL& m);
 
 double area(const FIGURA& f);         // square pixels
-double perimetro(const FIGURA& f);    // pixels; of an ellipse within 1e-4 up to aspect 5
+double perimetro(const FIGURA& f);    // pixels; of an ellipse within 1e-6 up to aspect 5
 double menorMetade(const FIGURA& f);  // half the lesser size
 double alongamento(const FIGURA& f);  // greater size by lesser, at least 1
 

@@ -12,7 +12,8 @@ namespace {
 // Taylor series for |x| <= pi / 4: the terms left out are below 1e-16.
 double senoPequeno(double x) {
   const double q = x * x;
-  double s = 1.0 / 6227020800.0;
+  double s = -1.0 / 1307674368000.0;
+  s = 1.0 / 6227020800.0 + q * s;
   s = -1.0 / 39916800.0 + q * s;
   s = 1.0 / 362880.0 + q * s;
   s = -1.0 / 5040.0 + q * s;
@@ -23,7 +24,8 @@ double senoPequeno(double x) {
 
 double cossenoPequeno(double x) {
   const double q = x * x;
-  double s = -1.0 / 87178291200.0;
+  double s = 1.0 / 20922789888000.0;
+  s = -1.0 / 87178291200.0 + q * s;
   s = 1.0 / 479001600.0 + q * s;
   s = -1.0 / 3628800.0 + q * s;
   s = 1.0 / 40320.0 + q * s;
@@ -64,7 +66,10 @@ DIRECAO direcao(double graus) {
 double exponencial(double x) {
   if (x < -700) return 0;
   const double n = std::floor(x * std::numbers::log2e + 0.5);
-  const double r = x - n * std::numbers::ln2;  // at most ln 2 / 2 in size
+  // ln 2 in two parts, of which n times the first is exact.
+  constexpr double ln2Alto = 0x1.62e42feep-1;
+  constexpr double ln2Baixo = 0x1.a39ef35793c76p-33;
+  const double r = x - n * ln2Alto - n * ln2Baixo;  // at most ln 2 / 2 in size
   double s = 1;
   for (int k = 13; k >= 1; --k) s = 1 + r * s / k;
   return std::ldexp(s, static_cast<int>(n));

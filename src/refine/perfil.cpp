@@ -66,12 +66,17 @@ PICO pico(const PERFIL_LIDO& p, int melhor) {
   x.rampa = r;
   x.onde = static_cast<float>(melhor);
   if (melhor == -p.n || melhor == p.n) return x;
-  const float a = p.rampa(melhor - 1);
-  const float b = p.rampa(melhor + 1);
-  const float dobra = a - 2 * r + b;
-  if (!(dobra < 0) || r <= 0) return x;
-  x.onde += std::clamp((a - b) / (2 * dobra), -0.5F, 0.5F);
-  x.largura2 = -r / dobra;
+  // A pixel to either side, where there is room: greys between pixels are interpolated in the same
+  // proportion there, and the peak is not moved by it. Of logarithms: blurred edges are bells.
+  const int longe = std::abs(melhor) + p.vao <= p.n + p.nitidez ? p.vao : 1;
+  const float antes = p.rampa(melhor - longe);
+  const float depois = p.rampa(melhor + longe);
+  if (!(antes + depois < 2 * r) || !(std::min(antes, depois) > 0.02F * r)) return x;
+  const double a = logaritmo(static_cast<double>(antes) / static_cast<double>(r));
+  const double b = logaritmo(static_cast<double>(depois) / static_cast<double>(r));
+  if (!(a + b < -1e-6)) return x;
+  x.onde += static_cast<float>(longe * std::clamp((a - b) / (2 * (a + b)), -0.5, 0.5));
+  x.largura2 = static_cast<float>(-longe * longe / (a + b));
   return x;
 }
 
