@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
+#include <limits>
+#include <numbers>
 #include <string_view>
 
 #include "pim/erro.h"
@@ -64,7 +65,7 @@ MODO_DE_AJUSTAR modoDeAjustar(const MODO_DE_APURAR& modo) {
 }
 
 double diametro(const FIGURA& f) {
-  return std::sqrt(area(f) * (4 / 3.14159265358979323846));
+  return std::sqrt(area(f) * (4 / std::numbers::pi));
 }
 
 struct MESA_DE_EXAME {
@@ -162,6 +163,82 @@ double menorApoio(double sensibilidade) {
   return s < 0.5 ? 0.33 + (0.5 - s) * 1.14 : 0.33 - (s - 0.5) * 0.56;
 }
 
+// Measures the shapes that stay, each with what its neighbours hide of it left out.
+std::vector<MEDIDO> medeTodos(const CAMPO& campo, const std::vector<FIGURA>& figuras,
+                              const MODO_DE_APURAR& modo) {
+  std::vector<MEDIDO> medidos(figuras.size());
+  VIZINHOS aceitos(32);
+  for (const FIGURA& f : figuras) aceitos.poe(f);
+  paraTodos<MESA_DE_EXAME>(figuras.size(), modo.fios, [&](std::size_t i, MESA_DE_EXAME& m) {
+    const FIGURA& f = figuras[i];
+    quemEncobre(f, aceitos, 1, m);
+    std::erase_if(m.encobrem,
+                  [&](const FIGURA& g) { return g.l == f.l && g.c == f.c && g.d1 == f.d1; });
+    const std::string familias = modo.semLetras ? std::string(1, f.forma) : modo.familias;
+    const ANDAR& foto = campo.andares[0];
+    medidos[i].inteiro = medeMelhor(foto, f, familias, m.encobrem, m.bancada);
+    if (!medidos[i].inteiro) return;
+    medidos[i].semSombra = semSombra(foto, *medidos[i].inteiro, m.encobrem, m.bancada);
+  });
+  tiraSombras(medidos);
+  return medidos;
+}
+
+APURADO apurado(const MEDIDA& m, const CANDIDATO& c, const EXAME& e, double apoio) {
+  APURADO g{normal(m.figura), c.correl, apoio, e.contraste, m.erro};
+  if (m.figura.d2 > m.figura.d1) std::swap(g.erro[2], g.erro[3]);
+  return g;
+}
+
+// By decreasing support; of two that were measured into much the same place, the better.
+std::vector<APURADO> semColisoes(std::vector<APURADO> v, const MODO_DE_APURAR& modo) {
+  std::stable_sort(v.begin(), v.end(),
+                   [](const APURADO& a, const APURADO& b) { return a.apoio > b.apoio; });
+  std::vector<FIGURA> figuras;
+  std::vector<double> notas;
+  for (const APURADO& g : v) {
+    figuras.push_back(g.figura);
+    notas.push_back(-static_cast<double>(notas.size()));  // in this order
+  }
+  REGRAS regras;
+  regras.sobreposicao = std::max(0.5, modo.sobreposicao + 0.1);
+  regras.contornoLivre = 0;
+  regras.menorNota = -std::numeric_limits<double>::infinity();
+  regras.notaDeTroca = std::numeric_limits<double>::infinity();
+  std::vector<APURADO> ficam;
+  for (const std::size_t k : escolhe(figuras, notas, regras)) ficam.push_back(v[k]);
+  return ficam;
+}
+
+std::vector<APURADO> apuraBoas(const CAMPO& campo, const std::vector<DETECCAO>& boas,
+                               const MODO_DE_APURAR& modo, const PESOS& pesos) {
+  constexpr double folga = 0.85;  // measuring may still change the size
+  std::vector<CANDIDATO> v = ajustaTodos(campo, boas, modoDeAjustar(modo), pesos);
+  std::erase_if(v, [&](const CANDIDATO& c) {
+    const double d = diametro(c.figura);
+    return d < folga * modo.menor || d > modo.maior / folga;
+  });
+  const JUIZO j = julga(campo, v, modo, pesos);
+  const std::vector<double> p = apoios(j, pesos);
+  std::vector<FIGURA> figuras;
+  std::vector<std::size_t> quais;  // places among the chosen
+  for (std::size_t i = 0; i < p.size(); ++i) {
+    if (p[i] < menorApoio(modo.sensibilidade)) continue;
+    figuras.push_back(j.figuras[j.escolhidos[i]]);
+    quais.push_back(i);
+  }
+  const std::vector<MEDIDO> medidos = medeTodos(campo, figuras, modo);
+  std::vector<APURADO> graos;
+  for (std::size_t i = 0; i < medidos.size(); ++i) {
+    if (!medidos[i].inteiro) continue;
+    const double d = diametro(medidos[i].inteiro->figura);
+    if (d < modo.menor || d > modo.maior) continue;
+    const std::size_t k = j.escolhidos[quais[i]];
+    graos.push_back(apurado(*medidos[i].inteiro, v[k], j.exames[k], p[quais[i]]));
+  }
+  return semColisoes(std::move(graos), modo);
+}
+
 }  // namespace
 
 APURACAO apura(const cv::Mat_<unsigned char>& imagem, const std::vector<MAXLOCAL>& lista,
@@ -170,66 +247,13 @@ APURACAO apura(const cv::Mat_<unsigned char>& imagem, const std::vector<MAXLOCAL
   APURACAO r;
   std::vector<DETECCAO> boas;
   for (const MAXLOCAL& m : lista) {
-    if (servePara(m, imagem.rows, imagem.cols)) {
-      boas.push_back({modo.semLetras ? figura(m) : emFamilia(figura(m), modo.familias), m.correl});
-    } else {
+    if (!servePara(m, imagem.rows, imagem.cols)) {
       ++r.recusados;
+      continue;
     }
+    boas.push_back({modo.semLetras ? figura(m) : emFamilia(figura(m), modo.familias), m.correl});
   }
-  if (boas.empty()) return r;
-  const CAMPO campo = preparaCampo(imagem);
-  std::vector<CANDIDATO> v = ajustaTodos(campo, boas, modoDeAjustar(modo), pesos);
-  std::erase_if(v, [&](const CANDIDATO& c) {
-    const double d = diametro(c.figura);
-    return d < 0.85 * modo.menor || d > modo.maior / 0.85;
-  });
-  const JUIZO j = julga(campo, v, modo, pesos);
-  const std::vector<double> p = apoios(j, pesos);
-
-  std::vector<std::size_t> ficam;
-  for (std::size_t i = 0; i < p.size(); ++i) {
-    if (p[i] >= menorApoio(modo.sensibilidade)) ficam.push_back(i);
-  }
-  std::vector<APURADO> graos(ficam.size());
-  std::vector<MEDIDO> medidos(ficam.size());
-  VIZINHOS aceitos(32);
-  for (const std::size_t i : ficam) aceitos.poe(j.figuras[j.escolhidos[i]]);
-  paraTodos<MESA_DE_EXAME>(ficam.size(), modo.fios, [&](std::size_t i, MESA_DE_EXAME& m) {
-    const std::size_t k = j.escolhidos[ficam[i]];
-    quemEncobre(j.figuras[k], aceitos, 1, m);
-    std::erase_if(m.encobrem, [&](const FIGURA& g) {
-      return g.l == j.figuras[k].l && g.c == j.figuras[k].c && g.d1 == j.figuras[k].d1;
-    });
-    const std::string familias =
-        modo.semLetras ? std::string(1, j.figuras[k].forma) : modo.familias;
-    const ANDAR& foto = campo.andares[0];
-    medidos[i].inteiro = medeMelhor(foto, j.figuras[k], familias, m.encobrem, m.bancada);
-    if (!medidos[i].inteiro) return;
-    medidos[i].semSombra = semSombra(foto, *medidos[i].inteiro, m.encobrem, m.bancada);
-  });
-  tiraSombras(medidos);
-  for (std::size_t i = 0; i < ficam.size(); ++i) {
-    const std::size_t k = j.escolhidos[ficam[i]];
-    APURADO& g = graos[i];
-    g.correl = v[k].correl;
-    g.apoio = p[ficam[i]];
-    g.contraste = j.exames[k].contraste;
-    if (medidos[i].inteiro) {
-      g.figura = medidos[i].inteiro->figura;
-      g.erro = medidos[i].inteiro->erro;
-    }
-  }
-  std::erase_if(graos, [&](const APURADO& g) {
-    const double d = diametro(g.figura);
-    return !(g.figura.d1 > 0) || d < modo.menor || d > modo.maior;
-  });
-  for (APURADO& g : graos) {
-    if (g.figura.d2 > g.figura.d1) std::swap(g.erro[2], g.erro[3]);
-    g.figura = normal(g.figura);
-  }
-  std::stable_sort(graos.begin(), graos.end(),
-                   [](const APURADO& a, const APURADO& b) { return a.apoio > b.apoio; });
-  r.graos = std::move(graos);
+  if (!boas.empty()) r.graos = apuraBoas(preparaCampo(imagem), boas, modo, pesos);
   return r;
 }
 
