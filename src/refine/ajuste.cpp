@@ -31,27 +31,35 @@ VETOR derivadas(const AMOSTRA& a, LIBERDADE l) {
   return {a.derivada[0], a.derivada[1], a.derivada[2] + a.derivada[3], a.derivada[4], 0};
 }
 
-// Solves the symmetric system by Cholesky's factors; nothing when it has no unique solution.
-std::optional<VETOR> resolveSistema(SISTEMA s, VETOR b, int n) {
-  for (std::size_t i = 0; i < static_cast<std::size_t>(n); ++i) {
-    for (std::size_t j = 0; j <= i; ++j) {
+// Solves the symmetric system of N unknowns by the factors L D L^T; nothing when it has no unique
+// solution.
+template <std::size_t N>
+std::optional<VETOR> resolveDe(const SISTEMA& s, VETOR b) {
+  SISTEMA f;      // below the diagonal L, above it D L^T
+  VETOR inverso;  // of D
+  for (std::size_t i = 0; i < N; ++i) {
+    for (std::size_t j = 0; j < i; ++j) {
       double x = s[i][j];
-      for (std::size_t k = 0; k < j; ++k) x -= s[i][k] * s[j][k];
-      if (i == j) {
-        if (!(x > 1e-12)) return std::nullopt;
-        s[i][i] = std::sqrt(x);
-      } else {
-        s[i][j] = x / s[j][j];
-      }
+      for (std::size_t k = 0; k < j; ++k) x -= f[i][k] * f[k][j];
+      f[j][i] = x;
+      f[i][j] = x * inverso[j];
     }
-    for (std::size_t k = 0; k < i; ++k) b[i] -= s[i][k] * b[k];
-    b[i] /= s[i][i];
+    double x = s[i][i];
+    for (std::size_t k = 0; k < i; ++k) x -= f[i][k] * f[k][i];
+    if (!(x > 1e-12)) return std::nullopt;
+    inverso[i] = 1 / x;
+    for (std::size_t k = 0; k < i; ++k) b[i] -= f[i][k] * b[k];
   }
-  for (auto i = static_cast<std::size_t>(n); i-- > 0;) {
-    for (std::size_t k = i + 1; k < static_cast<std::size_t>(n); ++k) b[i] -= s[k][i] * b[k];
-    b[i] /= s[i][i];
+  for (std::size_t i = N; i-- > 0;) {
+    b[i] *= inverso[i];
+    for (std::size_t k = i + 1; k < N; ++k) b[i] -= f[k][i] * b[k];
   }
   return b;
+}
+
+std::optional<VETOR> resolveSistema(const SISTEMA& s, const VETOR& b, int n) {
+  if (n == 3) return resolveDe<3>(s, b);
+  return n == 4 ? resolveDe<4>(s, b) : resolveDe<5>(s, b);
 }
 
 // Blurred edges that curve are seen too far in, by curvature times variance of the blur over 2.
@@ -62,29 +70,57 @@ double recuo(const AMOSTRA& a, const BORDA& b) {
 
 }  // namespace
 
-EQUACOES equacoes(const ANDAR& andar, const FIGURA& f, const std::vector<double>& deslocamentos,
-                  double tolerancia, const BANCADA& b) {
-  const LIBERDADE l = liberdade(f.forma);
-  const auto n = static_cast<std::size_t>(l.n);
-  EQUACOES q;
-  q.n = l.n;
+namespace {
+
+// The sums of the equations of `N` unknowns; the scatter only where it is asked for.
+template <std::size_t N, bool DISPERSAO>
+void somaEquacoes(double ruido, LIBERDADE l, const std::vector<double>& deslocamentos,
+                  double tolerancia, const BANCADA& b, EQUACOES& q) {
+  const double inclinada = 1 / (3 * ruido);
+  const double perto = 1 / (tolerancia * tolerancia);
   for (std::size_t i = 0; i < b.bordas.size(); ++i) {
     const BORDA& borda = b.bordas[i];
     if (!borda.ha) continue;
     const AMOSTRA& a = b.amostras[i];
     const double e = deslocamentos[i];
-    const double peso = std::min(1.0, borda.rampa / (3 * andar.ruido)) * a.arco * a.peso /
-                        (1 + e * e / (tolerancia * tolerancia));
+    const double peso =
+        std::min(1.0, borda.rampa * inclinada) * a.arco * a.peso / (1 + e * e * perto);
     const VETOR d = derivadas(a, l);
-    for (std::size_t j = 0; j < n; ++j) {
-      for (std::size_t k = 0; k <= j; ++k) {
-        q.matriz[j][k] += peso * d[j] * d[k];
-        q.dispersao[j][k] += peso * peso * e * e * d[j] * d[k];
+    for (std::size_t j = 0; j < N; ++j) {
+      const double pd = peso * d[j];
+      for (std::size_t k = 0; k <= j; ++k) q.matriz[j][k] += pd * d[k];
+      q.lado[j] += pd * e;
+      if constexpr (DISPERSAO) {
+        for (std::size_t k = 0; k <= j; ++k) q.dispersao[j][k] += pd * e * (peso * e * d[k]);
       }
-      q.lado[j] += peso * d[j] * e;
     }
   }
+}
+
+template <bool DISPERSAO>
+EQUACOES equacoesCom(const ANDAR& andar, const FIGURA& f, const std::vector<double>& deslocamentos,
+                     double tolerancia, const BANCADA& b) {
+  const LIBERDADE l = liberdade(f.forma);
+  EQUACOES q;
+  q.n = l.n;
+  const auto soma = [&]<std::size_t N>() {
+    somaEquacoes<N, DISPERSAO>(andar.ruido, l, deslocamentos, tolerancia, b, q);
+  };
+  if (l.n == 3) {
+    soma.template operator()<3>();
+  } else if (l.n == 4) {
+    soma.template operator()<4>();
+  } else {
+    soma.template operator()<5>();
+  }
   return q;
+}
+
+}  // namespace
+
+EQUACOES equacoes(const ANDAR& andar, const FIGURA& f, const std::vector<double>& deslocamentos,
+                  double tolerancia, const BANCADA& b) {
+  return equacoesCom<true>(andar, f, deslocamentos, tolerancia, b);
 }
 
 std::optional<VETOR> resolve(const EQUACOES& e, double amortecimento) {
@@ -174,8 +210,8 @@ bool ajusta(const ANDAR& andar, FIGURA& f, const MODO& modo, BANCADA& b) {
     for (std::size_t i = 0; i < b.bordas.size(); ++i) {
       deslocamentos[i] = b.bordas[i].desvio + recuo(b.amostras[i], b.bordas[i]);
     }
-    const std::optional<VETOR> v =
-        resolve(equacoes(andar, f, deslocamentos, 0.35 * alcance + 0.5, b), amortecimentoUsual);
+    const std::optional<VETOR> v = resolve(
+        equacoesCom<false>(andar, f, deslocamentos, 0.35 * alcance + 0.5, b), amortecimentoUsual);
     if (!v) return false;
     const double movida = move(f, *v);
     if (perdida(andar, f)) return false;

@@ -82,6 +82,19 @@ ANDAR andar(const cv::Mat_<float>& imagem, int nivel) {
   return a;
 }
 
+// saida = the sum of peso[k] times rows k before and k after; `linha(k)` is row k.
+template <class LINHA>
+void pesaAosPares(const std::vector<float>& peso, int n, LINHA linha, float* saida) {
+  const float* meio = linha(0);
+  for (int c = 0; c < n; ++c) saida[c] = peso[0] * meio[c];
+  for (int k = 1; k < static_cast<int>(peso.size()); ++k) {
+    const float p = peso[static_cast<std::size_t>(k)];
+    const float* antes = linha(-k);
+    const float* depois = linha(k);
+    for (int c = 0; c < n; ++c) saida[c] += p * (antes[c] + depois[c]);
+  }
+}
+
 }  // namespace
 
 cv::Mat_<float> alisa(const cv::Mat_<float>& imagem, double sigma) {
@@ -95,23 +108,19 @@ cv::Mat_<float> alisa(const cv::Mat_<float>& imagem, double sigma) {
         static_cast<float>(exponencial(-k * k / (2 * sigma * sigma)) / soma);
   }
   cv::Mat_<float> deitada(imagem.size());
-  const auto passa = [&](const float* centro, std::ptrdiff_t passo, int x, int n) {
-    float s = peso[0] * centro[0];
-    for (int k = 1; k <= raio; ++k) {
-      const int antes = std::min(k, x);
-      const int depois = std::min(k, n - 1 - x);
-      s += peso[static_cast<std::size_t>(k)] * (centro[-antes * passo] + centro[depois * passo]);
-    }
-    return s;
-  };
+  std::vector<float> larga(static_cast<std::size_t>(imagem.cols + 2 * raio));
   for (int l = 0; l < imagem.rows; ++l) {
-    for (int c = 0; c < imagem.cols; ++c) deitada(l, c) = passa(&imagem(l, c), 1, c, imagem.cols);
+    const float* linha = imagem[l];
+    std::fill_n(larga.begin(), raio, linha[0]);
+    std::copy_n(linha, imagem.cols, larga.begin() + raio);
+    std::fill_n(larga.end() - raio, raio, linha[imagem.cols - 1]);
+    pesaAosPares(
+        peso, imagem.cols, [&](int k) { return larga.data() + raio + k; }, deitada[l]);
   }
   cv::Mat_<float> saida(imagem.size());
-  const auto passo = static_cast<std::ptrdiff_t>(deitada.step1());
   for (int l = 0; l < imagem.rows; ++l) {
-    for (int c = 0; c < imagem.cols; ++c)
-      saida(l, c) = passa(&deitada(l, c), passo, l, imagem.rows);
+    const auto linha = [&](int k) { return deitada[std::clamp(l + k, 0, imagem.rows - 1)]; };
+    pesaAosPares(peso, imagem.cols, linha, saida[l]);
   }
   return saida;
 }

@@ -20,6 +20,7 @@ struct ESBOCO {
   FIGURA figura;
   float correl = 0;
   float nota = -1;
+  std::uint64_t chave = 0;
 };
 
 constexpr MODO grosso{16, 3, 1, 1, 0.1};
@@ -67,9 +68,9 @@ bool ajustaNaFoto(const CAMPO& campo, const MODO& modo, FIGURA& f, BANCADA& b) {
 // Those of `v` that are not lost, one of each kind.
 void tiraIguais(std::vector<ESBOCO>& v) {
   std::unordered_set<std::uint64_t> vistas;
-  std::erase_if(v, [&](const ESBOCO& c) {
-    return !(c.figura.d1 > 0) || !vistas.insert(chave(c.figura, igualdade)).second;
-  });
+  vistas.reserve(v.size());
+  std::erase_if(
+      v, [&](const ESBOCO& c) { return !(c.figura.d1 > 0) || !vistas.insert(c.chave).second; });
 }
 
 // The place and size of a shape, coarsely: cells as large as its lesser size, half octaves of it.
@@ -120,6 +121,7 @@ std::vector<CANDIDATO> ajustaTodos(const CAMPO& campo, const std::vector<DETECCA
     v[k].correl = lista[k].correl;
     if (!ajusta(andar, g, grosso, b)) return;
     v[k].figura = naFoto(g, andar.nivel);
+    v[k].chave = chave(v[k].figura, igualdade);
     v[k].nota = static_cast<float>(pesos.esboco.de(esboca(andar, g, v[k].correl, b)));
   });
   tiraIguais(v);
@@ -127,7 +129,11 @@ std::vector<CANDIDATO> ajustaTodos(const CAMPO& campo, const std::vector<DETECCA
   paraTodos<BANCADA>(v.size(), modo.fios, [&](std::size_t k, BANCADA& b) {
     if (modo.elipses && v[k].figura.forma == 'c') v[k].figura.forma = 'e';
     if (modo.retangulos && v[k].figura.forma == 'q') v[k].figura.forma = 'r';
-    if (!ajustaNaFoto(campo, fino, v[k].figura, b)) v[k].figura = {};
+    if (!ajustaNaFoto(campo, fino, v[k].figura, b)) {
+      v[k].figura = {};
+      return;
+    }
+    v[k].chave = chave(v[k].figura, igualdade);
   });
   tiraIguais(v);
   std::vector<CANDIDATO> examinados(v.size());

@@ -54,12 +54,16 @@ struct MIOLO {
 
 // Half way from the centre to the outline.
 MIOLO miolo(const ANDAR& andar, const FIGURA& f, double padrao) {
+  static const std::array<DIRECAO, 8> oito = [] {
+    std::array<DIRECAO, 8> v{};
+    for (std::size_t k = 0; k < v.size(); ++k) v[k] = direcao(45.0 * static_cast<double>(k) + 22.5);
+    return v;
+  }();
   const EIXOS e(f);
   double s = 0;
   double q = 0;
   int n = 0;
-  for (int k = 0; k < 8; ++k) {
-    const DIRECAO d = direcao(45.0 * k + 22.5);
+  for (const DIRECAO& d : oito) {
     const double u = f.d1 / 4 * d.cosseno;
     const double v = f.d2 / 4 * d.seno;
     const double l = e.l + u * e.d.seno + v * e.d.cosseno;

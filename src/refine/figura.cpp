@@ -53,12 +53,6 @@ FIGURA normal(FIGURA f) {
   return f;
 }
 
-bool contem(const FIGURA& f, const EIXOS& e, double linha, double coluna) {
-  const double u = 2 * e.u(linha, coluna) / f.d1;
-  const double v = 2 * e.v(linha, coluna) / f.d2;
-  return curva(f.forma) ? u * u + v * v <= 1 : std::fabs(u) <= 1 && std::fabs(v) <= 1;
-}
-
 CAIXA meiaCaixa(const FIGURA& f) {
   const DIRECAO d = direcao(f.ang);
   const double ac = std::fabs(f.d1 * d.cosseno) / 2;

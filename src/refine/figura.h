@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cmath>
+
 #include "detect/maxlocal.h"
 #include "refine/numeros.h"
 
@@ -46,7 +48,14 @@ struct EIXOS {
 };
 
 // Whether the point lies inside, the outline included.
-bool contem(const FIGURA& f, const EIXOS& e, double linha, double coluna);
+inline bool contem(const FIGURA& f, const EIXOS& e, double linha, double coluna) {
+  const double u = 2 * e.u(linha, coluna);
+  const double v = 2 * e.v(linha, coluna);
+  if (f.forma != 'c' && f.forma != 'e') return std::fabs(u) <= f.d1 && std::fabs(v) <= f.d2;
+  const double x = u / f.d1;
+  const double y = v / f.d2;
+  return x * x + y * y <= 1;
+}
 
 // Half the height and half the width of the upright box that just holds the shape.
 struct CAIXA {

@@ -4,7 +4,9 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 
+#include "refine/feixe.h"
 #include "refine/numeros.h"
 
 namespace refine {
@@ -14,129 +16,145 @@ namespace {
 constexpr int maximoDePassos = 32;
 constexpr int maximoDaNitidez = 12;
 constexpr std::size_t maximoDeGreys = 2 * (maximoDePassos + maximoDaNitidez) + 5;
+constexpr std::size_t bloco = 64;  // samples whose profiles stay in the nearest cache
 
-// The peak of the slope along a profile of grey values.
-struct PICO {
-  float onde = 0;  // steps from the middle
-  float rampa = 0;
-  float largura2 = 1;  // square steps
-};
-
-// 2 (n + nitidez + vao) + 1 greys around the middle; slope k is over `vao` steps to either side.
-struct PERFIL_LIDO {
-  int n;
-  int vao;
-  int nitidez;
-  std::array<float, maximoDeGreys> grey;
-
-  int meio() const { return n + nitidez + vao; }
-  // How much slope k counts.
-  float valor(int k) const {
-    if (nitidez == 0) return rampa(k);
-    return rampa(k) - 0.5F * (rampa(k - nitidez) + rampa(k + nitidez));
-  }
-  float rampa(int k) const {
-    const auto i = static_cast<std::size_t>(k + meio());
-    return grey[i + static_cast<std::size_t>(vao)] - grey[i - static_cast<std::size_t>(vao)];
-  }
-};
-
-// The step of the edge: where the slope counts most, or the first from inside that is a peak of at
-// least `primeira`.
-int passoDaBorda(const PERFIL_LIDO& p, const std::array<float, maximoDePassos + 1>& peso,
-                 float primeira) {
-  int melhor = 0;
-  float valor = -9;
-  for (int k = -p.n; k <= p.n; ++k) {
-    const float r = p.rampa(k);
-    const bool basta = primeira > 0 && r >= primeira && k > -p.n && k < p.n;
-    if (basta && r >= p.rampa(k - 1) && r >= p.rampa(k + 1)) return k;
-    const float v = p.valor(k) * peso[static_cast<std::size_t>(std::abs(k))];
-    if (v > valor) {
-      valor = v;
-      melhor = k;
-    }
-  }
-  return melhor;
+constexpr std::size_t cheio(std::size_t n) {
+  return (n + multiploDoFeixe - 1) / multiploDoFeixe * multiploDoFeixe;
 }
 
-PICO pico(const PERFIL_LIDO& p, int melhor) {
-  PICO x;
-  const float r = p.rampa(melhor);
-  x.rampa = r;
-  x.onde = static_cast<float>(melhor);
-  if (melhor == -p.n || melhor == p.n) return x;
-  // A pixel to either side, where there is room: greys between pixels are interpolated in the same
-  // proportion there, and the peak is not moved by it. Of logarithms: blurred edges are bells.
-  const int longe = std::abs(melhor) + p.vao <= p.n + p.nitidez ? p.vao : 1;
-  const float antes = p.rampa(melhor - longe);
-  const float depois = p.rampa(melhor + longe);
-  if (!(antes + depois < 2 * r) || !(std::min(antes, depois) > 0.02F * r)) return x;
-  const double a = logaritmo(static_cast<double>(antes) / static_cast<double>(r));
-  const double b = logaritmo(static_cast<double>(depois) / static_cast<double>(r));
-  if (!(a + b < -1e-6)) return x;
-  x.onde += static_cast<float>(longe * std::clamp((a - b) / (2 * (a + b)), -0.5, 0.5));
-  x.largura2 = static_cast<float>(-longe * longe / (a + b));
-  return x;
+using PESO_DO_PASSO = std::array<float, maximoDePassos + 1>;
+
+// exp(-s^2 / 2) for s = 0, h, 2 h... by products alone.
+PESO_DO_PASSO pesos(double h, int n) {
+  PESO_DO_PASSO peso{};
+  double razao = exponencial(-h * h / 2);
+  const double q = razao * razao;
+  double g = 1;
+  for (int k = 0; k <= n; ++k) {
+    peso[static_cast<std::size_t>(k)] = static_cast<float>(g);
+    g *= razao;
+    razao *= q;
+  }
+  return peso;
 }
 
-}  // namespace
+BUSCA busca(const ALCANCE& como, const PESO_DO_PASSO& peso) {
+  BUSCA b{};
+  b.n = std::min(maximoDePassos, static_cast<int>(std::ceil(como.alcance / como.passo)));
+  b.vao = como.passo < 0.75 ? 2 : 1;
+  b.nitidez = std::min(como.nitidez, maximoDaNitidez);
+  b.primeira = static_cast<float>(2 * como.primeira);  // over two pixels
+  b.peso = peso.data();
+  return b;
+}
 
-namespace {
-
-// Reads the profile of one sample; false when it leaves the margins of the reduction.
-bool le(const ANDAR& andar, const AMOSTRA& a, int m, double passo, float* grey) {
+// Reads the profiles of some samples, `m` points to either side; `visivel` becomes false of those
+// that leave the margins of the reduction.
+void le(const ANDAR& andar, std::span<const AMOSTRA> amostras, int m, double passo,
+        std::span<BORDA> bordas, float* greys, std::size_t salto) {
+  std::array<float, bloco> l, c, dl, dc;
   const double longe = m * passo;
   const double folga = ANDAR::margem - 2 - longe;
-  if (!(a.l > -folga && a.c > -folga && a.l < andar.rows - 1 + folga &&
-        a.c < andar.cols - 1 + folga)) {
-    return false;
+  const double fimL = andar.rows - 1 + folga;
+  const double fimC = andar.cols - 1 + folga;
+  double alto = andar.rows;
+  const std::size_t n = amostras.size();
+  for (std::size_t i = 0; i < n; ++i) {
+    const AMOSTRA& a = amostras[i];
+    const bool cabe = a.l > -folga && a.c > -folga && a.l < fimL && a.c < fimC;
+    bordas[i].visivel = cabe && andar.contem(a.l, a.c);
+    // Those out of sight read a place that is surely there.
+    l[i] = bordas[i].visivel ? static_cast<float>(a.l - longe * a.nl + ANDAR::margem) : 0;
+    c[i] = bordas[i].visivel ? static_cast<float>(a.c - longe * a.nc + ANDAR::margem) : 0;
+    dl[i] = bordas[i].visivel ? static_cast<float>(passo * a.nl) : 0;
+    dc[i] = bordas[i].visivel ? static_cast<float>(passo * a.nc) : 0;
+    if (bordas[i].visivel) alto = std::min(alto, a.l);
   }
-  const std::size_t linha = andar.liso.step1();
-  const float* origem = andar.liso.ptr<float>(0);
-  const auto l0 = static_cast<float>(a.l - longe * a.nl + ANDAR::margem);
-  const auto c0 = static_cast<float>(a.c - longe * a.nc + ANDAR::margem);
-  const auto dl = static_cast<float>(passo * a.nl);
-  const auto dc = static_cast<float>(passo * a.nc);
-  for (int k = 0; k <= 2 * m; ++k) {
-    const float l = l0 + static_cast<float>(k) * dl;
-    const float c = c0 + static_cast<float>(k) * dc;
-    const int li = static_cast<int>(l);
-    const int ci = static_cast<int>(c);
-    const float y = l - static_cast<float>(li);
-    const float x = c - static_cast<float>(ci);
-    const float* p = origem + static_cast<std::size_t>(li) * linha + ci;
-    const float cima = p[0] + x * (p[1] - p[0]);
-    const float baixo = p[linha] + x * (p[linha + 1] - p[linha]);
-    grey[k] = cima + y * (baixo - cima);
+  // Offsets from a row nearby stay small, whatever the size of the picture.
+  const int linha = std::max(0, static_cast<int>(alto + ANDAR::margem - longe) - 1);
+  const std::size_t ate = cheio(n);
+  for (std::size_t i = 0; i < ate; ++i) {
+    if (i >= n) l[i] = c[i] = dl[i] = dc[i] = 0;
+    if (i >= n || !bordas[i].visivel) l[i] = static_cast<float>(linha);
   }
-  return true;
+  const PIXELS pixels{andar.liso.ptr<float>(linha), linha, static_cast<int>(andar.liso.step1())};
+  const FEIXE feixe{l.data(), c.data(), dl.data(), dc.data(), ate};
+  melhorLeitor().le(pixels, feixe, 2 * m + 1, greys, salto);
 }
 
-// Each profile becomes the mean of those around it on its side.
-void junta(std::span<const AMOSTRA> amostras, const std::vector<BORDA>& bordas, int quantos, int n,
-           std::vector<float>& greys) {
-  const std::vector<float> antes = greys;
-  const auto total = static_cast<std::ptrdiff_t>(amostras.size());
-  for (std::ptrdiff_t i = 0; i < total; ++i) {
-    float* meu = greys.data() + i * n;
-    std::fill(meu, meu + n, 0.0F);
-    float peso = 0;
-    for (std::ptrdiff_t d = -quantos; d <= quantos; ++d) {
-      std::ptrdiff_t j = i + d;
-      const bool curva = amostras[static_cast<std::size_t>(i)].curvatura > 0;
-      if (curva) j = (j + total) % total;
-      if (j < 0 || j >= total) continue;
-      const auto u = static_cast<std::size_t>(j);
-      if (!bordas[u].visivel || amostras[u].lado != amostras[static_cast<std::size_t>(i)].lado)
-        continue;
-      const float* outro = antes.data() + j * n;
-      for (int k = 0; k < n; ++k) meu[k] += outro[k];
-      peso += 1;
+// A side of a contour: samples `de` to `ate`, and where they begin in the rows of `junta`.
+struct LADO {
+  std::size_t de, ate;
+  std::size_t inicio;
+};
+
+// Each profile becomes the mean of those around it on its side; a curve is one side without ends.
+// One point of all of the profiles is a row of `salto` greys.
+void junta(std::span<const AMOSTRA> amostras, std::span<const BORDA> bordas, int quantos,
+           int pontos, std::vector<float>& greys, std::size_t salto) {
+  const std::size_t total = amostras.size();
+  const std::size_t q = std::min(static_cast<std::size_t>(quantos), total - 1);
+  // Rows get q more samples at either end of each side: which they are, and 0 where they are none.
+  std::vector<LADO> lados;
+  std::vector<std::size_t> qual;
+  std::vector<float> vale;
+  for (std::size_t de = 0, ate = 0; de < total; de = ate) {
+    while (ate < total && amostras[ate].lado == amostras[de].lado) ++ate;
+    const std::size_t n = ate - de;
+    lados.push_back({de, ate, qual.size()});
+    for (std::size_t i = 0; i < n + 2 * q; ++i) {
+      const bool alem = i < q || i >= n + q;
+      qual.push_back(de + (i + n * (q / n + 1) - q) % n);
+      vale.push_back((alem && amostras[de].curvatura <= 0) || !bordas[qual.back()].visivel ? 0 : 1);
     }
-    if (peso > 0) {
-      for (int k = 0; k < n; ++k) meu[k] /= peso;
+  }
+  std::vector<float> perto(qual.size());
+  std::vector<float> soma(total);
+  // Sums of 2 q + 1 from those of 1, 2, 4...: `perto` holds one after the other.
+  const auto somaPerto = [&] {
+    for (const LADO& x : lados) {
+      const std::size_t n = x.ate - x.de;
+      float* s = soma.data() + x.de;
+      float* p = perto.data() + x.inicio;
+      std::fill_n(s, n, 0.0F);
+      for (std::size_t quantas = 1, feitas = 0; feitas < 2 * q + 1; quantas *= 2) {
+        if (((2 * q + 1) & quantas) != 0) {
+          for (std::size_t i = 0; i < n; ++i) s[i] += p[i + feitas];
+          feitas += quantas;
+        }
+        for (std::size_t i = 0; i + quantas < n + 2 * q; ++i) p[i] += p[i + quantas];
+      }
     }
+  };
+  perto = vale;
+  somaPerto();
+  const std::vector<float> peso = soma;
+  for (int k = 0; k < pontos; ++k) {
+    float* linha = greys.data() + static_cast<std::size_t>(k) * salto;
+    for (std::size_t i = 0; i < perto.size(); ++i) perto[i] = vale[i] * linha[qual[i]];
+    somaPerto();
+    for (std::size_t i = 0; i < total; ++i) linha[i] = soma[i] / std::max(peso[i], 1.0F);
+  }
+}
+
+// Finds the edges in the profiles read.
+void acha(const ANDAR& andar, const BUSCA& b, double passo, const float* greys, std::size_t salto,
+          std::span<BORDA> bordas) {
+  std::array<float, bloco> onde, rampa, largura2;
+  const PICOS picos{onde.data(), rampa.data(), largura2.data()};
+  melhorLeitor().acha(greys, salto, cheio(bordas.size()), b, picos);
+  const auto p = static_cast<float>(passo);
+  const auto menor = static_cast<float>(andar.ruido / 2);
+  const float* ultimo = greys + 2 * static_cast<std::size_t>(b.n + b.nitidez + b.vao) * salto;
+  for (std::size_t i = 0; i < bordas.size(); ++i) {
+    BORDA& x = bordas[i];
+    if (!x.visivel) continue;
+    x.rampa = rampa[i] / 2;  // over two pixels
+    x.desvio = onde[i] * p;
+    x.largura2 = largura2[i] * p * p;
+    x.ha = x.rampa >= menor;
+    x.dentro = greys[i];
+    x.fora = ultimo[i];
   }
 }
 
@@ -144,50 +162,34 @@ void junta(std::span<const AMOSTRA> amostras, const std::vector<BORDA>& bordas, 
 
 void procuraBordas(const ANDAR& andar, std::span<const AMOSTRA> amostras, ALCANCE como,
                    std::vector<BORDA>& bordas) {
-  PERFIL_LIDO p{};
-  p.vao = como.passo < 0.75 ? 2 : 1;
-  p.nitidez = std::min(como.nitidez, maximoDaNitidez);
-  p.n = std::min(maximoDePassos, static_cast<int>(std::ceil(como.alcance / como.passo)));
-  std::array<float, maximoDePassos + 1> peso{};
-  for (int k = 0; k <= p.n; ++k) {
-    const double s = k * como.passo / como.alcance;
-    peso[static_cast<std::size_t>(k)] = static_cast<float>(exponencial(-s * s / 2));
-  }
-  const auto passo = static_cast<float>(como.passo);
-  const auto menor = static_cast<float>(andar.ruido / 2);
-  const auto primeira = static_cast<float>(2 * como.primeira);  // over two pixels
-  const int m = p.meio();
-  const int n = 2 * m + 1;
-  bordas.assign(amostras.size(), {});
-  const auto procura = [&](BORDA& b, const float* grey) {
-    std::copy(grey, grey + n, p.grey.begin());
-    const PICO x = pico(p, passoDaBorda(p, peso, primeira));
-    b.rampa = x.rampa / 2;  // over two pixels
-    b.desvio = x.onde * passo;
-    b.largura2 = x.largura2 * passo * passo;
-    b.ha = b.rampa >= menor;
-    b.dentro = grey[0];
-    b.fora = grey[n - 1];
+  PESO_DO_PASSO peso{};
+  const BUSCA b = busca(como, peso);
+  peso = pesos(como.passo / como.alcance, b.n);
+  const int m = b.n + b.nitidez + b.vao;
+  const std::size_t total = amostras.size();
+  bordas.assign(total, {});
+  const std::span<BORDA> todas(bordas);
+  const auto porBloco = [&](auto faz) {
+    for (std::size_t i = 0; i < total; i += bloco) faz(i, std::min(bloco, total - i));
   };
   if (como.junta == 0) {
-    std::array<float, maximoDeGreys> grey;
-    for (std::size_t i = 0; i < amostras.size(); ++i) {
-      const AMOSTRA& a = amostras[i];
-      bordas[i].visivel = andar.contem(a.l, a.c) && le(andar, a, m, como.passo, grey.data());
-      if (bordas[i].visivel) procura(bordas[i], grey.data());
-    }
+    std::array<float, maximoDeGreys * bloco> greys;
+    porBloco([&](std::size_t i, std::size_t n) {
+      const std::size_t salto = cheio(n);
+      le(andar, amostras.subspan(i, n), m, como.passo, todas.subspan(i, n), greys.data(), salto);
+      acha(andar, b, como.passo, greys.data(), salto, todas.subspan(i, n));
+    });
     return;
   }
-  std::vector<float> greys(amostras.size() * static_cast<std::size_t>(n));
-  for (std::size_t i = 0; i < amostras.size(); ++i) {
-    const AMOSTRA& a = amostras[i];
-    bordas[i].visivel = andar.contem(a.l, a.c) &&
-                        le(andar, a, m, como.passo, greys.data() + i * static_cast<std::size_t>(n));
-  }
-  junta(amostras, bordas, como.junta, n, greys);
-  for (std::size_t i = 0; i < amostras.size(); ++i) {
-    if (bordas[i].visivel) procura(bordas[i], greys.data() + i * static_cast<std::size_t>(n));
-  }
+  const std::size_t salto = cheio(total);
+  std::vector<float> greys(static_cast<std::size_t>(2 * m + 1) * salto);
+  porBloco([&](std::size_t i, std::size_t n) {
+    le(andar, amostras.subspan(i, n), m, como.passo, todas.subspan(i, n), greys.data() + i, salto);
+  });
+  junta(amostras, bordas, como.junta, 2 * m + 1, greys, salto);
+  porBloco([&](std::size_t i, std::size_t n) {
+    acha(andar, b, como.passo, greys.data() + i, salto, todas.subspan(i, n));
+  });
 }
 
 }  // namespace refine

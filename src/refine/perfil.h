@@ -32,7 +32,7 @@ struct ALCANCE {
 
 // The edge at every sample of a contour, places and lengths in pixels of the reduction. The edge is
 // the strongest rise of grey outward, the farther from the contour the less it counts
-// (exp(-s^2 / 2 reach^2)); its place is refined by a bell. Rises below half the noise are none.
+// (exp(-s^2 / 2 reach^2)); its place is refined by a parabola. Rises below half the noise are none.
 void procuraBordas(const ANDAR& andar, std::span<const AMOSTRA> amostras, ALCANCE como,
                    std::vector<BORDA>& bordas);
 

@@ -1,6 +1,7 @@
 #include "refine/vizinhos.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace refine {
@@ -43,30 +44,51 @@ void VIZINHOS::perto(const FIGURA& f, std::vector<std::uint32_t>& v) const {
   v.erase(std::unique(v.begin(), v.end()), v.end());
 }
 
+namespace {
+
+constexpr int pontosDeLado = 8;
+constexpr std::size_t pontosAoTodo = pontosDeLado * pontosDeLado;
+
+struct PONTO_PROPRIO {
+  double u, v;
+};
+using PONTOS_PROPRIOS = std::array<PONTO_PROPRIO, pontosAoTodo>;
+
+// A grid over the square from -1 to 1.
+PONTOS_PROPRIOS noQuadrado() {
+  PONTOS_PROPRIOS p{};
+  for (std::size_t k = 0; k < p.size(); ++k) {
+    const auto i = static_cast<double>(k / pontosDeLado);
+    const auto j = static_cast<double>(k % pontosDeLado);
+    p[k] = {(2 * i + 1) / pontosDeLado - 1, (2 * j + 1) / pontosDeLado - 1};
+  }
+  return p;
+}
+
+// The square onto the disc, areas kept: radius the greater of both, angle in proportion.
+PONTOS_PROPRIOS noDisco() {
+  PONTOS_PROPRIOS p = noQuadrado();
+  for (PONTO_PROPRIO& x : p) {
+    const double r = std::max(std::fabs(x.u), std::fabs(x.v));
+    const bool deitado = std::fabs(x.u) >= std::fabs(x.v);
+    const DIRECAO d = direcao(45 * (deitado ? x.v / x.u : x.u / x.v));
+    const double raio = (deitado ? x.u : x.v) < 0 ? -r : r;
+    x = {raio * (deitado ? d.cosseno : d.seno), raio * (deitado ? d.seno : d.cosseno)};
+  }
+  return p;
+}
+
+}  // namespace
+
 void pontosDentro(const FIGURA& f, std::vector<PONTO_NA_FOTO>& v) {
-  v.clear();
+  static const PONTOS_PROPRIOS quadrado = noQuadrado();
+  static const PONTOS_PROPRIOS disco = noDisco();
   const EIXOS e(f);
-  const auto poe = [&](double u, double w) {
-    u *= f.d1 / 2;
-    w *= f.d2 / 2;
+  v.clear();
+  for (const PONTO_PROPRIO& p : f.forma == 'c' || f.forma == 'e' ? disco : quadrado) {
+    const double u = p.u * f.d1 / 2;
+    const double w = p.v * f.d2 / 2;
     v.push_back({e.l + u * e.d.seno + w * e.d.cosseno, e.c + u * e.d.cosseno - w * e.d.seno});
-  };
-  constexpr int n = 8;
-  for (int i = 0; i < n; ++i) {
-    for (int j = 0; j < n; ++j) {
-      double u = (2 * i + 1.0) / n - 1;
-      double w = (2 * j + 1.0) / n - 1;
-      if (f.forma == 'c' || f.forma == 'e') {
-        // The square onto the disc, areas kept: radius the greater of both, angle in proportion.
-        const double r = std::max(std::fabs(u), std::fabs(w));
-        const bool deitado = std::fabs(u) >= std::fabs(w);
-        const DIRECAO d = direcao(45 * (deitado ? w / u : u / w));
-        const double sinal = (deitado ? u : w) < 0 ? -1 : 1;
-        u = sinal * r * (deitado ? d.cosseno : d.seno);
-        w = sinal * r * (deitado ? d.seno : d.cosseno);
-      }
-      poe(u, w);
-    }
   }
 }
 
