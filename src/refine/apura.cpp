@@ -8,8 +8,8 @@
 
 #include "pim/erro.h"
 #include "refine/candidatos.h"
-#include "refine/companhia.h"
 #include "refine/escolha.h"
+#include "refine/juizo.h"
 #include "refine/medida.h"
 #include "refine/paralelo.h"
 #include "refine/sombra.h"
@@ -18,9 +18,6 @@
 namespace refine {
 
 namespace {
-
-constexpr double menorNota = -3;  // of shapes alone, to be chosen
-constexpr double notaDeQuemEncobre = -0.5;
 
 void exigeFamilias(const std::string& familias) {
   const bool boas = !familias.empty() && familias.find_first_not_of("cqre") == std::string::npos;
@@ -66,95 +63,6 @@ MODO_DE_AJUSTAR modoDeAjustar(const MODO_DE_APURAR& modo) {
 
 double diametro(const FIGURA& f) {
   return std::sqrt(area(f) * (4 / std::numbers::pi));
-}
-
-struct MESA_DE_EXAME {
-  BANCADA bancada;
-  std::vector<std::uint32_t> perto;
-  std::vector<PONTO_NA_FOTO> pontos;
-  std::vector<FIGURA> encobrem;
-};
-
-// The chosen shapes around `f` that may hide part of it: they share some of its area, and no more
-// than both could have in common.
-void quemEncobre(const FIGURA& f, const VIZINHOS& aceitos, double sobreposicao, MESA_DE_EXAME& m) {
-  m.encobrem.clear();
-  aceitos.perto(f, m.perto);
-  if (m.perto.empty()) return;
-  pontosDentro(f, m.pontos);
-  for (const std::uint32_t k : m.perto) {
-    const FIGURA& g = aceitos.figuras[k];
-    const auto n = std::count_if(m.pontos.begin(), m.pontos.end(), [&](const PONTO_NA_FOTO& p) {
-      return contem(g, aceitos.eixos[k], p.l, p.c);
-    });
-    const double parte = static_cast<double>(n) / static_cast<double>(m.pontos.size());
-    if (n == 0 || parte > sobreposicao || parte * area(f) > sobreposicao * area(g)) continue;
-    m.encobrem.push_back(g);
-  }
-}
-
-// What judging goes over: shapes, what was seen of each, scores, and which are chosen.
-struct JUIZO {
-  std::vector<FIGURA> figuras;
-  std::vector<EXAME> exames;
-  std::vector<double> notas;
-  std::vector<std::size_t> escolhidos;
-};
-
-// Looks again at what chosen neighbours hide in part: hidden outline is not missing outline.
-void olhaDeNovo(const CAMPO& campo, const std::vector<CANDIDATO>& v, const MODO_DE_APURAR& modo,
-                const PESOS& pesos, JUIZO& j) {
-  VIZINHOS aceitos(32);
-  for (const std::size_t k : j.escolhidos) {
-    if (j.notas[k] >= notaDeQuemEncobre) aceitos.poe(j.figuras[k]);
-  }
-  paraTodos<MESA_DE_EXAME>(v.size(), modo.fios, [&](std::size_t k, MESA_DE_EXAME& m) {
-    if (j.notas[k] < menorNota - 2) return;
-    quemEncobre(j.figuras[k], aceitos, modo.sobreposicao, m);
-    if (m.encobrem.empty()) return;
-    const ANDAR& andar = campo.andarPara(menorMetade(j.figuras[k]));
-    for (FIGURA& g : m.encobrem) g = noAndar(g, andar.nivel);
-    const EXAME e =
-        examina(andar, noAndar(j.figuras[k], andar.nivel), v[k].correl, m.encobrem, m.bancada);
-    const double nota = pesos.sozinha.de(e.tracos);
-    if (nota <= j.notas[k]) return;
-    j.notas[k] = nota;
-    j.exames[k] = e;
-  });
-}
-
-JUIZO julga(const CAMPO& campo, const std::vector<CANDIDATO>& v, const MODO_DE_APURAR& modo,
-            const PESOS& pesos) {
-  JUIZO j;
-  for (const CANDIDATO& c : v) {
-    j.figuras.push_back(c.figura);
-    j.exames.push_back(c.exame);
-    j.notas.push_back(pesos.sozinha.de(c.exame.tracos));
-  }
-  REGRAS regras;
-  regras.sobreposicao = modo.sobreposicao;
-  regras.menorNota = menorNota;
-  j.escolhidos = escolhe(j.figuras, j.notas, regras);
-  olhaDeNovo(campo, v, modo, pesos, j);
-  j.escolhidos = escolhe(j.figuras, j.notas, regras);
-  return j;
-}
-
-// The support of each chosen shape, from its own score and in the company of the others.
-std::vector<double> apoios(const JUIZO& j, const PESOS& pesos) {
-  std::vector<EXAME> exames;
-  std::vector<double> notas;
-  std::vector<double> p;
-  for (const std::size_t k : j.escolhidos) {
-    exames.push_back(j.exames[k]);
-    notas.push_back(j.notas[k]);
-    p.push_back(probabilidade(j.notas[k]));
-  }
-  for (int volta = 0; volta < 2; ++volta) {
-    const std::vector<COMPANHIA> c = comparaTodos(exames, notas, p);
-    for (std::size_t k = 0; k < p.size(); ++k) p[k] = probabilidade(pesos.acompanhada.de(c[k]));
-  }
-  return p;
 }
 
 // The least support that is kept: 0.33 in the middle, towards 0.9 and 0.05 at the ends.
@@ -218,8 +126,8 @@ std::vector<APURADO> apuraBoas(const CAMPO& campo, const std::vector<DETECCAO>& 
     const double d = diametro(c.figura);
     return d < folga * modo.menor || d > modo.maior / folga;
   });
-  const JUIZO j = julga(campo, v, modo, pesos);
-  const std::vector<double> p = apoios(j, pesos);
+  const JUIZO j = julga(campo, v, {modo.sobreposicao, modo.fios}, pesos.sozinha);
+  const std::vector<double> p = apoios(j, pesos.acompanhada);
   std::vector<FIGURA> figuras;
   std::vector<std::size_t> quais;  // places among the chosen
   for (std::size_t i = 0; i < p.size(); ++i) {

@@ -111,21 +111,28 @@ void peneira(std::vector<ESBOCO>& v) {
 
 }  // namespace
 
+std::optional<ESBOCADOS> ajustaGrosso(const CAMPO& campo, FIGURA& f, float correl, BANCADA& b) {
+  const ANDAR& andar = campo.andarPara(menorMetade(f));
+  FIGURA g = noAndar(f, andar.nivel);
+  if (!ajusta(andar, g, grosso, b)) return std::nullopt;
+  f = naFoto(g, andar.nivel);
+  return esboca(andar, g, correl, b);
+}
+
 std::vector<CANDIDATO> ajustaTodos(const CAMPO& campo, const std::vector<DETECCAO>& lista,
                                    const MODO_DE_AJUSTAR& modo, const PESOS& pesos) {
   std::vector<ESBOCO> v(lista.size());
   paraTodos<BANCADA>(v.size(), modo.fios, [&](std::size_t k, BANCADA& b) {
-    const FIGURA& f = lista[k].figura;
-    const ANDAR& andar = campo.andarPara(menorMetade(f));
-    FIGURA g = noAndar(f, andar.nivel);
+    FIGURA f = lista[k].figura;
     v[k].correl = lista[k].correl;
-    if (!ajusta(andar, g, grosso, b)) return;
-    v[k].figura = naFoto(g, andar.nivel);
+    const std::optional<ESBOCADOS> visto = ajustaGrosso(campo, f, v[k].correl, b);
+    if (!visto) return;
+    v[k].figura = f;
     v[k].chave = chave(v[k].figura, igualdade);
-    v[k].nota = static_cast<float>(pesos.esboco.de(esboca(andar, g, v[k].correl, b)));
+    v[k].nota = static_cast<float>(pesos.esboco.de(*visto));
   });
   tiraIguais(v);
-  peneira(v);
+  if (!modo.todos) peneira(v);
   paraTodos<BANCADA>(v.size(), modo.fios, [&](std::size_t k, BANCADA& b) {
     if (modo.elipses && v[k].figura.forma == 'c') v[k].figura.forma = 'e';
     if (modo.retangulos && v[k].figura.forma == 'q') v[k].figura.forma = 'r';

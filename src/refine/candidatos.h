@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "refine/campo.h"
@@ -26,7 +27,12 @@ struct MODO_DE_AJUSTAR {
   bool elipses = true;     // circles may become ellipses, squares rectangles: with all of their
   bool retangulos = true;  // freedom more fits meet in the same shape
   int fios = 1;            // threads
+  bool todos = false;      // none is sifted out after the coarse fit
 };
+
+// Fits a shape of the picture coarsely and tells what is seen then; nothing when the shape got
+// lost.
+std::optional<ESBOCADOS> ajustaGrosso(const CAMPO& campo, FIGURA& f, float correl, BANCADA& b);
 
 // Fits every detection to the edges around it: all of them coarsely, the promising ones finely.
 // Those that end as the same shape are one, the first of them. In the order of the list, whatever
