@@ -135,10 +135,12 @@ def busca(o, foto):
     roda([o.programas + "/treino", "candidatos", foto.png, lista, foto.verdade, foto.rotulos, tabela])
     foto.leVerdade()
     colunas, t = leTabela(tabela)
-    foto.iou, foto.grao = t[:, 0], t[:, 1].astype(int)
+    foto.iou, foto.grao = t[:, 0].copy(), t[:, 1].astype(int)
     foto.bom = np.clip((foto.iou - POUCO) / (BASTANTE - POUCO), 0, 1)
     foto.nomes = colunas[colunas.index("fora") + 1:]
-    foto.tracos = t[:, -len(foto.nomes):].astype(np.float32)
+    n = len(t)
+    foto.quais = np.arange(n) if n <= BASTAM else np.linspace(0, n - 1, BASTAM).astype(int)
+    foto.tracos = t[foto.quais, -len(foto.nomes):]
 
 
 def escolhe(o, foto, nota):
@@ -179,7 +181,7 @@ def logistica(z):
 def regressao(partes, rigor):
     """Logistic regression with a ridge, by Newton's steps. `partes`: (features, truth from 0 to 1,
     weight) of each picture. Returns means, deviations, and coefficients with the constant last."""
-    x = np.concatenate([p[0] for p in partes]).astype(np.float64)
+    x = np.concatenate([p[0] for p in partes])
     y = np.concatenate([p[1] for p in partes])
     w = np.concatenate([np.full(len(p[1]), p[2]) for p in partes])
     media, desvio = x.mean(0), x.std(0) + 1e-6
@@ -211,10 +213,9 @@ def aprendeSozinha(fotos):
     """Every kind weighs the same, every picture in it, every candidate in that."""
     partes = []
     for f in fotos:
-        n = len(f.bom)
-        quais = np.arange(n) if n <= BASTAM else np.linspace(0, n - 1, BASTAM).astype(int)
+        n = len(f.quais)
         if n:
-            partes.append((f.tracos[quais], f.bom[quais], 1 / quantasDoTipo(fotos, f) / len(quais)))
+            partes.append((f.tracos, f.bom[f.quais], 1 / quantasDoTipo(fotos, f) / n))
     return regressao(partes, RIGOR["sozinha"])
 
 
