@@ -172,10 +172,6 @@ void detecta(const RECEITA& r, const ALVO& alvo, const ORIGEM& nova,
   if (!temPng) traca(r, std::move(foto), v, nome);
 }
 
-}  // namespace
-
-namespace {
-
 // All that the choice of the grains depends on; no parameters of filtra read like it.
 std::string emTexto(const refine::MODO_DE_APURAR& m) {
   return cv::format("apurado %s %a %a %a %a %d", m.familias.c_str(), m.menor, m.maior,

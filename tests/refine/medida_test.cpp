@@ -75,7 +75,7 @@ TEST(Medida, ChegaAVerdadeDeLonge) {
       const CAMPO campo = preparaCampo(fotografaFormas({120, 120}, {certa}, {}, g));
       const std::optional<MEDIDA> m = ajustaEMede(campo, desviada(certa, g));
       ASSERT_TRUE(m.has_value());
-      confereMedida(*m, certa, 0.06);
+      confereMedida(*m, certa, 0.05);
       EXPECT_GT(m->vista, 0.95);
       EXPECT_LT(m->residuo, 0.1);
       EXPECT_NEAR(m->quantas, perimetro(certa), 0.06 * perimetro(certa));
@@ -168,7 +168,8 @@ TEST(Medida, EncobertaEmParte) {
   EXPECT_LT(semQuem, 0.97 * comQuem);
 }
 
-// All profiles of a side fall alike between pixels: nothing evens their errors out.
+// All profiles of a side fall alike between pixels: nothing evens their errors out,
+// and sizes are found to a quarter of a pixel only.
 TEST(Medida, AoLongoDasLinhasEDasColunas) {
   std::mt19937 g(21);
   for (const char forma : {'q', 'r'}) {
@@ -178,7 +179,7 @@ TEST(Medida, AoLongoDasLinhasEDasColunas) {
       const CAMPO campo = preparaCampo(fotografaFormas({120, 120}, {certa}, {}, g));
       const std::optional<MEDIDA> m = ajustaEMede(campo, certa);
       ASSERT_TRUE(m.has_value());
-      confereMedida(*m, certa, 0.1);
+      confereMedida(*m, certa, 0.3);
     }
   }
 }
