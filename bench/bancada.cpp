@@ -2,6 +2,7 @@
 #include <cstdio>
 #include <vector>
 
+#include "bench/ajustes.h"
 #include "bench/corridas.h"
 #include "bench/custo.h"
 #include "bench/partes.h"
@@ -15,8 +16,10 @@ int main() {
   // Whole runs first: a child's peak memory counts that of the process it comes from.
   const std::vector<LINHA> corridas = medeCorridas();
   const double bytes = bytesPorPixel("c12.pgm", 3000.0 * 4000.0);
+  const std::vector<LINHA> ajustes = medeAjustes();
   std::vector<LINHA> linhas = medePartes("c12.pgm");
   linhas.insert(linhas.end(), corridas.begin(), corridas.end());
+  linhas.insert(linhas.end(), ajustes.begin(), ajustes.end());
 
   std::printf("Instruction set: %s\n\n", motor::avaliadores().front().nome);
   std::printf("| Work | plain | fast | ratio | |\n|---|---|---|---|---|\n");
