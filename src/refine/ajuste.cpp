@@ -103,15 +103,12 @@ EQUACOES equacoesCom(const ANDAR& andar, const FIGURA& f, const std::vector<doub
   const LIBERDADE l = liberdade(f.forma);
   EQUACOES q;
   q.n = l.n;
-  const auto soma = [&]<std::size_t N>() {
-    somaEquacoes<N, DISPERSAO>(andar.ruido, l, deslocamentos, tolerancia, b, q);
-  };
   if (l.n == 3) {
-    soma.template operator()<3>();
+    somaEquacoes<3, DISPERSAO>(andar.ruido, l, deslocamentos, tolerancia, b, q);
   } else if (l.n == 4) {
-    soma.template operator()<4>();
+    somaEquacoes<4, DISPERSAO>(andar.ruido, l, deslocamentos, tolerancia, b, q);
   } else {
-    soma.template operator()<5>();
+    somaEquacoes<5, DISPERSAO>(andar.ruido, l, deslocamentos, tolerancia, b, q);
   }
   return q;
 }

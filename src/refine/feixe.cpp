@@ -30,6 +30,7 @@ HWY_INLINE PAR lePares(DF d, const float* p, hn::Vec<DI> onde) {
 #if HWY_TARGET == HWY_AVX2 || HWY_TARGET == HWY_AVX3
   const hn::Repartition<std::int64_t, DF> d64;
   const hn::Half<DI> metade;
+  // cppcheck-suppress invalidPointerCast ; the bits are taken apart again below
   const auto* q = reinterpret_cast<const std::int64_t*>(p);
   const auto baixos = hn::ShiftLeft<2>(hn::PromoteTo(d64, hn::LowerHalf(metade, onde)));
   const auto altos = hn::ShiftLeft<2>(hn::PromoteTo(d64, hn::UpperHalf(metade, onde)));

@@ -220,7 +220,8 @@ TEST(Rois, DiscoCheioEIndicesRepetidosSaoErro) {
   const PASTA pasta;
   FOTOGRAFIA repetida = fotoDeExemplo();
   repetida.graos[3].indice = 2;
-  EXPECT_EQ(erroDe([&] { impRois(repetida, "a.zip"); }), "Erro gravacao arquivo a.zip: File already exists");
+  EXPECT_EQ(erroDe([&] { impRois(repetida, "a.zip"); }),
+            "Erro gravacao arquivo a.zip: File already exists");
   std::filesystem::create_symlink("/dev/full", "b.zip.parcial");
   EXPECT_EQ(erroDe([&] { impRois(fotoDeExemplo(), "b.zip"); }),
             "Erro gravacao arquivo b.zip.parcial");

@@ -114,11 +114,13 @@ TEST(Escolha, EhADaRegraFeitaDevagar) {
     std::uniform_real_distribution<double> lugar(0, lado);
     LISTA_DE_FORMAS figuras;
     std::vector<double> notas;
+    double ultima = 0;
     for (int k = 0; k < 40; ++k) {
       FIGURA f{"cqre"[g() % 4], lugar(g), lugar(g), tamanho(g), tamanho(g), ang(g)};
       if (f.forma == 'c' || f.forma == 'q') f.d2 = f.d1;
       figuras.push_back(f);
-      notas.push_back(k % 5 == 4 ? notas.back() : nota(g));  // some scores are equal
+      if (k % 5 != 4) ultima = nota(g);  // some scores are equal
+      notas.push_back(ultima);
     }
     REGRAS regras;
     regras.sobreposicao = caso % 3 == 0 ? 0.1 : 0.3;

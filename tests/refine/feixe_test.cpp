@@ -21,7 +21,7 @@ struct CASO {
     std::uniform_real_distribution<float> um(0, 1);
     for (float& x : grey) x = um(g);
     for (std::size_t i = 0; i < amostras; ++i) {
-      l.push_back(12 + 20 * um(g));
+      l.push_back(20 + 20 * um(g));
       c.push_back(30 + 20 * um(g));
       const float a = 6.28F * um(g);
       dl.push_back(0.5F * std::cos(a));

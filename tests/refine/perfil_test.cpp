@@ -39,7 +39,7 @@ ANDAR andarDoPerfil(double graus, double ruido, PERFIL perfil) {
                  [&](double l, double c) { return perfil((l - a.l) * a.nl + (c - a.c) * a.nc); });
 }
 
-BORDA bordaDe(const ANDAR& andar, const AMOSTRA& a, ALCANCE como) {
+BORDA bordaDe(const ANDAR& andar, const AMOSTRA& a, const ALCANCE& como) {
   std::vector<BORDA> b;
   procuraBordas(andar, {&a, 1}, como, b);
   return b.at(0);

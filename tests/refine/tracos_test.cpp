@@ -125,7 +125,7 @@ TEST(Esboco, DistingueOGraoDoChao) {
   const CAMPO campo = preparaCampo(fotografaFormas({100, 100}, {grao}, {0.8, 0.3, 0.8, 2}, g));
   const ANDAR& andar = campo.andares[0];
   BANCADA b;
-  const auto esbocada = [&](FIGURA f) {
+  const auto esbocada = [&](const FIGURA& f) {
     amostra(f, 16, b.amostras);
     procuraBordas(andar, b.amostras, {4, 1}, b.bordas);
     return esboca(andar, f, 0.5, b);
