@@ -48,7 +48,7 @@ struct CAMPO {
   const ANDAR& andarPara(double menorMetade) const;
 };
 
-// `escura`: grains are darker than their ground; otherwise the picture is turned over.
+// Makes the picture ready; it is halved as long as both sides have 32 pixels.
 CAMPO preparaCampo(const cv::Mat_<unsigned char>& imagem);
 
 // Gaussian smoothing, the kernel cut at 4 sigma, edges repeated; sums in a fixed order.

@@ -1,6 +1,7 @@
 #include "refine/juizo.h"
 
 #include <algorithm>
+#include <numeric>
 
 #include "refine/companhia.h"
 #include "refine/escolha.h"
@@ -79,9 +80,16 @@ std::vector<double> apoios(const JUIZO& j, const NOTA<quantosDaCompanhia>& nota)
     notas.push_back(j.notas[k]);
     p.push_back(probabilidade(j.notas[k]));
   }
+  const std::vector<double> sozinhas = p;
   for (int volta = 0; volta < 2; ++volta) {
     const std::vector<COMPANHIA> c = comparaTodos(exames, notas, p);
     for (std::size_t k = 0; k < p.size(); ++k) p[k] = probabilidade(nota.de(c[k]));
+  }
+  // Few shapes are no company to be judged by: each then counts for itself.
+  constexpr double poucas = 2;
+  const double quantas = std::accumulate(sozinhas.begin(), sozinhas.end(), 0.0);
+  for (std::size_t k = 0; k < p.size(); ++k) {
+    p[k] = (quantas * p[k] + poucas * sozinhas[k]) / (quantas + poucas);
   }
   return p;
 }

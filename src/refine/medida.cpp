@@ -70,20 +70,26 @@ int quantosJuntar(const ANDAR& foto, double rampa, std::size_t amostras) {
   return static_cast<int>(std::min({n, 8.0, static_cast<double>(amostras) / 24}));
 }
 
+// Samples side by side see much the same noise: their errors are not independent. And what is not
+// noise, as texture near the edge, is in no scatter. Both from rendered scenes of known sizes.
+constexpr double vizinhasIguais = 2.2;
+constexpr double erroDeSempre = 0.06;  // pixels, at the end of the longer half size for the angle
+
 // Standard errors from the equations of the last step; false when they have none.
 bool erros(const EQUACOES& q, int junta, MEDIDA& m) {
   const std::optional<SISTEMA> c = covariancia(q);
   if (!c) return false;
-  const auto sigma = [&](int i) {
+  const auto sigma = [&](int i, double sempre) {
     const auto k = static_cast<std::size_t>(i);
-    const double s = 2.2 * std::sqrt(std::max(0.0, (*c)[k][k]) * (1 + 2.0 * junta));
-    return std::sqrt(s * s + 0.06 * 0.06);
+    const double s = vizinhasIguais * std::sqrt(std::max(0.0, (*c)[k][k]) * (1 + 2.0 * junta));
+    return std::sqrt(s * s + sempre * sempre);
   };
-  m.erro[0] = sigma(0);
-  m.erro[1] = sigma(1);
-  m.erro[2] = sigma(2);
-  m.erro[3] = q.n == 5 ? sigma(3) : m.erro[2];
-  m.erro[4] = q.n == 3 ? 0 : sigma(q.n - 1) * (180 / std::numbers::pi);
+  m.erro[0] = sigma(0, erroDeSempre);
+  m.erro[1] = sigma(1, erroDeSempre);
+  m.erro[2] = sigma(2, erroDeSempre);
+  m.erro[3] = q.n == 5 ? sigma(3, erroDeSempre) : m.erro[2];
+  const double braco = std::max(m.figura.d1, m.figura.d2) / 2;
+  m.erro[4] = q.n == 3 ? 0 : sigma(q.n - 1, erroDeSempre / braco) * (180 / std::numbers::pi);
   return true;
 }
 

@@ -114,137 +114,198 @@ double limitado(double x, double de, double ate) {
   return std::clamp(x, de, ate);
 }
 
-}  // namespace
+float razao(int parte, int todos) {
+  return todos > 0 ? static_cast<float>(parte) / static_cast<float>(todos) : 0;
+}
 
-EXAME examina(const ANDAR& andar, const FIGURA& f, double correl, ENCOBREM encobrem, BANCADA& b) {
+// What may hide part of the shape.
+struct OCULTADORES {
+  ENCOBREM figuras;
   std::vector<EIXOS> eixos;
-  for (const FIGURA& g : encobrem) eixos.emplace_back(g);
-  const auto oculto = [&](double l, double c) {
+
+  explicit OCULTADORES(ENCOBREM f) : figuras(f) {
+    for (const FIGURA& g : figuras) eixos.emplace_back(g);
+  }
+  bool escondem(double l, double c) const {
     for (std::size_t k = 0; k < eixos.size(); ++k) {
-      if (refine::contem(encobrem[k], eixos[k], l, c)) return true;
+      if (refine::contem(figuras[k], eixos[k], l, c)) return true;
     }
     return false;
-  };
-  EXAME x;
-  TRACOS& t = x.tracos;
-  amostra(f, amostrasDoExame, b.amostras);
-  const double alcance = std::max(1.5, alcanceUsual(f) * 0.5);
-  procuraBordas(andar, b.amostras, {alcance, 0.5}, b.bordas);
-  if (!eixos.empty()) {
-    // A neighbour's own edge is no business of this shape's: a little way out must be free too.
-    for (std::size_t i = 0; i < b.bordas.size(); ++i) {
-      const AMOSTRA& a = b.amostras[i];
-      if (oculto(a.l + a.nl, a.c + a.nc)) b.bordas[i].visivel = false;
-    }
   }
+};
 
-  double total = 0, visto = 0, vista = 0, forte = 0, escuro = 0, alinhados = 0, edges = 0, e2 = 0;
+// Sums along the contour, each sample by the length that it stands for.
+struct CONTORNO_VISTO {
+  double total = 0;   // the whole outline
+  double visto = 0;   // what is in sight of it
+  double borda = 0;   // what has an edge
+  double forte = 0;   // edges by their slope over the noise
+  double escuro = 0;  // what is darker inside
+  double alinhado = 0;
+  double desvio2 = 0;  // squared distances of the edges
   std::array<double, 4> quarto{}, quartoVisto{};
   LISTA<amostrasDoExame> rampas, degraus, larguras;
-  const std::size_t n = b.bordas.size();
-  double falha = 0, maior = 0, primeira = -1;
-  GREYS anel, nucleo;
-  const EIXOS e(f);
-  for (std::size_t i = 0; i < n; ++i) {
-    const AMOSTRA& a = b.amostras[i];
-    const BORDA& borda = b.bordas[i];
-    total += a.arco;
-    if (!borda.visivel) continue;
-    visto += a.arco;
-    const double u = e.u(a.l, a.c), v = e.v(a.l, a.c);
-    const std::size_t q = (u >= 0 ? 0U : 1U) + (v >= 0 ? 0U : 2U);
-    quartoVisto[q] += a.arco;
-    rampas.poe(borda.ha ? borda.rampa : 0);
-    degraus.poe(borda.fora - borda.dentro);
-    escuro += borda.fora - borda.dentro > andar.ruido ? a.arco : 0;
-    for (const double longe : {1.5, 1.5 + 0.2 * menorMetade(f)}) {
-      const double l = a.l + longe * a.nl, c = a.c + longe * a.nc;
-      if (andar.contem(l, c) && !oculto(l, c)) anel.poe(andar.em(l, c));
-    }
-    if (!borda.ha) {
-      falha += a.arco;
-      maior = std::max(maior, falha);
-      continue;
-    }
-    if (primeira < 0) primeira = falha;
-    falha = 0;
-    vista += a.arco;
-    quarto[q] += a.arco;
-    forte += a.arco * std::min(1.0, borda.rampa / (3 * andar.ruido));
-    larguras.poe(borda.largura2);
-    e2 += a.arco * borda.desvio * borda.desvio;
-    const double l = a.l + borda.desvio * a.nl, c = a.c + borda.desvio * a.nc;
-    const double gl = andar.em(l + 1, c) - andar.em(l - 1, c);
-    const double gc = andar.em(l, c + 1) - andar.em(l, c - 1);
-    const double g = std::sqrt(gl * gl + gc * gc);
-    if (g > 0) alinhados += a.arco * (gl * a.nl + gc * a.nc) / g;
-    edges += a.arco;
-  }
-  if (visto <= 0) return x;
-  rampas.ordena();
-  degraus.ordena();
-  larguras.ordena();
-  if (primeira >= 0) maior = std::max(maior, falha + primeira);
-  std::array<GREYS, 2> faixas;  // inner, outer
-  porDentro(f, [&](double l, double c, int faixa) {
-    if (!andar.contem(l, c) || oculto(l, c)) return;
-    const float g = andar.em(l, c);
-    nucleo.poe(g);
-    if (faixa <= 1) faixas[0].poe(g);
-    if (faixa == 3) faixas[1].poe(g);
-  });
-  const double dentro = nucleo.media(), fora = anel.media();
-  const double contraste = fora - dentro;
-  x.contraste = static_cast<float>(contraste);
-  x.dentro = static_cast<float>(dentro);
-  x.fora = static_cast<float>(fora);
-  const double meio = (dentro + fora) / 2;
-  const int escuros = nucleo.abaixo(meio);
-  const int claros = anel.acima(meio);
-  const double entre = contraste * contraste / 4;
-  const double dentroDeles = (nucleo.variancia() + anel.variancia()) / 2;
-  const double sep = contraste > 0 ? entre / (entre + dentroDeles + 1e-9) : 0;
-  const double c0 = std::max(contraste, 0.01);
+  // Stretches without an edge: the one going on, the longest, and the one before the first edge.
+  double falha = 0, maiorFalha = 0, primeiraFalha = -1;
+};
 
-  t[bordaVista] = static_cast<float>(vista / visto);
+// Cosine between the picture's slope at the edge and the contour's normal; 0 without a slope.
+double alinhamento(const ANDAR& andar, const AMOSTRA& a, const BORDA& b) {
+  const double l = a.l + b.desvio * a.nl;
+  const double c = a.c + b.desvio * a.nc;
+  const double gl = andar.em(l + 1, c) - andar.em(l - 1, c);
+  const double gc = andar.em(l, c + 1) - andar.em(l, c - 1);
+  const double g = std::sqrt(gl * gl + gc * gc);
+  return g > 0 ? (gl * a.nl + gc * a.nc) / g : 0;
+}
+
+void poeBorda(const ANDAR& andar, const AMOSTRA& a, const BORDA& b, std::size_t quarto,
+              CONTORNO_VISTO& s) {
+  if (s.primeiraFalha < 0) s.primeiraFalha = s.falha;
+  s.falha = 0;
+  s.borda += a.arco;
+  s.quarto[quarto] += a.arco;
+  s.forte += a.arco * std::min(1.0, b.rampa / (3 * andar.ruido));
+  s.larguras.poe(b.largura2);
+  s.desvio2 += a.arco * b.desvio * b.desvio;
+  s.alinhado += a.arco * alinhamento(andar, a, b);
+}
+
+CONTORNO_VISTO olhaContorno(const ANDAR& andar, const FIGURA& f, const BANCADA& b) {
+  CONTORNO_VISTO s;
+  const EIXOS e(f);
+  for (std::size_t i = 0; i < b.bordas.size(); ++i) {
+    const AMOSTRA& a = b.amostras[i];
+    const BORDA& x = b.bordas[i];
+    s.total += a.arco;
+    if (!x.visivel) continue;
+    s.visto += a.arco;
+    const std::size_t quarto = (e.u(a.l, a.c) >= 0 ? 0U : 1U) + (e.v(a.l, a.c) >= 0 ? 0U : 2U);
+    s.quartoVisto[quarto] += a.arco;
+    s.rampas.poe(x.ha ? x.rampa : 0);
+    s.degraus.poe(x.fora - x.dentro);
+    s.escuro += x.fora - x.dentro > andar.ruido ? a.arco : 0;
+    if (x.ha) {
+      poeBorda(andar, a, x, quarto, s);
+    } else {
+      s.falha += a.arco;
+      s.maiorFalha = std::max(s.maiorFalha, s.falha);
+    }
+  }
+  // The contour has no beginning: the last stretch goes on as the first.
+  if (s.primeiraFalha >= 0) s.maiorFalha = std::max(s.maiorFalha, s.falha + s.primeiraFalha);
+  s.rampas.ordena();
+  s.degraus.ordena();
+  s.larguras.ordena();
+  return s;
+}
+
+// Greys inside, all and those of the middle and near the outline, and around.
+struct GREYS_VISTOS {
+  GREYS nucleo, centro, beira, anel;
+};
+
+GREYS_VISTOS olhaGreys(const ANDAR& andar, const FIGURA& f, const OCULTADORES& o,
+                       const BANCADA& b) {
+  GREYS_VISTOS g;
+  const auto aVista = [&](double l, double c) { return andar.contem(l, c) && !o.escondem(l, c); };
+  for (std::size_t i = 0; i < b.bordas.size(); ++i) {
+    if (!b.bordas[i].visivel) continue;
+    const AMOSTRA& a = b.amostras[i];
+    for (const double longe : {1.5, 1.5 + 0.2 * menorMetade(f)}) {
+      const double l = a.l + longe * a.nl;
+      const double c = a.c + longe * a.nc;
+      if (aVista(l, c)) g.anel.poe(andar.em(l, c));
+    }
+  }
+  porDentro(f, [&](double l, double c, int faixa) {
+    if (!aVista(l, c)) return;
+    const float x = andar.em(l, c);
+    g.nucleo.poe(x);
+    if (faixa <= 1) g.centro.poe(x);
+    if (faixa == 3) g.beira.poe(x);
+  });
+  return g;
+}
+
+void tracosDoContorno(const ANDAR& andar, const FIGURA& f, const CONTORNO_VISTO& s, double alcance,
+                      TRACOS& t) {
+  t[bordaVista] = static_cast<float>(s.borda / s.visto);
   t[bordaVista2] = t[bordaVista] * t[bordaVista];
-  t[bordaForte] = static_cast<float>(forte / visto);
-  const float q75 = rampas.quantil(0.75);
-  t[uniforme] = q75 > 0 ? rampas.quantil(0.25) / q75 : 0;
-  t[escuroPorDentro] = static_cast<float>(escuro / visto);
-  t[alinhada] = static_cast<float>(edges > 0 ? alinhados / edges : 0);
-  const double rms = std::sqrt(edges > 0 ? e2 / edges : alcance * alcance);
+  t[bordaForte] = static_cast<float>(s.forte / s.visto);
+  const float maiores = s.rampas.quantil(0.75);
+  t[uniforme] = maiores > 0 ? s.rampas.quantil(0.25) / maiores : 0;
+  t[escuroPorDentro] = static_cast<float>(s.escuro / s.visto);
+  t[alinhada] = static_cast<float>(s.borda > 0 ? s.alinhado / s.borda : 0);
+  const double rms = std::sqrt(s.borda > 0 ? s.desvio2 / s.borda : alcance * alcance);
   t[aspera] = static_cast<float>(rms / alcance);
   t[asperaRelativa] = static_cast<float>(rms / menorMetade(f));
-  t[separacao] = static_cast<float>(sep);
-  t[separacao2] = static_cast<float>(sep * sep);
-  t[nucleoEscuro] = nucleo.n > 0 ? static_cast<float>(escuros) / static_cast<float>(nucleo.n) : 0;
-  t[anelClaro] = anel.n > 0 ? static_cast<float>(claros) / static_cast<float>(anel.n) : 0;
-  t[contrasteRuido] = static_cast<float>(limitado(contraste / andar.ruido, 0, 6));
-  t[logContraste] = logSeguro(std::max(contraste, 0.002));
-  t[logPerimetro] = logSeguro(perimetro(f) * std::ldexp(1.0, andar.nivel));
-  t[logCorrelacao] = logSeguro(std::max(correl, 0.005));
-  t[logRampa] = logSeguro((rampas.quantil(0.5) + 1e-4) / (andar.gradiente + 1e-3));
-  t[logAlongamento] = logSeguro(alongamento(f));
-  t[contrasteDesvio] = static_cast<float>(limitado(contraste / (andar.desvio + 1e-3), 0, 5));
-  t[maiorFalha] = static_cast<float>(std::min(1.0, maior / visto));
+  t[logRampa] = logSeguro((s.rampas.quantil(0.5) + 1e-4) / (andar.gradiente + 1e-3));
+  t[maiorFalha] = static_cast<float>(std::min(1.0, s.maiorFalha / s.visto));
   double pior = 1;
   for (std::size_t q = 0; q < 4; ++q) {
-    if (quartoVisto[q] > 0.1 * total) pior = std::min(pior, quarto[q] / quartoVisto[q]);
+    const bool conta = s.quartoVisto[q] > 0.1 * s.total;
+    if (conta) pior = std::min(pior, s.quarto[q] / s.quartoVisto[q]);
   }
   t[piorQuarto] = static_cast<float>(pior);
-  t[texturaDentro] = static_cast<float>(limitado(std::sqrt(nucleo.variancia()) / c0, 0, 2));
-  t[texturaFora] = static_cast<float>(limitado(std::sqrt(anel.variancia()) / c0, 0, 2));
-  const float md = degraus.quantil(0.5);
-  t[degrauUniforme] =
-      static_cast<float>(limitado(degraus.quantil(0.25) / std::max(0.01F, md), -1, 1));
-  t[visivel] = static_cast<float>(visto / total);
-  t[nitidez] = logSeguro(limitado(larguras.n == 0 ? 9 : larguras.quantil(0.5), 0.3, 30));
-  t[centroEscuro] = static_cast<float>(limitado((fora - faixas[0].media()) / c0, -1, 2));
-  t[beiraEscura] = static_cast<float>(limitado((fora - faixas[1].media()) / c0, -1, 2));
+  const float degrau = std::max(0.01F, s.degraus.quantil(0.5));
+  t[degrauUniforme] = static_cast<float>(limitado(s.degraus.quantil(0.25) / degrau, -1, 1));
+  t[visivel] = static_cast<float>(s.visto / s.total);
+  t[nitidez] = logSeguro(limitado(s.larguras.n == 0 ? 9 : s.larguras.quantil(0.5), 0.3, 30));
+}
+
+void tracosDosGreys(const ANDAR& andar, const GREYS_VISTOS& g, TRACOS& t) {
+  const double fora = g.anel.media();
+  const double contraste = fora - g.nucleo.media();
+  const double meio = (g.nucleo.media() + fora) / 2;
+  const double entre = contraste * contraste / 4;
+  const double dentroDeles = (g.nucleo.variancia() + g.anel.variancia()) / 2;
+  const double separados = contraste > 0 ? entre / (entre + dentroDeles + 1e-9) : 0;
+  const double divisor = std::max(contraste, 0.01);
+  t[separacao] = static_cast<float>(separados);
+  t[separacao2] = static_cast<float>(separados * separados);
+  t[nucleoEscuro] = razao(g.nucleo.abaixo(meio), g.nucleo.n);
+  t[anelClaro] = razao(g.anel.acima(meio), g.anel.n);
+  t[contrasteRuido] = static_cast<float>(limitado(contraste / andar.ruido, 0, 6));
+  t[logContraste] = logSeguro(std::max(contraste, 0.002));
+  t[contrasteDesvio] = static_cast<float>(limitado(contraste / (andar.desvio + 1e-3), 0, 5));
+  t[texturaDentro] = static_cast<float>(limitado(std::sqrt(g.nucleo.variancia()) / divisor, 0, 2));
+  t[texturaFora] = static_cast<float>(limitado(std::sqrt(g.anel.variancia()) / divisor, 0, 2));
+  t[centroEscuro] = static_cast<float>(limitado((fora - g.centro.media()) / divisor, -1, 2));
+  t[beiraEscura] = static_cast<float>(limitado((fora - g.beira.media()) / divisor, -1, 2));
+}
+
+void tracosDaForma(const ANDAR& andar, const FIGURA& f, double correl, TRACOS& t) {
+  t[logPerimetro] = logSeguro(perimetro(f) * std::ldexp(1.0, andar.nivel));
+  t[logCorrelacao] = logSeguro(std::max(correl, 0.005));
+  t[logAlongamento] = logSeguro(alongamento(f));
   t[ehQuadrado] = f.forma == 'q' ? 1 : 0;
   t[ehRetangulo] = f.forma == 'r' ? 1 : 0;
   t[ehElipse] = f.forma == 'e' ? 1 : 0;
+}
+
+}  // namespace
+
+EXAME examina(const ANDAR& andar, const FIGURA& f, double correl, ENCOBREM encobrem, BANCADA& b) {
+  const OCULTADORES o(encobrem);
+  amostra(f, amostrasDoExame, b.amostras);
+  const double alcance = std::max(1.5, alcanceUsual(f) * 0.5);
+  procuraBordas(andar, b.amostras, {alcance, 0.5}, b.bordas);
+  // A neighbour's own edge is no business of this shape's: a little way out must be free too.
+  for (std::size_t i = 0; i < b.bordas.size() && !encobrem.empty(); ++i) {
+    const AMOSTRA& a = b.amostras[i];
+    if (o.escondem(a.l + a.nl, a.c + a.nc)) b.bordas[i].visivel = false;
+  }
+  EXAME x;
+  const CONTORNO_VISTO contorno = olhaContorno(andar, f, b);
+  if (contorno.visto <= 0) return x;
+  const GREYS_VISTOS greys = olhaGreys(andar, f, o, b);
+  x.dentro = static_cast<float>(greys.nucleo.media());
+  x.fora = static_cast<float>(greys.anel.media());
+  x.contraste = static_cast<float>(greys.anel.media() - greys.nucleo.media());
+  tracosDoContorno(andar, f, contorno, alcance, x.tracos);
+  tracosDosGreys(andar, greys, x.tracos);
+  tracosDaForma(andar, f, correl, x.tracos);
   return x;
 }
 
