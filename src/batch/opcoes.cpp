@@ -153,7 +153,7 @@ std::string leOpcoes(const std::vector<std::string>& args, OPCOES_LOTE& o) {
   if (recusa.frase != nullptr) {
     return cv::format(diz(*recusa.frase, o.idioma), recusa.valor.c_str());
   }
-  const std::string briga = conflito(o, proprias);
+  std::string briga = conflito(o, proprias);
   if (!briga.empty()) return briga;
   if (palavras.empty()) return diz(falas::faltaKernel, o.idioma);
   o.kernel = palavras.front();

@@ -60,7 +60,7 @@ TEST_F(Apura, ATabelaTemOsGraosEmFracoesDePixel) {
       EXPECT_GT(std::stod(t[i][16]), 0.35);  // support
       EXPECT_LE(std::stod(t[i][16]), 1);
       EXPECT_GT(std::stod(t[i][17]), 0.3);  // contrast: 60 on 200 of 255
-      for (int k = 18; k < 22; ++k) {
+      for (std::size_t k = 18; k < 22; ++k) {
         EXPECT_GT(std::stod(t[i][k]), 0) << k;
         EXPECT_LT(std::stod(t[i][k]), 1) << k;
       }
