@@ -43,7 +43,7 @@ FALTA falta(const cv::Mat_<unsigned char>& foto) {
 
 TEST(Cena, VerdadeConfereComOsPixels) {
   for (const char* familia : {"c", "q", "r", "e"}) {
-    for (const std::uint64_t semente : {1, 2, 3}) {
+    for (const std::uint64_t semente : {1U, 2U, 3U}) {
       const cenas::CENA cena = cenas::renderiza(liso(familia), semente, {120, 120});
       ASSERT_EQ(cena.graos.size(), 1U);
       const GRAO& g = cena.graos[0].verdade;
