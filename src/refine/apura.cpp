@@ -118,13 +118,16 @@ std::vector<APURADO> semColisoes(std::vector<APURADO> v, const MODO_DE_APURAR& m
   return ficam;
 }
 
+// Smaller ones have no edges of their own: what fits there is noise.
+constexpr double menorDiametro = 4;
+
 std::vector<APURADO> apuraBoas(const CAMPO& campo, const std::vector<DETECCAO>& boas,
                                const MODO_DE_APURAR& modo, const PESOS& pesos) {
   constexpr double folga = 0.85;  // measuring may still change the size
   std::vector<CANDIDATO> v = ajustaTodos(campo, boas, modoDeAjustar(modo), pesos);
   std::erase_if(v, [&](const CANDIDATO& c) {
     const double d = diametro(c.figura);
-    return d < folga * modo.menor || d > modo.maior / folga;
+    return d < std::max(folga * modo.menor, menorDiametro) || d > modo.maior / folga;
   });
   const JUIZO j = julga(campo, v, {modo.sobreposicao, modo.fios}, pesos.sozinha);
   const std::vector<double> p = apoios(j, pesos.acompanhada);

@@ -86,7 +86,7 @@ std::vector<double> apoios(const JUIZO& j, const NOTA<quantosDaCompanhia>& nota)
     for (std::size_t k = 0; k < p.size(); ++k) p[k] = probabilidade(nota.de(c[k]));
   }
   // Few shapes are no company to be judged by: each then counts for itself.
-  constexpr double poucas = 2;
+  constexpr double poucas = 8;
   const double quantas = std::accumulate(sozinhas.begin(), sozinhas.end(), 0.0);
   for (std::size_t k = 0; k < p.size(); ++k) {
     p[k] = (quantas * p[k] + poucas * sozinhas[k]) / (quantas + poucas);
