@@ -42,14 +42,16 @@ TEST(ComandoContaForm, MostraACabecaENuncaOCabecalho) {
 TEST(ComandoContaForm, PalavraLongaNaoCustaMemoria) {
   const PASTA pasta;
   grava("a.ho2", "1");
-  const EXECUCAO curta = executa({"contaform"});
+  [[maybe_unused]] const EXECUCAO curta = executa({"contaform"});
   constexpr std::size_t megas = std::size_t{1} << 20U;
   grava("a.ho2", std::string(64 * megas, '1'));
   grava("b.ho2", "2");
   const EXECUCAO longa = executa({"contaform"});
   EXPECT_EQ(longa.estado, 0);
   EXPECT_TRUE(miolo(longa) == "a.ho2 " + std::string(64 * megas, '1') + "\nb.ho2 2\n");
+#ifndef VORPLEX_SANITIZE  // which keeps what has been freed
   EXPECT_LT(longa.memoria, curta.memoria + long{8 * megas});
+#endif
 }
 
 TEST(ComandoContaForm, NomesComEspacosAcentosEPontosPorOrdemDeBytes) {
