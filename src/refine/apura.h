@@ -16,7 +16,7 @@ namespace refine {
 // How detections become measurements.
 struct MODO_DE_APURAR {
   std::string familias = "cqre";  // letters that a grain may get
-  double menor = 0;               // sizes that a grain may have: diameter of equal area, pixels, from 4
+  double menor = 0;  // sizes that a grain may have: diameter of equal area, pixels, from 4
   double maior = std::numeric_limits<double>::infinity();
   double sobreposicao = 0.3;   // share of its area that a grain may have in common with others
   double sensibilidade = 0.5;  // 0: few and sure, 1: many
