@@ -3,9 +3,9 @@
 #include <array>
 #include <string_view>
 
-#include "refine/companhia.h"
-#include "refine/esboco.h"
-#include "refine/tracos.h"
+#include "refine/tracos/companhia.h"
+#include "refine/tracos/esboco.h"
+#include "refine/tracos/tracos.h"
 
 namespace treino {
 

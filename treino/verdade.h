@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "refine/figura.h"
+#include "refine/contorno/figura.h"
 
 namespace treino {
 

@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <opencv2/core.hpp>
 
-#include "batch/frases.h"
+#include "batch/pedido/frases.h"
 
 namespace batch {
 

@@ -7,11 +7,11 @@
 #include <utility>
 #include <vector>
 
-#include "batch/cabecalho.h"
-#include "batch/frases.h"
 #include "batch/medicao.h"
-#include "batch/processo.h"
-#include "batch/soma.h"
+#include "batch/obra/cabecalho.h"
+#include "batch/obra/soma.h"
+#include "batch/pedido/frases.h"
+#include "batch/processo/processo.h"
 #include "detect/maxlocal.h"
 #include "detect/procura.h"
 #include "draw/traca.h"

@@ -3,10 +3,10 @@
 #include <filesystem>
 #include <string>
 
-#include "batch/alvos.h"
-#include "batch/estado.h"
-#include "batch/obra.h"
-#include "batch/opcoes.h"
+#include "batch/obra/alvos.h"
+#include "batch/obra/estado.h"
+#include "batch/obra/obra.h"
+#include "batch/pedido/opcoes.h"
 
 namespace batch {
 

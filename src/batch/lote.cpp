@@ -11,17 +11,17 @@
 #include <optional>
 #include <system_error>
 
-#include "batch/alvos.h"
 #include "batch/avanco.h"
-#include "batch/cabecalho.h"
-#include "batch/estado.h"
 #include "batch/fotografia.h"
-#include "batch/frases.h"
-#include "batch/obra.h"
-#include "batch/opcoes.h"
+#include "batch/obra/alvos.h"
+#include "batch/obra/cabecalho.h"
+#include "batch/obra/estado.h"
+#include "batch/obra/obra.h"
+#include "batch/pedido/frases.h"
+#include "batch/pedido/opcoes.h"
 #include "batch/preparo.h"
-#include "batch/processo.h"
-#include "batch/recursos.h"
+#include "batch/processo/processo.h"
+#include "batch/processo/recursos.h"
 #include "batch/tabelas.h"
 #include "linha/linha.h"
 

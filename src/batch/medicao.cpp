@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "apura/registros.h"
-#include "batch/estado.h"
+#include "batch/obra/estado.h"
 #include "detect/maxlocal.h"
 
 namespace fs = std::filesystem;

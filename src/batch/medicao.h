@@ -4,7 +4,7 @@
 #include <opencv2/core.hpp>
 #include <string>
 
-#include "batch/opcoes.h"
+#include "batch/pedido/opcoes.h"
 #include "measure/resumo.h"
 #include "refine/apura.h"
 

@@ -8,9 +8,9 @@
 #include <fstream>
 #include <vector>
 
-#include "batch/frases.h"
-#include "batch/processo.h"
-#include "batch/soma.h"
+#include "batch/obra/soma.h"
+#include "batch/pedido/frases.h"
+#include "batch/processo/processo.h"
 #include "filter/filtra.h"
 #include "kernels/grupos.h"
 #include "kernels/lekernels.h"

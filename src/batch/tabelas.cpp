@@ -5,10 +5,10 @@
 #include <system_error>
 #include <utility>
 
-#include "batch/estado.h"
-#include "batch/frases.h"
 #include "batch/medicao.h"
-#include "batch/processo.h"
+#include "batch/obra/estado.h"
+#include "batch/pedido/frases.h"
+#include "batch/processo/processo.h"
 #include "export/graoscsv.h"
 #include "export/resumocsv.h"
 #include "export/valor.h"

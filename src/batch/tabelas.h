@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "batch/alvos.h"
-#include "batch/obra.h"
-#include "batch/opcoes.h"
+#include "batch/obra/alvos.h"
+#include "batch/obra/obra.h"
+#include "batch/pedido/opcoes.h"
 
 namespace batch {
 

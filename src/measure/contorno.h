@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "refine/figura.h"
+#include "refine/contorno/figura.h"
 
 namespace measure {
 

@@ -8,12 +8,12 @@
 
 #include "pim/erro.h"
 #include "refine/candidatos.h"
+#include "refine/contorno/vizinhos.h"
 #include "refine/escolha.h"
 #include "refine/juizo.h"
 #include "refine/medida.h"
 #include "refine/paralelo.h"
 #include "refine/sombra.h"
-#include "refine/vizinhos.h"
 
 namespace refine {
 

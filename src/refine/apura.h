@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "detect/maxlocal.h"
-#include "refine/figura.h"
-#include "refine/pesos.h"
+#include "refine/contorno/figura.h"
+#include "refine/tracos/pesos.h"
 
 namespace refine {
 

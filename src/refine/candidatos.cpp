@@ -7,9 +7,9 @@
 #include <unordered_map>
 #include <unordered_set>
 
-#include "refine/ajuste.h"
-#include "refine/esboco.h"
+#include "refine/ajuste/ajuste.h"
 #include "refine/paralelo.h"
+#include "refine/tracos/esboco.h"
 
 namespace refine {
 

@@ -3,10 +3,10 @@
 #include <optional>
 #include <vector>
 
-#include "refine/campo.h"
-#include "refine/figura.h"
-#include "refine/pesos.h"
-#include "refine/tracos.h"
+#include "refine/ajuste/campo.h"
+#include "refine/contorno/figura.h"
+#include "refine/tracos/pesos.h"
+#include "refine/tracos/tracos.h"
 
 namespace refine {
 

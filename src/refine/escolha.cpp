@@ -4,8 +4,8 @@
 #include <cmath>
 #include <numeric>
 
-#include "refine/amostras.h"
-#include "refine/vizinhos.h"
+#include "refine/contorno/amostras.h"
+#include "refine/contorno/vizinhos.h"
 
 namespace refine {
 

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "refine/figura.h"
+#include "refine/contorno/figura.h"
 
 namespace refine {
 

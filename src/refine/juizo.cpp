@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <numeric>
 
-#include "refine/companhia.h"
 #include "refine/escolha.h"
 #include "refine/paralelo.h"
+#include "refine/tracos/companhia.h"
 
 namespace refine {
 

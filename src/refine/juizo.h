@@ -4,10 +4,10 @@
 #include <cstdint>
 #include <vector>
 
-#include "refine/ajuste.h"
+#include "refine/ajuste/ajuste.h"
 #include "refine/candidatos.h"
-#include "refine/pesos.h"
-#include "refine/vizinhos.h"
+#include "refine/contorno/vizinhos.h"
+#include "refine/tracos/pesos.h"
 
 namespace refine {
 

@@ -4,8 +4,8 @@
 #include <optional>
 #include <string_view>
 
-#include "refine/ajuste.h"
-#include "refine/tracos.h"
+#include "refine/ajuste/ajuste.h"
+#include "refine/tracos/tracos.h"
 
 namespace refine {
 

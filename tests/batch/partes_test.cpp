@@ -8,11 +8,11 @@
 
 #include "apoio/pasta.h"
 #include "batch/avanco.h"
-#include "batch/cabecalho.h"
-#include "batch/estado.h"
-#include "batch/processo.h"
-#include "batch/recursos.h"
-#include "batch/soma.h"
+#include "batch/obra/cabecalho.h"
+#include "batch/obra/estado.h"
+#include "batch/obra/soma.h"
+#include "batch/processo/processo.h"
+#include "batch/processo/recursos.h"
 #include "pim/erro.h"
 #include "pim/imagem.h"
 

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstddef>
 
-#include "refine/numeros.h"
+#include "refine/contorno/numeros.h"
 
 namespace referencia {
 

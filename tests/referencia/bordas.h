@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "refine/perfil.h"
+#include "refine/ajuste/perfil.h"
 
 namespace referencia {
 

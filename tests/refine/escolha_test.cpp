@@ -6,8 +6,8 @@
 #include <numeric>
 #include <random>
 
-#include "refine/amostras.h"
-#include "refine/vizinhos.h"
+#include "refine/contorno/amostras.h"
+#include "refine/contorno/vizinhos.h"
 
 namespace refine {
 

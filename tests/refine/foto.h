@@ -4,8 +4,8 @@
 #include <random>
 #include <vector>
 
-#include "refine/campo.h"
-#include "refine/figura.h"
+#include "refine/ajuste/campo.h"
+#include "refine/contorno/figura.h"
 
 // Dark shapes on a bright ground, each pixel by the share of it that they cover.
 struct LUZ {
