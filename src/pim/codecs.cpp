@@ -17,7 +17,7 @@ std::string caminhoDoModulo() {
   std::error_code falha;
   const fs::path pasta = fs::read_symlink("/proc/self/exe", falha).parent_path();
   const fs::path aoLado = pasta / "pimcodecs.so";
-  const fs::path instalado = pasta.parent_path() / "lib" / "vorplex" / "pimcodecs.so";
+  const fs::path instalado = pasta / VORPLEX_CODECS / "pimcodecs.so";
   return fs::exists(aoLado, falha) ? aoLado : instalado;
 }
 

@@ -20,7 +20,8 @@
 namespace {
 
 constexpr const char* titulo =
-    "< Vorplex.exe: Programas para granulometria multi-formas v1.23>\n"
+    "< Vorplex.exe: Programas para granulometria multi-formas v" VORPLEX_VERSAO
+    ">\n"
     "_______________________________________________________________________________";
 
 constexpr const char* lista =

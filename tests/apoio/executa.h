@@ -29,5 +29,6 @@ bool perdePoderes();
 std::string miolo(const EXECUCAO& e);
 
 inline const std::string titulo =
-    "< Vorplex.exe: Programas para granulometria multi-formas v1.23>\n"
+    "< Vorplex.exe: Programas para granulometria multi-formas v" VORPLEX_VERSAO
+    ">\n"
     "_______________________________________________________________________________\n";

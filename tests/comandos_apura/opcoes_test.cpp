@@ -102,7 +102,7 @@ TEST_F(Apura, AjudaEVersao) {
     EXPECT_NE(en.saida.find(nome), std::string::npos) << nome;
   }
   for (const char* opcao : {"-V", "--versao", "--version"}) {
-    EXPECT_EQ(rodaApura({opcao}).saida, "vorplex-apura 1.23\n");
+    EXPECT_EQ(rodaApura({opcao}).saida, "vorplex-apura " VORPLEX_VERSAO "\n");
   }
 }
 

@@ -286,7 +286,7 @@ TEST_F(Lote, AjudaEVersaoSaemComZero) {
         "--recursivo", "--refaz", "--idioma", "--quieto", "--ajuda", "--versao"}) {
     EXPECT_NE(ajuda.saida.find(opcao), std::string::npos) << opcao;
   }
-  EXPECT_EQ(rodaLote({"--versao"}).saida, "vorplex-lote 1.23\n");
+  EXPECT_EQ(rodaLote({"--versao"}).saida, "vorplex-lote " VORPLEX_VERSAO "\n");
 }
 
 TEST_F(Lote, SaidaSoDeLeituraEhDitaComEstado2) {

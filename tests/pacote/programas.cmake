@@ -9,10 +9,15 @@ file(READ ${png} inicio LIMIT 4 HEX)
 if(NOT inicio STREQUAL 89504e47)
   message(FATAL_ERROR "no PNG: ${inicio}")
 endif()
-foreach(programa vorplex-lote vorplex-apura)
-  execute_process(COMMAND ${PREFIXO}/bin/${programa} --versao OUTPUT_VARIABLE versao
-                  COMMAND_ERROR_IS_FATAL ANY)
-  if(NOT versao MATCHES "^${programa} [0-9.]+")
-    message(FATAL_ERROR "${versao}")
-  endif()
-endforeach()
+
+# Of the folders, only those two are searched: not the one the program is run in.
+file(MAKE_DIRECTORY ${PASTA}/atual)
+file(COPY_FILE ${PREFIXO}/${LIB}/vorplex/pimcodecs.so ${PASTA}/atual/pimcodecs.so)
+file(RENAME ${PREFIXO}/${LIB}/vorplex/pimcodecs.so ${PREFIXO}/fora.so)
+execute_process(COMMAND ${PREFIXO}/bin/Vorplex kernel ${cfg} ${png}
+                WORKING_DIRECTORY ${PASTA}/atual
+                OUTPUT_QUIET ERROR_VARIABLE erros RESULT_VARIABLE estado)
+file(RENAME ${PREFIXO}/fora.so ${PREFIXO}/${LIB}/vorplex/pimcodecs.so)
+if(NOT estado EQUAL 1 OR NOT erros MATCHES "^Erro: Modulo de imagens: ")
+  message(FATAL_ERROR "without its module: status ${estado}\n${erros}")
+endif()

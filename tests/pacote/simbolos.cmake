@@ -34,7 +34,7 @@ function(proibidos_de arquivo lista)
   set(${lista} "${achados}" PARENT_SCOPE)
 endfunction()
 
-set(arquivo ${PREFIXO}/lib/libvorplex.a)
+set(arquivo ${PREFIXO}/${LIB}/libvorplex.a)
 proibidos_de(${arquivo} achados)
 if(achados)
   message(FATAL_ERROR "${arquivo} uses ${achados}")
