@@ -6,8 +6,11 @@
 #include "apura/frases.h"
 #include "apura/opcoes.h"
 #include "apura/saida.h"
+#include "apura/tabela.h"
 #include "detect/maxlocal.h"
 #include "export/valor.h"
+#include "linha/ajuda.h"
+#include "linha/geral.h"
 #include "linha/linha.h"
 #include "pim/erro.h"
 #include "pim/imagem.h"
@@ -23,16 +26,18 @@ std::string emUmaLinha(const std::string& texto) {
   return pim::semControles(exporta::emUtf8(texto));
 }
 
-int recusa(const OPCOES& o, const std::string& porque, ESTADO_FINAL estado) {
-  std::fflush(stdout);
-  std::fprintf(stderr, "%s%s\n", diz(linha::frases::erro, o.idioma), emUmaLinha(porque).c_str());
-  if (estado == usoErrado) std::fprintf(stderr, "%s\n", diz(falas::vejaAjuda, o.idioma));
-  return estado;
-}
-
 template <class... PARTES>
 std::string frase(const OPCOES& o, const exporta::FRASE& f, const PARTES&... partes) {
   return cv::format(diz(f, o.idioma), partes.c_str()...);
+}
+
+int recusa(const OPCOES& o, const std::string& porque, ESTADO_FINAL estado) {
+  std::fflush(stdout);
+  std::fprintf(stderr, "%s%s\n", diz(linha::frases::erro, o.idioma), emUmaLinha(porque).c_str());
+  if (estado == usoErrado)
+    std::fprintf(stderr, "%s\n",
+                 frase(o, linha::frases::vejaAjuda, std::string(programa.nome)).c_str());
+  return estado;
 }
 
 struct FOTO {
@@ -99,14 +104,15 @@ int executa(const OPCOES& o) {
 int comando(const std::vector<std::string>& args, const std::string& versao) {
   linha::garanteSaidas();
   OPCOES o;
+  o.idioma = linha::idiomaDoAmbiente();
   const std::string erro = leOpcoes(args, o);
   int estado = tudoBem;
   if (!erro.empty()) {
     estado = recusa(o, erro, usoErrado);
   } else if (o.ajuda) {
-    std::fputs(diz(falas::ajuda, o.idioma), stdout);
+    std::fputs(linha::ajuda(programa, o.idioma).c_str(), stdout);
   } else if (o.versao) {
-    std::printf("vorplex-apura %s\n", versao.c_str());
+    std::printf("%s %s\n", programa.nome, versao.c_str());
   } else {
     estado = executa(o);
   }

@@ -7,46 +7,6 @@
 
 namespace apura::falas {
 
-inline constexpr exporta::FRASE ajuda = {
-    "vorplex-apura [opcoes] FOTO LISTA SAIDA\n"
-    "  Ajusta as deteccoes de uma lista (.ho1 ou .ho2) as bordas da fotografia, escolhe\n"
-    "  as que sao graos e mede cada um em fracoes de pixel, com o erro padrao\n"
-    "  SAIDA: .csv (tabela), .ho2 (lista) ou imagem com contornos (.png, .jpg, .tif...)\n"
-    "      --familias LETRAS   formas que um grao pode ter, de c q r e (default: cqre)\n"
-    "      --tamanhos MIN-MAX  diametros equivalentes de um grao, em pixels, como 5-80\n"
-    "      --sobreposicao X    parte da area que graos podem dividir, 0 a 1 (default: 0.3)\n"
-    "      --sensibilidade X   de 0 (poucos e certos) a 1 (muitos); default: 0.5\n"
-    "      --sem-letras        cada grao fica com a forma da lista\n"
-    "  -i, --inverte           graos claros em fundo escuro\n"
-    "      --indices           numera os contornos da imagem\n"
-    "  -j, --fios N            fios de execucao (default: um por processador)\n"
-    "      --idioma pt|en      lingua das mensagens e da tabela\n"
-    "      --quieto            diz apenas erros e avisos\n"
-    "  -h, --ajuda             mostra este texto\n"
-    "  -V, --versao            mostra a versao\n"
-    "Estado final: 0 tudo bem, 1 falha, 2 uso errado\n",
-    "vorplex-apura [options] PHOTO LIST OUTPUT\n"
-    "  Fits the detections of a list (.ho1 or .ho2) to the edges of the photograph, chooses\n"
-    "  those that are grains and measures each to fractions of a pixel, with standard errors\n"
-    "  OUTPUT: .csv (table), .ho2 (list) or a picture with outlines (.png, .jpg, .tif...)\n"
-    "      --families LETTERS  shapes that a grain may have, of c q r e (default: cqre)\n"
-    "      --sizes MIN-MAX     equivalent diameters of a grain, in pixels, such as 5-80\n"
-    "      --overlap X         share of the area that grains may have in common, 0 to 1\n"
-    "                          (default: 0.3)\n"
-    "      --sensitivity X     from 0 (few and sure) to 1 (many); default: 0.5\n"
-    "      --keep-letters      each grain keeps the shape that the list has\n"
-    "  -i, --invert            bright grains on dark ground\n"
-    "      --indices           numbers the outlines of the picture\n"
-    "  -j, --threads N         threads (default: one for each processor)\n"
-    "      --language pt|en    language of the messages and the table\n"
-    "      --quiet             tells errors and warnings only\n"
-    "  -h, --help              shows this text\n"
-    "  -V, --version           shows the version\n"
-    "Exit status: 0 all well, 1 failure, 2 wrong use\n"};
-
-inline constexpr exporta::FRASE vejaAjuda = {"(vorplex-apura --ajuda mostra as opcoes)",
-                                             "(vorplex-apura --help shows the options)"};
-
 // Wrong use.
 inline constexpr exporta::FRASE faltaFoto = {"Falta a fotografia", "The photograph is missing"};
 inline constexpr exporta::FRASE faltaLista = {"Falta a lista de deteccoes",

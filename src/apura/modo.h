@@ -1,32 +1,46 @@
 #pragma once
 
-#include <getopt.h>
-
 #include <array>
 #include <string>
 
-#include "export/idioma.h"
+#include "linha/programa.h"
 #include "refine/apura.h"
 
 // The options that say which detections become grains, the same for every program that has them.
 
 namespace apura {
 
-// What getopt_long returns for them.
 enum OPCAO_DO_MODO { familias = 512, tamanhos, sobreposicao, sensibilidade, semLetras };
 
-// In Portuguese, then in English.
-inline constexpr std::array<option, 10> opcoesDoModo = {{
-    {"familias", required_argument, nullptr, familias},
-    {"tamanhos", required_argument, nullptr, tamanhos},
-    {"sobreposicao", required_argument, nullptr, sobreposicao},
-    {"sensibilidade", required_argument, nullptr, sensibilidade},
-    {"sem-letras", no_argument, nullptr, semLetras},
-    {"families", required_argument, nullptr, familias},
-    {"sizes", required_argument, nullptr, tamanhos},
-    {"overlap", required_argument, nullptr, sobreposicao},
-    {"sensitivity", required_argument, nullptr, sensibilidade},
-    {"keep-letters", no_argument, nullptr, semLetras},
+inline constexpr std::array<linha::OPCAO, 5> opcoesDoModo = {{
+    {familias,
+     "familias",
+     "families",
+     {"formas que um grão pode ter, de c q r e (default: cqre)",
+      "shapes that a grain may have, of c q r e (default: cqre)"},
+     {"LETRAS", "LETTERS"}},
+    {tamanhos,
+     "tamanhos",
+     "sizes",
+     {"diâmetros equivalentes de um grão, em pixels, como 5-80",
+      "equivalent diameters of a grain, in pixels, such as 5-80"},
+     {"MIN-MAX", "MIN-MAX"}},
+    {sobreposicao,
+     "sobreposicao",
+     "overlap",
+     {"parte da área que grãos podem dividir, 0 a 1 (default: 0.3)",
+      "share of the area that grains may have in common, 0 to 1 (default: 0.3)"},
+     {"X", "X"}},
+    {sensibilidade,
+     "sensibilidade",
+     "sensitivity",
+     {"de 0 (poucos e certos) a 1 (muitos); default: 0.5",
+      "from 0 (few and sure) to 1 (many); default: 0.5"},
+     {"X", "X"}},
+    {semLetras,
+     "sem-letras",
+     "keep-letters",
+     {"cada grão fica com a forma da lista", "each grain keeps the shape that the list has"}},
 }};
 
 inline bool ehDoModo(int letra) {

@@ -7,6 +7,8 @@
 
 #include "apura/frases.h"
 #include "apura/modo.h"
+#include "apura/tabela.h"
+#include "linha/geral.h"
 #include "linha/linha.h"
 #include "pim/texto.h"
 
@@ -15,41 +17,25 @@ namespace {
 
 using exporta::FRASE;
 
-enum LONGA { indices = 256, idioma, quieto };
-
-constexpr std::array<option, 13> outras = {{
-    {"inverte", no_argument, nullptr, 'i'},
-    {"invert", no_argument, nullptr, 'i'},
-    {"indices", no_argument, nullptr, indices},
-    {"fios", required_argument, nullptr, 'j'},
-    {"threads", required_argument, nullptr, 'j'},
-    {"idioma", required_argument, nullptr, idioma},
-    {"language", required_argument, nullptr, idioma},
-    {"quieto", no_argument, nullptr, quieto},
-    {"quiet", no_argument, nullptr, quieto},
-    {"ajuda", no_argument, nullptr, 'h'},
-    {"help", no_argument, nullptr, 'h'},
-    {"versao", no_argument, nullptr, 'V'},
-    {"version", no_argument, nullptr, 'V'},
-}};
-
 bool leFios(const std::string& texto, int& n) {
   return pim::paraNumero(texto, n) && n >= 1 && n <= 1024;
 }
 
 // Stores one option; returns why its value was refused, or null.
-const FRASE* guarda(int letra, const char* valor, OPCOES& o) {
-  if (ehDoModo(letra)) return guardaModo(letra, valor == nullptr ? "" : valor, o.modo);
-  if (letra == 'j') return leFios(valor, o.modo.fios) ? nullptr : &falas::fiosRuins;
-  if (letra == idioma) {
-    return linha::leIdioma(valor, o.idioma) ? nullptr : &linha::frases::idiomaRuim;
+const FRASE* guarda(int letra, const std::string& valor, OPCOES& o) {
+  if (linha::ehGeral(letra)) return linha::guardaGeral(letra, valor, o);
+  switch (letra) {
+    case 'i':
+      o.inverte = true;
+      return nullptr;
+    case indices:
+      o.indices = true;
+      return nullptr;
+    case 'j':
+      return leFios(valor, o.modo.fios) ? nullptr : &falas::fiosRuins;
+    default:
+      return guardaModo(letra, valor, o.modo);
   }
-  o.inverte |= letra == 'i';
-  o.indices |= letra == indices;
-  o.quieto |= letra == quieto;
-  o.ajuda |= letra == 'h';
-  o.versao |= letra == 'V';
-  return nullptr;
 }
 
 std::string guardaNomes(const std::vector<std::string>& nomes, OPCOES& o) {
@@ -69,18 +55,15 @@ std::string guardaNomes(const std::vector<std::string>& nomes, OPCOES& o) {
 
 std::string leOpcoes(const std::vector<std::string>& args, OPCOES& o) {
   o.modo.fios = std::clamp(static_cast<int>(std::thread::hardware_concurrency()), 1, 1024);
-  std::vector<std::string> palavras = {"vorplex-apura"};
+  std::vector<std::string> palavras = {programa.nome};
   palavras.insert(palavras.end(), args.begin(), args.end());
-  std::vector<option> longas(opcoesDoModo.begin(), opcoesDoModo.end());
-  longas.insert(longas.end(), outras.begin(), outras.end());
-  longas.push_back({nullptr, 0, nullptr, 0});
   const linha::RECUSA recusa =
-      linha::leOpcoes(palavras, ":hij:V", longas,
-                      [&o](int letra, const char* valor) { return guarda(letra, valor, o); });
+      linha::leOpcoes(palavras, programa, [&o](const linha::OPCAO& op, const std::string& valor) {
+        return guarda(op.letra, valor, o);
+      });
   if (o.ajuda || o.versao) return "";
-  if (recusa.frase != nullptr) {
-    return cv::format(diz(*recusa.frase, o.idioma), recusa.valor.c_str());
-  }
+  const std::string errada = linha::motivo(recusa, o.idioma);
+  if (!errada.empty()) return errada;
   return guardaNomes(palavras, o);
 }
 

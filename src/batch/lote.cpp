@@ -19,10 +19,13 @@
 #include "batch/obra/obra.h"
 #include "batch/pedido/frases.h"
 #include "batch/pedido/opcoes.h"
+#include "batch/pedido/tabela.h"
 #include "batch/preparo.h"
 #include "batch/processo/processo.h"
 #include "batch/processo/recursos.h"
 #include "batch/tabelas.h"
+#include "linha/ajuda.h"
+#include "linha/geral.h"
 #include "linha/linha.h"
 
 namespace fs = std::filesystem;
@@ -270,15 +273,17 @@ int executa(LOTE& l, const std::vector<std::string>& args, const std::string& ve
 int lote(const std::vector<std::string>& args, const std::string& versao) {
   linha::garanteSaidas();
   LOTE l;
+  l.opcoes.idioma = linha::idiomaDoAmbiente();
   const std::string erro = leOpcoes(args, l.opcoes);
   int estado = tudoBem;
   if (!erro.empty()) {
     estado = recusa(l.opcoes, erro);
-    std::fprintf(stderr, "%s\n", l.frase(falas::vejaAjuda));
+    std::fprintf(stderr, "%s\n",
+                 cv::format(l.frase(linha::frases::vejaAjuda), programa.nome).c_str());
   } else if (l.opcoes.ajuda) {
-    std::fputs(l.frase(falas::ajuda), stdout);
+    std::fputs(linha::ajuda(programa, l.opcoes.idioma).c_str(), stdout);
   } else if (l.opcoes.versao) {
-    std::printf("vorplex-lote %s\n", versao.c_str());
+    std::printf("%s %s\n", programa.nome, versao.c_str());
   } else {
     estado = executa(l, args, versao);
   }

@@ -96,6 +96,8 @@ TEST_F(Apura, AjudaEVersao) {
       EXPECT_NE(c.saida.find(nome), std::string::npos) << nome;
     }
   }
+  EXPECT_TRUE(
+      rodaApura({"--help"}, "", "LC_ALL=de_DE").saida.starts_with("vorplex-apura [options]"));
   const CORRIDA en = rodaApura({"--help", "--language", "en"});
   for (const char* nome : {"--families", "--sizes", "--overlap", "--sensitivity", "--keep-letters",
                            "--invert", "--language", "--quiet", "-j"}) {

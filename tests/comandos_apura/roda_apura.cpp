@@ -20,8 +20,8 @@ CORRIDA rodaApura(const std::vector<std::string>& args, const std::string& mais,
                   const std::string& antes) {
   const PASTA saidas;
   const std::string pasta = saidas.caminho.string();
-  std::string linha =
-      "cd " + entreAspas(saidas.anterior.string()) + "; " + antes + " " + entreAspas(VORPLEX_APURA);
+  std::string linha = "export LC_ALL=C; cd " + entreAspas(saidas.anterior.string()) + "; " + antes +
+                      " " + entreAspas(VORPLEX_APURA);
   for (const std::string& a : args) linha += ' ' + entreAspas(a);
   linha += " </dev/null >" + pasta + "/saida 2>" + pasta + "/erro " + mais;
   const int status = std::system(linha.c_str());

@@ -11,6 +11,7 @@ struct CORRIDA {
 };
 
 // Runs it in the current directory. `mais` is shell text behind the command, such as "<&-" or
-// ">/dev/full"; `antes` goes before it, such as "ulimit -f 1;".
+// ">/dev/full"; `antes` goes before it, such as "ulimit -f 1;" or
+// "LC_ALL=en_US.UTF-8" (else LC_ALL is C).
 CORRIDA rodaApura(const std::vector<std::string>& args, const std::string& mais = "",
                   const std::string& antes = "");

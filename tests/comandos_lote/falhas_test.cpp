@@ -278,15 +278,30 @@ INSTANTIATE_TEST_SUITE_P(Tabela, UsoErrado, testing::ValuesIn(usos),
                          [](const auto& linha) { return linha.param.nome; });
 
 TEST_F(Lote, AjudaEVersaoSaemComZero) {
-  const CORRIDA ajuda = rodaLote({"--ajuda"});
-  EXPECT_EQ(ajuda.estado, 0);
-  for (const char* opcao :
-       {"--saida", "--escala", "--metodo", "--filtra", "--sensibilidade", "--min-corr",
-        "--grandeza", "--peso", "--peneiras", "--sem-borda", "--inverte", "--processos",
-        "--recursivo", "--refaz", "--idioma", "--quieto", "--ajuda", "--versao"}) {
-    EXPECT_NE(ajuda.saida.find(opcao), std::string::npos) << opcao;
+  for (const char* opcao : {"-h", "--ajuda", "--help"}) {
+    const CORRIDA ajuda = rodaLote({opcao});
+    EXPECT_EQ(ajuda.estado, 0);
+    EXPECT_TRUE(ajuda.saida.starts_with("vorplex-lote [opcoes] kernel.cfg FOTO|PASTA...\n"));
+    for (const char* nome : {"-o, --saida PASTA", "--sensibilidade", "-w, --peso", "-h, --ajuda"}) {
+      EXPECT_NE(ajuda.saida.find(nome), std::string::npos) << nome;
+    }
   }
-  EXPECT_EQ(rodaLote({"--versao"}).saida, "vorplex-lote " VORPLEX_VERSAO "\n");
+  for (const char* opcao : {"-V", "--versao", "--version"}) {
+    EXPECT_EQ(rodaLote({opcao}).saida, "vorplex-lote " VORPLEX_VERSAO "\n");
+  }
+}
+
+TEST_F(Lote, ALinguaEhADoAmbienteSeNaoForDita) {
+  MODO modo;
+  modo.ambiente = "en_GB.UTF-8";
+  EXPECT_TRUE(rodaLote({"--help"}, modo).saida.starts_with("vorplex-lote [options]"));
+  EXPECT_EQ(rodaLote({"--outptu", "s"}, modo).erro,
+            "Error: Unknown option --outptu; did you mean --output?\n"
+            "(vorplex-lote --help shows the options)\n");
+  EXPECT_TRUE(
+      rodaLote({"--help", "--idioma", "pt"}, modo).saida.starts_with("vorplex-lote [opcoes]"));
+  modo.ambiente = "pt_BR.UTF-8";
+  EXPECT_TRUE(rodaLote({"--help"}, modo).saida.starts_with("vorplex-lote [opcoes]"));
 }
 
 TEST_F(Lote, SaidaSoDeLeituraEhDitaComEstado2) {

@@ -37,6 +37,7 @@ std::string temporario() {
     std::signal(SIGXFSZ, SIG_IGN);
   }
   std::signal(SIGINT, SIG_DFL);
+  setenv("LC_ALL", modo.ambiente.c_str(), 1);
   const std::string saida = modo.terminal ? l.terminal.nome : l.saida;
   dup2(open("/dev/null", O_RDONLY), 0);
   dup2(open(saida.c_str(), O_WRONLY | O_NOCTTY), 1);

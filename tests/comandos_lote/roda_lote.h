@@ -18,9 +18,10 @@ struct CORRIDA {
 
 // How it is run.
 struct MODO {
-  bool semPoderes = false;  // as a user whom permissions bind; see apoio/executa.h
-  long maiorArquivo = 0;    // bytes that a file may grow to; 0: no limit
-  bool terminal = false;    // standard output is a terminal
+  bool semPoderes = false;     // as a user whom permissions bind; see apoio/executa.h
+  long maiorArquivo = 0;       // bytes that a file may grow to; 0: no limit
+  bool terminal = false;       // standard output is a terminal
+  std::string ambiente = "C";  // what LC_ALL says
 };
 
 CORRIDA rodaLote(const std::vector<std::string>& args, const MODO& modo = {});

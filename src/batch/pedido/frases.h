@@ -9,59 +9,6 @@ namespace batch {
 
 namespace falas {
 
-inline constexpr exporta::FRASE ajuda = {
-    "vorplex-lote [opcoes] kernel.cfg FOTO|PASTA...\n"
-    "  Procura, filtra, mede e relata os graos de muitas fotografias\n"
-    "  -o, --saida PASTA      onde ficam os resultados (default: resultado)\n"
-    "  -e, --escala 0.05mm    lado de um pixel: um, mm, cm, m, in (sem ela, tudo em px)\n"
-    "      --metodo M         apurado (default): ajusta cada grao as bordas da fotografia, como\n"
-    "                         vorplex-apura; classico: filtra as deteccoes\n"
-    "  -f, --filtra \"...\"     do metodo classico: parametros de filtra, como \"default 0.3 "
-    "0.1\"\n"
-    "  -c, --min-corr X       correlacao minima da procura (default: a que convem ao metodo)\n"
-    "      --familias, --tamanhos, --sobreposicao, --sensibilidade, --sem-letras\n"
-    "                         do metodo apurado, como em vorplex-apura\n"
-    "  -g, --grandeza G       tamanho do grao: equivalente (default), menor ou maior\n"
-    "  -w, --peso P           peso do grao: numero (default), area ou volume\n"
-    "  -p, --peneiras LISTA   aberturas crescentes, como 0.5,1,2,4, na unidade da escala\n"
-    "      --sem-borda        deixa fora os graos cortados pela borda da fotografia\n"
-    "  -i, --inverte          graos claros em fundo escuro\n"
-    "  -j, --processos N      fotografias ao mesmo tempo (default: o que a maquina permite)\n"
-    "  -r, --recursivo        entra nas pastas dentro das pastas\n"
-    "      --refaz            faz de novo o que ja esta pronto\n"
-    "      --idioma pt|en     lingua das mensagens e dos resultados\n"
-    "      --quieto           diz apenas os erros\n"
-    "      --ajuda            mostra este texto\n"
-    "      --versao           mostra a versao\n"
-    "Estado final: 0 tudo bem, 1 algo falhou, 2 uso errado, 130 interrompido\n",
-    "vorplex-lote [options] kernel.cfg PHOTO|FOLDER...\n"
-    "  Searches, filters, measures and reports the grains of many photographs\n"
-    "  -o, --saida FOLDER     where the results go (default: resultado)\n"
-    "  -e, --escala 0.05mm    side of a pixel: um, mm, cm, m, in (without it, all in px)\n"
-    "      --metodo M         apurado (default): fits each grain to the edges of the photograph,\n"
-    "                         as vorplex-apura; classico: filters the detections\n"
-    "  -f, --filtra \"...\"     of method classico: parameters of filtra, such as\n"
-    "                         \"default 0.3 0.1\"\n"
-    "  -c, --min-corr X       smallest correlation of the search (default: what suits the method)\n"
-    "      --families, --sizes, --overlap, --sensitivity, --keep-letters\n"
-    "                         of method apurado, as in vorplex-apura\n"
-    "  -g, --grandeza G       size of a grain: equivalente (default), menor or maior\n"
-    "  -w, --peso P           weight of a grain: numero (default), area or volume\n"
-    "  -p, --peneiras LIST    ascending apertures, such as 0.5,1,2,4, in the unit of the scale\n"
-    "      --sem-borda        leaves out the grains that the picture's border cuts\n"
-    "  -i, --inverte          bright grains on dark ground\n"
-    "  -j, --processos N      photographs at a time (default: what the machine allows)\n"
-    "  -r, --recursivo        enters the folders inside the folders\n"
-    "      --refaz            does again what is done already\n"
-    "      --idioma pt|en     language of the messages and the results\n"
-    "      --quieto           tells errors only\n"
-    "      --ajuda            shows this text\n"
-    "      --versao           shows the version\n"
-    "Exit status: 0 all well, 1 something failed, 2 wrong use, 130 interrupted\n"};
-
-inline constexpr exporta::FRASE vejaAjuda = {"(vorplex-lote --ajuda mostra as opcoes)",
-                                             "(vorplex-lote --ajuda shows the options)"};
-
 // Wrong use.
 inline constexpr exporta::FRASE faltaKernel = {"Falta kernel.cfg", "kernel.cfg is missing"};
 inline constexpr exporta::FRASE faltaFoto = {"Falta fotografia ou pasta",
@@ -70,21 +17,21 @@ inline constexpr exporta::FRASE escalaRuim = {
     "Escala invalida %s (numero de 1e-9 a 1e9 e um, mm, cm, m ou in, como 0.05mm)",
     "Invalid scale %s (a number from 1e-9 to 1e9 and um, mm, cm, m or in, such as 0.05mm)"};
 inline constexpr exporta::FRASE metodoRuim = {"Metodo invalido %s (apurado ou classico)",
-                                              "Invalid method %s (apurado or classico)"};
+                                              "Invalid method %s (refined or classic)"};
 inline constexpr exporta::FRASE filtraEhDoClassico = {
     "-f (--filtra) pertence ao metodo classico: use tambem --metodo classico, ou tire -f",
-    "-f (--filtra) belongs to method classico: add --metodo classico, or leave -f out"};
+    "-f (--filter) belongs to method classic: add --method classic, or leave -f out"};
 inline constexpr exporta::FRASE modoEhDoApurado = {
     "--familias, --tamanhos, --sobreposicao, --sensibilidade e --sem-letras pertencem ao metodo "
     "apurado",
-    "--families, --sizes, --overlap, --sensitivity and --keep-letters belong to method apurado"};
+    "--families, --sizes, --overlap, --sensitivity and --keep-letters belong to method refined"};
 inline constexpr exporta::FRASE minCorrRuim = {"Correlacao minima invalida %s",
                                                "Invalid smallest correlation %s"};
 inline constexpr exporta::FRASE grandezaRuim = {
     "Grandeza invalida %s (equivalente, menor ou maior)",
-    "Invalid size %s (equivalente, menor or maior)"};
+    "Invalid diameter %s (equivalent, lesser or greater)"};
 inline constexpr exporta::FRASE pesoRuim = {"Peso invalido %s (numero, area ou volume)",
-                                            "Invalid weight %s (numero, area or volume)"};
+                                            "Invalid weight %s (number, area or volume)"};
 inline constexpr exporta::FRASE peneirasRuins = {
     "Peneiras invalidas %s (aberturas crescentes, acima de 0, como 0.5,1,2,4)",
     "Invalid sieves %s (ascending apertures above 0, such as 0.5,1,2,4)"};

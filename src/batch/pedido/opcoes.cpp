@@ -1,38 +1,17 @@
 #include "batch/pedido/opcoes.h"
 
-#include <algorithm>
-#include <array>
 #include <cmath>
-#include <opencv2/core.hpp>
 #include <sstream>
 
 #include "apura/modo.h"
 #include "batch/pedido/frases.h"
+#include "batch/pedido/tabela.h"
+#include "linha/geral.h"
 #include "linha/linha.h"
 #include "pim/texto.h"
 
 namespace batch {
 namespace {
-
-enum LONGA { metodo = 256, semBorda, refaz, idioma, quieto, ajuda, versao };
-
-constexpr std::array<option, 17> outras = {{{"saida", required_argument, nullptr, 'o'},
-                                            {"escala", required_argument, nullptr, 'e'},
-                                            {"metodo", required_argument, nullptr, metodo},
-                                            {"filtra", required_argument, nullptr, 'f'},
-                                            {"min-corr", required_argument, nullptr, 'c'},
-                                            {"grandeza", required_argument, nullptr, 'g'},
-                                            {"peso", required_argument, nullptr, 'w'},
-                                            {"peneiras", required_argument, nullptr, 'p'},
-                                            {"sem-borda", no_argument, nullptr, semBorda},
-                                            {"inverte", no_argument, nullptr, 'i'},
-                                            {"processos", required_argument, nullptr, 'j'},
-                                            {"recursivo", no_argument, nullptr, 'r'},
-                                            {"refaz", no_argument, nullptr, refaz},
-                                            {"idioma", required_argument, nullptr, idioma},
-                                            {"quieto", no_argument, nullptr, quieto},
-                                            {"ajuda", no_argument, nullptr, ajuda},
-                                            {"versao", no_argument, nullptr, versao}}};
 
 bool leReal(const std::string& texto, double& x) {
   return pim::paraNumero(texto, x) && std::isfinite(x);
@@ -49,31 +28,11 @@ bool lePeneiras(const std::string& texto, std::vector<double>& v) {
   return true;
 }
 
-bool leGrandeza(const std::string& texto, measure::GRANDEZA& g) {
-  if (texto == "equivalente") g = measure::GRANDEZA::equivalente;
-  if (texto == "menor") g = measure::GRANDEZA::menor;
-  if (texto == "maior") g = measure::GRANDEZA::maior;
-  return texto == "equivalente" || texto == "menor" || texto == "maior";
-}
-
-bool lePeso(const std::string& texto, measure::PESO& p) {
-  if (texto == "numero") p = measure::PESO::numero;
-  if (texto == "area") p = measure::PESO::area;
-  if (texto == "volume") p = measure::PESO::volume;
-  return texto == "numero" || texto == "area" || texto == "volume";
-}
-
-bool leMetodo(const std::string& texto, measure::METODO& m) {
-  if (texto == "apurado") m = measure::METODO::apurado;
-  if (texto == "classico") m = measure::METODO::classico;
-  return texto == "apurado" || texto == "classico";
-}
-
 bool leProcessos(const std::string& texto, int& n) {
   return pim::paraNumero(texto, n) && n >= 1 && n <= 1024;
 }
 
-// Stores one option that has a value; returns why it was refused, or null.
+// Stores one of the options that have a value; returns why it was refused, or null.
 const exporta::FRASE* guardaValor(int letra, const std::string& valor, OPCOES_LOTE& o) {
   double x = 0;
   switch (letra) {
@@ -83,7 +42,7 @@ const exporta::FRASE* guardaValor(int letra, const std::string& valor, OPCOES_LO
     case 'e':
       return paraEscala(valor, o.escala).empty() ? nullptr : &falas::escalaRuim;
     case metodo:
-      return leMetodo(valor, o.metodo) ? nullptr : &falas::metodoRuim;
+      return linha::lePalavra(valor, metodos, o.metodo) ? nullptr : &falas::metodoRuim;
     case 'f':
       o.filtra = valor;
       return nullptr;
@@ -91,15 +50,13 @@ const exporta::FRASE* guardaValor(int letra, const std::string& valor, OPCOES_LO
       o.minCorr = valor;
       return leReal(valor, x) ? nullptr : &falas::minCorrRuim;
     case 'g':
-      return leGrandeza(valor, o.grandeza) ? nullptr : &falas::grandezaRuim;
+      return linha::lePalavra(valor, grandezas, o.grandeza) ? nullptr : &falas::grandezaRuim;
     case 'w':
-      return lePeso(valor, o.peso) ? nullptr : &falas::pesoRuim;
+      return linha::lePalavra(valor, pesos, o.peso) ? nullptr : &falas::pesoRuim;
     case 'p':
       return lePeneiras(valor, o.peneiras) ? nullptr : &falas::peneirasRuins;
-    case 'j':
-      return leProcessos(valor, o.processos) ? nullptr : &falas::processosRuins;
     default:
-      return linha::leIdioma(valor, o.idioma) ? nullptr : &linha::frases::idiomaRuim;
+      return leProcessos(valor, o.processos) ? nullptr : &falas::processosRuins;
   }
 }
 
@@ -108,9 +65,6 @@ void guardaSinal(int letra, OPCOES_LOTE& o) {
   o.inverte |= letra == 'i';
   o.recursivo |= letra == 'r';
   o.refaz |= letra == refaz;
-  o.quieto |= letra == quieto;
-  o.ajuda |= letra == ajuda;
-  o.versao |= letra == versao;
 }
 
 // Options that only one of the methods has, as far as they were given.
@@ -120,13 +74,14 @@ struct PROPRIAS {
 };
 
 // Returns why the option was refused, or null.
-const exporta::FRASE* guarda(int letra, const char* valor, OPCOES_LOTE& o, PROPRIAS& p) {
-  p.filtra |= letra == 'f';
-  p.modo |= apura::ehDoModo(letra);
-  if (apura::ehDoModo(letra))
-    return apura::guardaModo(letra, valor == nullptr ? "" : valor, o.modo);
-  if (valor != nullptr) return guardaValor(letra, valor, o);
-  guardaSinal(letra, o);
+const exporta::FRASE* guarda(const linha::OPCAO& op, const std::string& valor, OPCOES_LOTE& o,
+                             PROPRIAS& p) {
+  p.filtra |= op.letra == 'f';
+  p.modo |= apura::ehDoModo(op.letra);
+  if (linha::ehGeral(op.letra)) return linha::guardaGeral(op.letra, valor, o);
+  if (apura::ehDoModo(op.letra)) return apura::guardaModo(op.letra, valor, o.modo);
+  if (linha::levaValor(op)) return guardaValor(op.letra, valor, o);
+  guardaSinal(op.letra, o);
   return nullptr;
 }
 
@@ -140,19 +95,16 @@ std::string conflito(const OPCOES_LOTE& o, const PROPRIAS& p) {
 }  // namespace
 
 std::string leOpcoes(const std::vector<std::string>& args, OPCOES_LOTE& o) {
-  std::vector<std::string> palavras = {"vorplex-lote"};
+  std::vector<std::string> palavras = {programa.nome};
   palavras.insert(palavras.end(), args.begin(), args.end());
-  std::vector<option> longas(outras.begin(), outras.end());
-  longas.insert(longas.end(), apura::opcoesDoModo.begin(), apura::opcoesDoModo.end());
-  longas.push_back({nullptr, 0, nullptr, 0});
   PROPRIAS proprias;
-  const linha::RECUSA recusa = linha::leOpcoes(
-      palavras, ":o:e:f:c:g:w:p:ij:r", longas,
-      [&](int letra, const char* valor) { return guarda(letra, valor, o, proprias); });
+  const linha::RECUSA recusa =
+      linha::leOpcoes(palavras, programa, [&](const linha::OPCAO& op, const std::string& valor) {
+        return guarda(op, valor, o, proprias);
+      });
   if (o.ajuda || o.versao) return "";
-  if (recusa.frase != nullptr) {
-    return cv::format(diz(*recusa.frase, o.idioma), recusa.valor.c_str());
-  }
+  const std::string errada = linha::motivo(recusa, o.idioma);
+  if (!errada.empty()) return errada;
   std::string briga = conflito(o, proprias);
   if (!briga.empty()) return briga;
   if (palavras.empty()) return diz(falas::faltaKernel, o.idioma);

@@ -86,6 +86,37 @@ TEST(LeOpcoes, LetrasENomesDizemOMesmo) {
   }
 }
 
+TEST(LeOpcoes, OsNomesInglesesDizemOMesmo) {
+  const OPCOES_LOTE o = lidas({"--output",    "s",           "--scale",
+                               "0.05mm",      "--method",    "classic",
+                               "--filter",    "x",           "--min-corr",
+                               "0.2",         "--diameter",  "lesser",
+                               "--weight",    "area",        "--sieves",
+                               "1,2",         "--no-border", "--invert",
+                               "--processes", "3",           "--recursive",
+                               "--redo",      "--language",  "en",
+                               "--quiet",     "k",           "f"});
+  EXPECT_EQ(o.saida, "s");
+  EXPECT_EQ(o.escala.unidade, UNIDADE::mm);
+  EXPECT_EQ(o.metodo, METODO::classico);
+  EXPECT_EQ(o.filtra, "x");
+  EXPECT_EQ(o.minCorr, "0.2");
+  EXPECT_EQ(o.grandeza, GRANDEZA::menor);
+  EXPECT_EQ(o.peso, PESO::area);
+  EXPECT_EQ(o.peneiras, (std::vector<double>{1, 2}));
+  EXPECT_EQ(o.processos, 3);
+  EXPECT_TRUE(o.semBorda && o.inverte && o.recursivo && o.refaz && o.quieto);
+  EXPECT_EQ(o.idioma, IDIOMA::en);
+}
+
+TEST(LeOpcoes, AsPalavrasValemNasDuasLinguas) {
+  EXPECT_EQ(lidas({"--metodo", "refined", "k", "f"}).metodo, METODO::apurado);
+  EXPECT_EQ(lidas({"-g", "equivalent", "k", "f"}).grandeza, GRANDEZA::equivalente);
+  EXPECT_EQ(lidas({"-g", "greater", "k", "f"}).grandeza, GRANDEZA::maior);
+  EXPECT_EQ(lidas({"-w", "number", "k", "f"}).peso, PESO::numero);
+  EXPECT_EQ(lidas({"-w", "volume", "k", "f"}).peso, PESO::volume);
+}
+
 TEST(LeOpcoes, OpcoesSoComNomeLongo) {
   const OPCOES_LOTE o = lidas({"--sem-borda", "--refaz", "--quieto", "--idioma", "en", "k", "f"});
   EXPECT_TRUE(o.semBorda && o.refaz && o.quieto);
@@ -153,6 +184,14 @@ const std::vector<CASO> ruins = {
     {"SoKernel", {"k.cfg"}, "Falta fotografia ou pasta"},
     {"LetraDesconhecida", {"-x", "k", "f"}, "Opcao desconhecida -x"},
     {"LetraDesconhecidaNoMeio", {"--quieto", "-rx", "k", "f"}, "Opcao desconhecida -x"},
+    {"NomeParecido", {"--sadia", "s", "k", "f"}, "Opcao desconhecida --sadia; quis dizer --saida?"},
+    {"NomeParecidoComValor",
+     {"--peneira5=1", "k", "f"},
+     "Opcao desconhecida --peneira5=1; quis dizer --peneiras?"},
+    {"NomeAmbiguo", {"--pe=1", "k", "f"}, "Opcao ambigua --pe=1; quis dizer --peso ou --peneiras?"},
+    {"PalavraParecida",
+     {"--metodo", "clasico", "k", "f"},
+     "Metodo invalido clasico (apurado ou classico); quis dizer classico?"},
     {"NomeDesconhecido", {"--nada", "k", "f"}, "Opcao desconhecida --nada"},
     {"ValorAMais", {"--inverte=3", "k", "f"}, "A opcao nao leva valor: --inverte=3"},
     {"LetraSemValor", {"k", "f", "-o"}, "Falta o valor de -o"},
@@ -171,6 +210,9 @@ const std::vector<CASO> ruins = {
      {"-g", "media", "k", "f"},
      "Grandeza invalida media (equivalente, menor ou maior)"},
     {"Peso", {"-w", "massa", "k", "f"}, "Peso invalido massa (numero, area ou volume)"},
+    {"PesoEmIngles",
+     {"-w", "numbr", "--idioma", "en", "k", "f"},
+     "Invalid weight numbr (number, area or volume); did you mean number?"},
     {"PeneirasVazias",
      {"-p", "", "k", "f"},
      "Peneiras invalidas  (aberturas crescentes, acima de 0, como 0.5,1,2,4)"},

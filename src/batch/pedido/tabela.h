@@ -1,0 +1,133 @@
+#pragma once
+
+#include <array>
+
+#include "apura/modo.h"
+#include "linha/geral.h"
+#include "linha/programa.h"
+
+// The command line of vorplex-lote.
+
+namespace batch {
+
+enum OPCAO_DO_LOTE { metodo = 256, semBorda, refaz };
+
+// In the order of measure::METODO, GRANDEZA and PESO.
+inline constexpr std::array<linha::FRASE, 2> metodos = {
+    {{"classico", "classic"}, {"apurado", "refined"}}};
+inline constexpr std::array<linha::FRASE, 3> grandezas = {
+    {{"equivalente", "equivalent"}, {"menor", "lesser"}, {"maior", "greater"}}};
+inline constexpr std::array<linha::FRASE, 3> pesos = {
+    {{"numero", "number"}, {"area", "area"}, {"volume", "volume"}}};
+
+inline constexpr std::array<linha::OPERANDO, 2> operandos = {{
+    {{"kernel.cfg", "kernel.cfg"},
+     {"as formas e os tamanhos que se procuram", "the shapes and sizes to look for"},
+     linha::TIPO::kernel},
+    {{"FOTO|PASTA...", "PHOTO|FOLDER..."},
+     {"fotografias, e pastas com fotografias", "photographs, and folders of photographs"},
+     linha::TIPO::fotos},
+}};
+
+inline constexpr std::array<linha::OPCAO, 5> opcoesDaProcura = {{
+    {metodo,
+     "metodo",
+     "method",
+     {"apurado (default): ajusta cada grão às bordas da fotografia, como vorplex-apura; classico: "
+      "filtra as detecções",
+      "refined (default): fits each grain to the edges of the photograph, as vorplex-apura; "
+      "classic: filters the detections"},
+     {"METODO", "METHOD"},
+     metodos},
+    {'i', "inverte", "invert", {"grãos claros em fundo escuro", "bright grains on dark ground"}},
+    {'c',
+     "min-corr",
+     "min-corr",
+     {"correlação mínima da procura (default: a que convém ao método)",
+      "smallest correlation of the search (default: what suits the method)"},
+     {"X", "X"}},
+    {'f',
+     "filtra",
+     "filter",
+     {"do método classico: parâmetros de filtra, como \"default 0.3 0.1\"",
+      "of method classic: parameters of filtra, such as \"default 0.3 0.1\""},
+     {"\"...\"", "\"...\""}},
+    {'r',
+     "recursivo",
+     "recursive",
+     {"entra nas pastas dentro das pastas", "enters the folders inside the folders"}},
+}};
+
+inline constexpr std::array<linha::OPCAO, 5> opcoesDaMedida = {{
+    {'e',
+     "escala",
+     "scale",
+     {"lado de um pixel: um, mm, cm, m, in (sem ela, tudo em px)",
+      "side of a pixel: um, mm, cm, m, in (without it, all in px)"},
+     {"0.05mm", "0.05mm"}},
+    {'g',
+     "grandeza",
+     "diameter",
+     {"tamanho do grão: equivalente (default), menor ou maior",
+      "size of a grain: equivalent (default), lesser or greater"},
+     {"QUAL", "WHICH"},
+     grandezas},
+    {'w',
+     "peso",
+     "weight",
+     {"peso do grão: numero (default), area ou volume",
+      "weight of a grain: number (default), area or volume"},
+     {"PESO", "WEIGHT"},
+     pesos},
+    {'p',
+     "peneiras",
+     "sieves",
+     {"aberturas crescentes, como 0.5,1,2,4, na unidade da escala",
+      "ascending apertures, such as 0.5,1,2,4, in the unit of the scale"},
+     {"LISTA", "LIST"}},
+    {semBorda,
+     "sem-borda",
+     "no-border",
+     {"deixa fora os grãos cortados pela borda da fotografia",
+      "leaves out the grains that the picture's border cuts"}},
+}};
+
+inline constexpr std::array<linha::OPCAO, 3> opcoesDaCorrida = {{
+    {'o',
+     "saida",
+     "output",
+     {"onde ficam os resultados (default: resultado)", "where the results go (default: resultado)"},
+     {"PASTA", "FOLDER"},
+     {},
+     linha::TIPO::pasta},
+    {'j',
+     "processos",
+     "processes",
+     {"fotografias ao mesmo tempo (default: o que a máquina permite)",
+      "photographs at a time (default: what the machine allows)"},
+     {"N", "N"}},
+    {refaz,
+     "refaz",
+     "redo",
+     {"faz de novo o que já está pronto", "does again what is done already"}},
+}};
+
+inline constexpr std::array<linha::GRUPO, 5> grupos = {{
+    {{"Procura", "Search"}, opcoesDaProcura},
+    {{"Que detecções são grãos (método apurado)", "Which detections are grains (method refined)"},
+     apura::opcoesDoModo},
+    {{"Medida", "Measuring"}, opcoesDaMedida},
+    {{"Corrida", "The run"}, opcoesDaCorrida},
+    linha::geral,
+}};
+
+inline constexpr linha::PROGRAMA programa = {
+    "vorplex-lote",
+    {"procura, filtra, mede e relata os grãos de muitas fotografias",
+     "searches, filters, measures and reports the grains of many photographs"},
+    operandos,
+    grupos,
+    {"0 tudo bem, 1 algo falhou, 2 uso errado, 130 interrompido",
+     "0 all well, 1 something failed, 2 wrong use, 130 interrupted"}};
+
+}  // namespace batch
