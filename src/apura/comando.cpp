@@ -12,6 +12,7 @@
 #include "linha/ajuda.h"
 #include "linha/geral.h"
 #include "linha/linha.h"
+#include "linha/traducao.h"
 #include "pim/erro.h"
 #include "pim/imagem.h"
 #include "pim/texto.h"
@@ -114,7 +115,7 @@ int comando(const std::vector<std::string>& args, const std::string& versao) {
   } else if (o.versao) {
     std::printf("%s %s\n", programa.nome, versao.c_str());
   } else {
-    estado = executa(o);
+    linha::emSuaLingua(o.idioma, [&] { estado = executa(o); });
   }
   const bool disse = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
   if (!disse && estado == tudoBem) {

@@ -49,6 +49,7 @@ inline constexpr linha::PROGRAMA programa = {
      "cada um em frações de pixel, com o erro padrão",
      "fits the detections of a list to the edges of the photograph, chooses those that are grains "
      "and measures each to fractions of a pixel, with standard errors"},
+    {},
     operandos,
     grupos,
     {"0 tudo bem, 1 falha, 2 uso errado", "0 all well, 1 failure, 2 wrong use"}};

@@ -27,6 +27,7 @@
 #include "linha/ajuda.h"
 #include "linha/geral.h"
 #include "linha/linha.h"
+#include "linha/traducao.h"
 
 namespace fs = std::filesystem;
 
@@ -114,6 +115,7 @@ void acabou(LOTE& l, std::size_t i, const TERMINO& t) {
 bool fazTodas(LOTE& l, const RECEITA& receita, int aoMesmoTempo) {
   TAREFAS t;
   t.quantas = l.alvos.size();
+  t.idioma = l.opcoes.idioma;
   t.aoMesmoTempo = aoMesmoTempo;
   t.comeca = [&](std::size_t i) { l.inicios[i] = agora(); };
   t.faz = [&](std::size_t i) { return fazFotografia(receita, l.alvos[i]); };
@@ -145,6 +147,7 @@ bool juntaTodas(const LOTE& l, const std::string& comando, int processos, std::s
   }
   TAREFAS t;
   t.quantas = 1;
+  t.idioma = l.opcoes.idioma;
   t.faz = [&](std::size_t) {
     impConjunto(l.obra, l.opcoes, c);
     return 0;
@@ -285,7 +288,7 @@ int lote(const std::vector<std::string>& args, const std::string& versao) {
   } else if (l.opcoes.versao) {
     std::printf("%s %s\n", programa.nome, versao.c_str());
   } else {
-    estado = executa(l, args, versao);
+    linha::emSuaLingua(l.opcoes.idioma, [&] { estado = executa(l, args, versao); });
   }
   const bool disse = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
   if (!disse && estado == tudoBem)

@@ -3,7 +3,6 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <vector>
@@ -15,6 +14,7 @@
 #include "kernels/grupos.h"
 #include "kernels/lekernels.h"
 #include "linha/linha.h"
+#include "linha/traducao.h"
 #include "pim/arquivo.h"
 #include "pim/erro.h"
 
@@ -24,18 +24,18 @@ namespace batch {
 namespace {
 
 // The whole file, if it is one of at most 64 MiB; else `porque`.
-std::string leTudo(const std::string& nome, std::string& porque) {
+std::string leTudo(const std::string& nome, std::string& porque, exporta::IDIOMA idioma) {
   constexpr std::size_t maximo = std::size_t{64} << 20U;
   const pim::ARQUIVO arquivo(std::fopen(nome.c_str(), "rbe"));
   if (!arquivo) {
-    porque = std::strerror(errno);
+    porque = linha::erroDoSistema(errno, idioma);
     return "";
   }
   std::string s(maximo + 1, '\0');
   errno = 0;
   s.resize(std::fread(s.data(), 1, s.size(), arquivo.get()));
-  if (std::ferror(arquivo.get()) != 0) porque = std::strerror(errno);
-  if (s.size() > maximo) porque = std::strerror(EFBIG);
+  if (std::ferror(arquivo.get()) != 0) porque = linha::erroDoSistema(errno, idioma);
+  if (s.size() > maximo) porque = linha::erroDoSistema(EFBIG, idioma);
   return s;
 }
 
@@ -79,7 +79,7 @@ int confereKernels(const RECEITA& r) {
 bool prepara(RECEITA& r, PREPARO& p) {
   const OPCOES_LOTE& o = r.opcoes;
   std::string porque;
-  const std::string conteudo = leTudo(o.kernel, porque);
+  const std::string conteudo = leTudo(o.kernel, porque, o.idioma);
   if (!porque.empty()) {
     p.erro = cv::format(diz(falas::kernelIlegivel, o.idioma), o.kernel.c_str(), porque.c_str());
     return true;
@@ -93,15 +93,17 @@ bool prepara(RECEITA& r, PREPARO& p) {
   r.kernel = (pasta / fs::path(o.kernel).filename()).string();
   std::ofstream copia(r.kernel, std::ios::binary);
   if (!(copia << conteudo).flush()) {
-    p.erro = cv::format(diz(falas::saidaRuim, o.idioma), o.saida.c_str(), std::strerror(errno));
+    p.erro = cv::format(diz(falas::saidaRuim, o.idioma), o.saida.c_str(),
+                        linha::erroDoSistema(errno, o.idioma).c_str());
     return true;
   }
   TAREFAS t;
   t.quantas = 2;
+  t.idioma = o.idioma;
   t.faz = [&](std::size_t i) { return i == 0 ? confereParametros(r) : confereKernels(r); };
   t.acabou = [&](std::size_t i, const TERMINO& fim) {
     p.bytes = std::strtoull(fim.fala.c_str(), nullptr, 10);
-    const std::string quem = i == 0 ? "--filtra" : o.kernel;
+    const std::string quem = i == 0 ? diz(falas::opcaoFiltra, o.idioma) : o.kernel;
     if (fim.estado != 0 && p.erro.empty()) p.erro = quem + ": " + motivo(fim, quem, o.idioma);
   };
   return executaTarefas(t);

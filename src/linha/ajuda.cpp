@@ -14,6 +14,7 @@ constexpr std::size_t largura = 80;
 constexpr std::size_t maiorRotulo = 26;  // texts stand beside labels up to here, below longer ones
 
 constexpr FRASE opcional = {"[opções]", "[options]"};
+constexpr FRASE umComando = {"PROGRAMA [ARGUMENTOS]", "PROGRAM [ARGUMENTS]"};
 constexpr FRASE estadoFinal = {"Estado final: ", "Exit status: "};
 
 // The words of `texto` in lines that begin at column `margem`; the first one is there already.
@@ -78,6 +79,7 @@ std::string rotulo(const OPCAO& o, IDIOMA i) {
 }
 
 std::string uso(const PROGRAMA& p, IDIOMA i) {
+  if (!p.comandos.empty()) return std::string(p.nome) + ' ' + diz(umComando, i);
   std::string s = std::string(p.nome) + ' ' + diz(opcional, i);
   for (const OPERANDO& o : p.operandos) s += std::string(" ") + diz(o.nome, i);
   return s;
@@ -86,7 +88,10 @@ std::string uso(const PROGRAMA& p, IDIOMA i) {
 std::string ajuda(const PROGRAMA& p, IDIOMA i) {
   const std::size_t margem = margemDe(p, i);
   std::string s = semAcentos(uso(p, i)) + "\n  " + dobrado(frase(diz(p.resumo, i)), 2, 2);
-  if (!p.operandos.empty()) s += '\n';
+  if (!p.comandos.empty() || !p.operandos.empty()) s += '\n';
+  for (const COMANDO& c : p.comandos) {
+    s += verbete(c.nome, semAcentos(diz(c.resumo, i)), margem);
+  }
   for (const OPERANDO& o : p.operandos) {
     s += verbete(semAcentos(diz(o.nome, i)), semAcentos(diz(o.ajuda, i)), margem);
   }

@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <opencv2/core.hpp>
 
-#include "export/valor.h"
 #include "linha/parecidas.h"
 
 namespace linha {
@@ -79,7 +78,7 @@ RECUSA recusada(int letra, const std::string& palavra, const std::vector<OPCAO>&
   const bool existe =
       std::any_of(opcoes.begin(), opcoes.end(), [](const OPCAO& o) { return o.letra == optopt; });
   if (existe) return {&frases::valorDemais, palavra, {}};
-  return {&frases::opcaoDesconhecida, exporta::emUtf8({'-', static_cast<char>(optopt)}), {}};
+  return {&frases::opcaoDesconhecida, std::string{'-', static_cast<char>(optopt)}, {}};
 }
 
 // What the program says of an option that is there.

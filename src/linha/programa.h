@@ -33,17 +33,26 @@ struct GRUPO {
   std::span<const OPCAO> opcoes = {};
 };
 
-// A word that is no option. "..." at the end of its name: there may be several.
+// A word that is no option. "..." at the end of its name: there may be several; "[" at its
+// beginning: it may be missing.
 struct OPERANDO {
   FRASE nome = {};
   FRASE ajuda = {};
   TIPO tipo = TIPO::texto;
 };
 
+// One of the programs in a program, named by its first word.
+struct COMANDO {
+  const char* nome = "";
+  FRASE resumo = {};
+  std::span<const OPERANDO> operandos = {};
+};
+
 struct PROGRAMA {
   const char* nome = "";
-  FRASE resumo = {};  // what it does, in a line
-  std::span<const OPERANDO> operandos = {};
+  FRASE resumo = {};                         // what it does, in a line
+  std::span<const COMANDO> comandos = {};    // either these
+  std::span<const OPERANDO> operandos = {};  // or these
   std::span<const GRUPO> grupos = {};
   FRASE estados = {};  // exit statuses: "0 all well, 1 ..."
 };

@@ -195,10 +195,10 @@ TEST(Motivo, EhAUltimaLinhaDeErroOuOFim) {
   EXPECT_EQ(deFala("Filtro...\nErro abertura arquivo a\x07\n"), "Erro abertura arquivo a?");
   EXPECT_EQ(deFala("nada\n"), "correla terminou com estado 1");
   EXPECT_EQ(motivo({-1, SIGKILL, "x"}, "traca", IDIOMA::pt),
-            "traca terminou pelo sinal 9 (Killed)");
+            "traca terminou pelo sinal 9 (morto, talvez por falta de memoria)");
   EXPECT_EQ(motivo({2, 0, ""}, "traca", IDIOMA::en), "traca ended with status 2");
   EXPECT_EQ(motivo({-1, SIGKILL, "Filtro...\nMedida...\nx"}, "f0", IDIOMA::pt),
-            "Medida terminou pelo sinal 9 (Killed)");
+            "Medida terminou pelo sinal 9 (morto, talvez por falta de memoria)");
 }
 
 TEST(Motivo, DeUmaLinhaLongaEhOComecoEOFim) {

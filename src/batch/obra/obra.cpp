@@ -14,6 +14,7 @@
 
 #include "batch/obra/estado.h"
 #include "batch/pedido/frases.h"
+#include "linha/traducao.h"
 
 namespace fs = std::filesystem;
 
@@ -88,9 +89,9 @@ std::string tentaAbrir(OBRA& o, const std::string& saida, exporta::IDIOMA idioma
   };
   o.saida = fs::absolute(saida, falha);
   o.criouSaida = fs::create_directories(o.saida, falha);
-  if (falha) return recusa(falha.message());
+  if (falha) return recusa(linha::erroDoSistema(falha.value(), idioma));
   o.trava = open(o.saida.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (o.trava < 0) return recusa(std::strerror(errno));
+  if (o.trava < 0) return recusa(linha::erroDoSistema(errno, idioma));
   if (!trava(o.trava)) return cv::format(diz(falas::saidaEmUso, idioma), saida.c_str());
   o.pasta = o.saida / ".vorplex-lote-obra";
   limpaSobras(o);
@@ -100,7 +101,7 @@ std::string tentaAbrir(OBRA& o, const std::string& saida, exporta::IDIOMA idioma
     std::error_code ignorada;
     fs::remove(o.pasta / "teste", ignorada);
   }
-  return falha ? recusa(falha.message()) : "";
+  return falha ? recusa(linha::erroDoSistema(falha.value(), idioma)) : "";
 }
 
 }  // namespace

@@ -21,6 +21,7 @@ inline constexpr exporta::FRASE metodoRuim = {"Metodo invalido %s (apurado ou cl
 inline constexpr exporta::FRASE filtraEhDoClassico = {
     "-f (--filtra) pertence ao metodo classico: use tambem --metodo classico, ou tire -f",
     "-f (--filter) belongs to method classic: add --method classic, or leave -f out"};
+inline constexpr exporta::FRASE opcaoFiltra = {"--filtra", "--filter"};
 inline constexpr exporta::FRASE modoEhDoApurado = {
     "--familias, --tamanhos, --sobreposicao, --sensibilidade e --sem-letras pertencem ao metodo "
     "apurado",

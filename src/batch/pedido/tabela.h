@@ -125,6 +125,7 @@ inline constexpr linha::PROGRAMA programa = {
     "vorplex-lote",
     {"procura, filtra, mede e relata os grãos de muitas fotografias",
      "searches, filters, measures and reports the grains of many photographs"},
+    {},
     operandos,
     grupos,
     {"0 tudo bem, 1 algo falhou, 2 uso errado, 130 interrompido",

@@ -25,6 +25,7 @@
 #include "export/valor.h"
 #include "fim/fim.h"
 #include "linha/linha.h"
+#include "linha/traducao.h"
 #include "pim/erro.h"
 
 namespace batch {
@@ -123,7 +124,7 @@ int estadoDe(const TAREFAS& t, std::size_t indice) {
       try {
         return t.faz(indice);
       } catch (const pim::ERRO& e) {
-        pim::erro(encurtado(e.mensagem, maiorMensagem));
+        pim::erro(encurtado(linha::traduzida(e.mensagem, t.idioma), maiorMensagem));
       }
     });
   } catch (const std::exception& e) {
@@ -253,7 +254,8 @@ std::string motivo(const TERMINO& t, const std::string& quem, exporta::IDIOMA id
   std::istringstream linhas(t.fala);
   std::string achada;
   std::string ocupado = quem;
-  for (std::string linha; std::getline(linhas, linha);) {
+  for (std::string dita; std::getline(linhas, dita);) {
+    const std::string linha = linha::traduzida(dita, idioma);
     for (const char* erro : {linha::frases::erro.pt, linha::frases::erro.en}) {
       if (linha.starts_with(erro)) achada = linha.substr(std::strlen(erro));
     }
@@ -262,7 +264,8 @@ std::string motivo(const TERMINO& t, const std::string& quem, exporta::IDIOMA id
   }
   if (!achada.empty()) return emUmaLinha(encurtado(achada, maiorMotivo));
   if (t.sinal != 0) {
-    return cv::format(diz(falas::porSinal, idioma), ocupado.c_str(), t.sinal, strsignal(t.sinal));
+    return cv::format(diz(falas::porSinal, idioma), ocupado.c_str(), t.sinal,
+                      linha::nomeDoSinal(t.sinal, idioma).c_str());
   }
   return cv::format(diz(falas::porEstado, idioma), ocupado.c_str(), t.estado);
 }

@@ -22,8 +22,9 @@ struct TERMINO {
 struct TAREFAS {
   std::size_t quantas = 0;
   int aoMesmoTempo = 1;
-  std::function<void(std::size_t)> comeca;  // before the new process; may be empty
-  std::function<int(std::size_t)> faz;      // in the new process; returns its exit status
+  exporta::IDIOMA idioma = exporta::IDIOMA::pt;  // of their errors
+  std::function<void(std::size_t)> comeca;       // before the new process; may be empty
+  std::function<int(std::size_t)> faz;           // in the new process; returns its exit status
   std::function<void(std::size_t, const TERMINO&)> acabou;
   std::function<void()> passaTempo;  // at least once a second; may be empty
 };
@@ -40,9 +41,9 @@ bool executaTarefas(const TAREFAS& t);
 // Says within a task what it is about to do, as a line that ends in "...".
 void anuncia(const std::string& passo);
 
-// Why a process did not end well: the last line that began with "Erro", without "Erro: ", else what
-// it had announced last, or `quem` when that is nothing, and its signal or status. Without control
-// characters; of a very long line, beginning and end.
+// Why a process did not end well, in the language: the last line that began with "Erro", without
+// "Erro: ", else what it had announced last, or `quem` when that is nothing, and its signal or
+// status. Without control characters; of a very long line, beginning and end.
 std::string motivo(const TERMINO& t, const std::string& quem, exporta::IDIOMA idioma);
 
 // For showing on one line: control characters become "?", invalid UTF-8 U+FFFD.

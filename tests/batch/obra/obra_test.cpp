@@ -122,7 +122,7 @@ TEST_F(Obra, DepoisDeUmaRecusaOutraCorridaPodeComecar) {
   fs::create_directory("s");
   grava("s/.vorplex-lote-obra", "x");
   EXPECT_EQ(abreObra(obra, "s", IDIOMA::pt),
-            "Nada pode ser feito na pasta de saida s (File exists)");
+            "Nada pode ser feito na pasta de saida s (ja existe)");
   fs::remove("s/.vorplex-lote-obra");
   OBRA outra;
   ASSERT_EQ(abreObra(outra, "s", IDIOMA::pt), "");
@@ -132,7 +132,7 @@ TEST_F(Obra, DepoisDeUmaRecusaOutraCorridaPodeComecar) {
 TEST_F(Obra, SaidaImpossivelEhDita) {
   grava("arquivo", "x");
   EXPECT_EQ(abreObra(obra, "arquivo/s", IDIOMA::pt),
-            "Nada pode ser feito na pasta de saida arquivo/s (Not a directory)");
+            "Nada pode ser feito na pasta de saida arquivo/s (nao e' uma pasta)");
   EXPECT_EQ(abreObra(obra, "arquivo", IDIOMA::en),
             "Nothing can be made in output folder arquivo (Not a directory)");
 }
