@@ -1,5 +1,6 @@
 #include "batch/tabelas.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <optional>
 #include <system_error>
@@ -9,15 +10,18 @@
 #include "batch/obra/estado.h"
 #include "batch/pedido/frases.h"
 #include "batch/processo/processo.h"
+#include "detect/procura.h"
 #include "export/graoscsv.h"
 #include "export/resumocsv.h"
 #include "export/valor.h"
+#include "filter/filtra.h"
 #include "measure/resumo.h"
 #include "page/figura.h"
 #include "page/pagina.h"
 #include "pim/codecs.h"
 #include "pim/erro.h"
 #include "pim/texto.h"
+#include "refine/apura.h"
 
 namespace fs = std::filesystem;
 
@@ -64,17 +68,47 @@ std::vector<std::string> fazFiguras(const OBRA& obra, const CONJUNTO& c) {
   return nomes;
 }
 
+// The thresholds by which the grains were chosen.
+void poeLimiares(page::PAGINA& p, const OPCOES_LOTE& o) {
+  const std::string minCorr = minCorrDaProcura(o);
+  p.minCorr = detect::minCorrPadrao;
+  if (!minCorr.empty()) pim::convArg(p.minCorr, minCorr);
+  if (o.metodo == measure::METODO::apurado) {
+    p.limiares.fill(refine::menorApoio(o.modo.sensibilidade));
+    return;
+  }
+  pim::ISTR parametros;
+  parametros.texto = o.filtra;
+  const LIMIARES limiares = leParametros(parametros);
+  for (std::size_t k = 0; k < p.limiares.size(); ++k) {
+    p.limiares[k] = std::max(p.minCorr, limiares.de(measure::letras[k]).minCorr);
+  }
+}
+
+// What was searched, as it was called: the first few of the folders and photographs.
+std::string titulo(const OPCOES_LOTE& o) {
+  constexpr std::size_t ditas = 3;
+  std::string s;
+  for (std::size_t i = 0; i < std::min(o.entradas.size(), ditas); ++i) {
+    fs::path p = fs::path(o.entradas[i]).lexically_normal();
+    if (!p.has_filename()) p = p.parent_path();  // a slash at the end
+    if (p == "." || p.filename() == "..") p = fs::weakly_canonical(p).filename();
+    s += (i == 0 ? "" : ", ") + p.string();
+  }
+  if (o.entradas.size() > ditas) s += ", ...";
+  return cv::format(diz(falas::tituloDaPagina, o.idioma), s.c_str());
+}
+
 page::PAGINA comecaPagina(const OPCOES_LOTE& o, const CONJUNTO& c) {
   page::PAGINA p;
-  const std::string pasta = fs::path(o.saida).lexically_normal().string();
-  p.titulo = cv::format(diz(falas::tituloDaPagina, o.idioma), pasta.c_str());
+  p.titulo = titulo(o);
   p.idioma = o.idioma;
   p.escala = o.escala;
   p.grandeza = o.grandeza;
   p.peso = o.peso;
   p.peneiras = o.peneiras;
   p.metodo = o.metodo;
-  if (!o.minCorr.empty()) pim::convArg(p.minCorr, o.minCorr);
+  poeLimiares(p, o);
   p.comando = c.comando;
   p.falharam = c.falharam;
   return p;

@@ -1,5 +1,7 @@
 #include "page/dados.h"
 
+#include <array>
+
 #include "export/colunas.h"
 #include "export/valor.h"
 #include "measure/resumo.h"
@@ -44,6 +46,30 @@ const char* chaveDoPeso(measure::PESO p) {
   return p == measure::PESO::volume ? "volume" : "numero";
 }
 
+using POR_FAMILIA = std::array<double, measure::letras.size()>;
+
+void poePorFamilia(std::string& s, const char* nome, const POR_FAMILIA& valores) {
+  abreMembro(s, nome, '{');
+  for (std::size_t k = 0; k < valores.size(); ++k) {
+    poeMembro(s, std::string(1, measure::letras[k]).c_str(), valores[k]);
+  }
+  s += '}';
+}
+
+// Where the slider stands at first, for each family.
+void poeLimiares(std::string& s, const PAGINA& pagina) {
+  abreMembro(s, "limiares", '{');
+  if (pagina.metodo == measure::METODO::apurado) {
+    poePorFamilia(s, "apoio", pagina.limiares);
+    POR_FAMILIA iguais;
+    iguais.fill(pagina.minCorr);
+    poePorFamilia(s, "correl", iguais);
+  } else {
+    poePorFamilia(s, "correl", pagina.limiares);
+  }
+  s += '}';
+}
+
 // The values in px without the name of the shape, which the letter tells.
 void poeGrao(std::string& s, const measure::GRAO& g, std::vector<exporta::VALOR>& valores) {
   constexpr std::size_t nomeDaFormaEm = 2;
@@ -72,7 +98,7 @@ std::string ajustesEmJson(const PAGINA& pagina) {
   poeMembro(s, "grandeza", std::string(chaveDaGrandeza(pagina.grandeza)));
   poeMembro(s, "peso", std::string(chaveDoPeso(pagina.peso)));
   poeLista(s, "peneiras", pagina.peneiras);
-  poeMembro(s, "minCorr", pagina.minCorr);
+  poeLimiares(s, pagina);
   poeMembro(s, "apurado", pagina.metodo == measure::METODO::apurado ? 1 : 0);
   std::vector<std::string> colunas =
       nomesDoGrao(pagina.metodo, pagina.escala.unidade, pagina.idioma);

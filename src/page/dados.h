@@ -9,8 +9,9 @@ namespace page {
 
 // What the scripts of the page read, as JSON that fits into a <script> element.
 
-// Settings: idioma, titulo, comando, escala {lado, unidade}, grandeza, peso, peneiras, minCorr; for
-// the table to download colunas (its header) and formas (names by letter).
+// Settings: idioma, titulo, comando, escala {lado, unidade}, grandeza, peso, peneiras, limiares
+// {apoio, correl: by letter}; for the table to download colunas (its header) and formas (names by
+// letter).
 std::string ajustesEmJson(const PAGINA& pagina);
 
 // One photograph: nome, rows, cols, miniatura (JPEG in base64) and graos, an array for each grain:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <opencv2/core.hpp>
 #include <string>
 #include <vector>
@@ -8,6 +9,7 @@
 #include "measure/distribuicao.h"
 #include "measure/escala.h"
 #include "measure/grao.h"
+#include "measure/resumo.h"
 
 namespace page {
 
@@ -32,7 +34,10 @@ struct PAGINA {
   measure::GRANDEZA grandeza = measure::GRANDEZA::equivalente;
   measure::PESO peso = measure::PESO::numero;
   std::vector<double> peneiras;  // apertures as in measure/peneira.h; may be empty
-  double minCorr = 0;            // where the slider of the correlation stands at first
+  double minCorr = 0;            // smallest correlation of the search
+  // By which the grains were chosen, in the order of measure::letras: the least correlation of each
+  // family, of fitted grains the least support. The slider begins there.
+  std::array<double, measure::letras.size()> limiares{};
   measure::METODO metodo = measure::METODO::classico;  // by which all grains were measured
   std::string comando;  // how the page was made, shown at its end; may be empty
   std::vector<FOTO_DA_PAGINA> fotos;

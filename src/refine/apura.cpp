@@ -65,12 +65,6 @@ double diametro(const FIGURA& f) {
   return std::sqrt(area(f) * (4 / std::numbers::pi));
 }
 
-// The least support that is kept: 0.33 in the middle, towards 0.9 and 0.05 at the ends.
-double menorApoio(double sensibilidade) {
-  const double s = std::clamp(sensibilidade, 0.0, 1.0);
-  return s < 0.5 ? 0.33 + (0.5 - s) * 1.14 : 0.33 - (s - 0.5) * 0.56;
-}
-
 // Measures the shapes that stay, each with what its neighbours hide of it left out.
 std::vector<MEDIDO> medeTodos(const CAMPO& campo, const std::vector<FIGURA>& figuras,
                               const MODO_DE_APURAR& modo) {
@@ -151,6 +145,11 @@ std::vector<APURADO> apuraBoas(const CAMPO& campo, const std::vector<DETECCAO>& 
 }
 
 }  // namespace
+
+double menorApoio(double sensibilidade) {
+  const double s = std::clamp(sensibilidade, 0.0, 1.0);
+  return s < 0.5 ? 0.33 + (0.5 - s) * 1.14 : 0.33 - (s - 0.5) * 0.56;
+}
 
 APURACAO apura(const cv::Mat_<unsigned char>& imagem, const std::vector<MAXLOCAL>& lista,
                const MODO_DE_APURAR& modo, const PESOS& pesos) {

@@ -40,6 +40,10 @@ struct APURACAO {
   std::size_t recusados = 0;   // detections that are no shapes in this picture, and were left out
 };
 
+// The least support of a grain at a sensitivity: 0.33 in the middle, towards 0.9 and 0.05 at the
+// ends.
+double menorApoio(double sensibilidade);
+
 // Fits every detection to the edges of the picture, judges the fits, chooses among them and
 // measures what was chosen. Grains are darker than their ground. Linear in the detections; about 24
 // bytes a pixel. pim::erro for families that aren't of "cqre".

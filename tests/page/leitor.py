@@ -70,10 +70,30 @@ def confere_d50(nome, grandeza, escala, min_corr):
     igual(n.avalia("vorplex.selecao.distribuicao.d[50]"), d50, "D50")
 
 
+def escolhe(seletor, valor):
+    n.avalia(f"{{const e = document.querySelector('{seletor}'); e.value = '{valor}';"
+             "e.dispatchEvent(new Event('change'));}")
+    n.quadros()
+
+
+def confere_medidas(inicial, outras):
+    """Size and weight switched on the page give what src/measure gives, and back again."""
+    antes = n.avalia("({...vorplex.escolhas})")
+    for nome, esperado in outras.items():
+        grandeza, peso = nome.split()
+        escolhe("#medidas label:nth-of-type(1) select", grandeza)
+        escolhe("#medidas label:nth-of-type(2) select", peso)
+        confere_numeros(esperado)
+        assert n.avalia("vorplex.graficos.histograma.data.datasets.length") <= 4
+    escolhe("#medidas label:nth-of-type(1) select", antes["grandeza"])
+    escolhe("#medidas label:nth-of-type(2) select", antes["peso"])
+    confere_numeros(inicial)
+
+
 def confere_paginas():
     for nome in ("cheia", "ingles", "apurada", "area", "umgrao", "semgraos", "vazia"):
         with open(f"{pasta}/{nome}.json", encoding="utf-8") as f:
-            inicial, tres, nove = json.load(f)
+            inicial, tres, nove, outras = json.load(f)
         for largura, altura in ((400, 800), (1280, 900)):
             n.abre(f"{pasta}/{nome}.html", largura, altura)
             em_ordem()
@@ -81,6 +101,7 @@ def confere_paginas():
             if retratos:
                 n.retrato(f"{retratos}/{nome}-{largura}.png")
         confere_numeros(inicial)
+        confere_medidas(inicial, outras)
         poe("#corr-exata", 0.3)
         confere_numeros(tres)
         poe("#corr-exata", 0.9)
@@ -128,11 +149,49 @@ def confere_filtro():
     em_ordem()
 
 
+def acima(linhas, cabeca, coluna, minimo):
+    return [r for r in linhas if float(r[cabeca.index(coluna)]) >= minimo]
+
+
+def confere_limiares():
+    """The slider begins at the threshold of each family, moves all of them or one, and can be typed
+    with a comma or a point in either language."""
+    n.abre(f"{pasta}/area.html")
+    cabeca, *linhas = tabela("area")
+    em_vigor = {"c": 0.2345, "q": 0.3, "r": 0.3, "e": 0.25}
+    passam = [r for r in linhas
+              if float(r[cabeca.index("correlacao")]) >= em_vigor[r[cabeca.index("letra")]]]
+    assert 0 < contados() == len(passam) < len(linhas)
+    assert texto("#filtro-papel") == ("Filtro: correlação ≥ 0,2345 (círculos), ≥ 0,3 (quadrados, "
+                                      "retângulos), ≥ 0,25 (elipses)."), texto("#filtro-papel")
+    assert n.avalia("document.getElementById('corr-exata').value") == "0,2345"
+    escolhe("#alvo", "q")
+    assert n.avalia("document.getElementById('corr-exata').value") == "0,3"
+    em_vigor["q"] = 0.6
+    for escrito in ("'0,6'", "'0.6'", "' 6e-1 '"):
+        poe("#corr-exata", "'9'")
+        poe("#corr-exata", escrito)
+        assert contados() == sum(float(r[cabeca.index("correlacao")]) >= em_vigor[r[cabeca.index("letra")]]
+                                 for r in linhas)
+    antes = contados()
+    poe("#corr-exata", "'0,6x'")
+    assert contados() == antes and n.avalia("document.querySelector('#corr-exata.errada') !== null")
+    escolhe("#alvo", "")
+    poe("#corr", 0.5)
+    assert contados() == len(acima(linhas, cabeca, "correlacao", 0.5))
+    n.abre(f"{pasta}/ingles.html")
+    cabeca, *linhas = tabela("ingles")
+    poe("#corr-exata", "'0,45'")
+    assert contados() == len(acima(linhas, cabeca, "correlation", 0.45))
+    em_ordem()
+
+
 def confere_apurada():
     """The slider of fitted grains goes over their support, or over correlation."""
     n.abre(f"{pasta}/apurada.html")
     confere_rotulos()
     cabeca, *linhas = tabela("apurada")
+    assert n.avalia("document.getElementById('corr-exata').value") == "0.33"
     opcoes = n.avalia("[...document.querySelectorAll('#criterio option')].map(e => e.textContent)")
     assert opcoes == ["Minimum support", "Minimum correlation"], opcoes
     assert n.avalia("document.getElementById('nome-corr').hidden")
@@ -163,6 +222,47 @@ def confere_apurada():
         n.avalia("vorplex.visores[0].raiz.scrollIntoView()")
         n.avalia("new Promise(f => setTimeout(f, 400)).then(() => 1)")
         n.retrato(f"{retratos}/apurada-visor.png")
+    em_ordem()
+
+
+def confere_barras():
+    """A bar of sieves has its share as its surface; one that is clicked shows its grains. No value of
+    the aspect ratio falls into two classes."""
+    n.abre(f"{pasta}/cheia.html")
+    partes = "vorplex.graficos.histograma.data.datasets.map(s => s.data.map(p => p.y))"
+    escolhe("#medidas label:nth-of-type(3) select", "peneiras")
+    limites = n.avalia("vorplex.graficos.histograma.options.plugins.barras.limites")
+    densas = [sum(y) for y in zip(*n.avalia(partes))]
+    largas = [math.log2(b / a) for a, b in zip(limites, limites[1:])]
+    retidas = n.avalia("vorplex.selecao.classes.map(c => 100 * c.retida)")
+    igual([d * x for d, x in zip(densas, largas)], retidas, "densities")
+    assert "por φ" in n.avalia("vorplex.graficos.histograma.options.scales.y.title.text")
+    escolhe("#medidas label:nth-of-type(3) select", "proprias")
+    passos = n.avalia("vorplex.graficos.histograma.options.plugins.barras.limites")
+    igual([b / a for a, b in zip(passos, passos[1:])], [passos[1] / passos[0]] * (len(passos) - 1), "own classes")
+
+    n.avalia("document.querySelector('#grafico-histograma').scrollIntoView({block: 'center'})")
+    n.quadros()
+    x, y, k = n.avalia("""(() => {const c = vorplex.graficos.histograma, metas = c.getSortedVisibleDatasetMetas();
+      const k = metas[0].data.findIndex((b, i) => c.data.datasets[0].data[i].y > 1), b = metas[0].data[k];
+      const r = c.canvas.getBoundingClientRect();
+      return [r.left + b.x, r.top + (b.y + b.base) / 2, k];})()""")
+    n.clica(x, y)
+    n.quadros()
+    na_barra = n.avalia(f"vorplex.selecao.graos.filter(g => g.tamanho >= {passos[k]} && g.tamanho < {passos[k + 1]}).length")
+    assert texto("#galeria h3").endswith(f": {na_barra} grãos"), (texto("#galeria h3"), na_barra)
+    assert n.avalia("document.querySelectorAll('#galeria canvas').length") == min(na_barra, 60)
+    n.avalia("document.querySelector('#galeria .pecas button').click()")
+    espera(lambda: n.avalia("vorplex.visores.some(v => v.mapa && v.escolhido)"), "no grain is shown")
+
+    classes = n.avalia("""(() => {const limites = vorplex.graficos.alongamento.options.plugins.barras.limites;
+      return limites.slice(1, -1).map(x => [1 - 4e-6, 1, 1 + 4e-6].map(f =>
+        vorplex.classe(x * f, limites, vorplex.folgaDoAlongamento)));})()""")
+    assert classes and all(len(set(c)) == 1 for c in classes), classes
+    # The curve ends where the marks of the sieves do.
+    curva, marcas = n.avalia("vorplex.graficos.curva.data.datasets.map(s => s.data)")
+    assert curva[0]["y"] == 0 and curva[-1]["y"] == 100
+    assert curva[0]["x"] <= marcas[0]["x"] and marcas[-1]["x"] <= curva[-1]["x"]
     em_ordem()
 
 
@@ -279,14 +379,17 @@ def confere_visores():
 
 def confere_papel():
     n.abre(f"{pasta}/cheia.html")
-    n.avalia("vorplex.visores[0].raiz.open = true")
-    espera(lambda: n.avalia("vorplex.visores[0].fundo?.getElement().naturalWidth") == 1200, "no picture")
+    figuras = "[...document.querySelectorAll('#papel img')]"
+    espera(lambda: n.avalia(f"{figuras}.every(i => i.complete && i.naturalWidth > 0)"), "no pictures for paper")
     with tempfile.TemporaryDirectory() as destino:
         arquivo = f"{retratos or destino}/cheia.pdf"
         n.imprime(arquivo)
         with open(arquivo, "rb") as f:
             assert f.read(5) == b"%PDF-"
-    assert n.avalia("vorplex.visores[0].papel.width") == 1200, "no picture for paper"
+    tracados = n.avalia("[...document.querySelectorAll('#papel figure')].map(f => "
+                        "[...f.querySelectorAll('path')].reduce((s, p) => s + p.getAttribute('d').split('M').length - 1, 0))")
+    graos = n.avalia("vorplex.fotos.map(f => 2 * f.graos.length)")  # each with its rim
+    assert tracados == graos and sum(graos) > 0, (tracados, graos)
     n.chama("Emulation.setEmulatedMedia", media="print")
     mostra = "getComputedStyle(document.querySelector('{}')).display"
     assert n.avalia(mostra.format(".filtro")) == "none"
@@ -360,7 +463,9 @@ try:
     else:
         confere_paginas()
         confere_filtro()
+        confere_limiares()
         confere_apurada()
+        confere_barras()
         confere_downloads()
         confere_visores()
         confere_papel()

@@ -72,13 +72,14 @@ TEST(Ajustes, TudoQueOsScriptsLeem) {
   p.grandeza = GRANDEZA::menor;
   p.peso = PESO::volume;
   p.peneiras = {0.5, 1};
-  p.minCorr = 0.1;
+  p.limiares = {0.1, 0.2, 0.3, 0.4};
   p.comando = "vorplex-lote x";
   const std::string json = ajustesEmJson(p);
   const std::string comeco =
       R"({"idioma":"pt","titulo":"A \"b\"","comando":"vorplex-lote x",)"
       R"("escala":{"lado":0.05,"unidade":"mm"},"grandeza":"menor","peso":"volume",)"
-      R"("peneiras":[0.5,1],"minCorr":0.1,"apurado":0,"colunas":["foto","indice","letra",)";
+      R"("peneiras":[0.5,1],"limiares":{"correl":{"c":0.1,"q":0.2,"r":0.3,"e":0.4}},"apurado":0,)"
+      R"("colunas":["foto","indice","letra",)";
   EXPECT_EQ(json.substr(0, comeco.size()), comeco);
   EXPECT_TRUE(contem(json, "\"diametro_maior_mm\"],\"formas\":{\"c\":\"circulo\","));
 }

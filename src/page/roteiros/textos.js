@@ -6,7 +6,10 @@ vorplex.ajustes = JSON.parse(document.getElementById('ajustes').textContent);
 
 vorplex.textos = {
   pt: {
-    filtro: 'Filtro', minCorrel: 'Correlação mínima', minApoio: 'Apoio mínimo',
+    filtro: 'Filtro', minCorrel: 'Correlação mínima', minApoio: 'Apoio mínimo', todasAsFormas: 'todas as formas',
+    paraAForma: 'Formas que o cursor limita', mais: 'Filtro', contaPor: 'Peso', classes: 'Classes',
+    classesProprias: 'iguais na escala', medidas: 'Medidas', fecha: 'Fechar',
+    maisGraos: 'Mostrados os primeiros {0}.', imagensNoPapel: 'Contornos',
     familias: 'Formas', repor: 'Repor filtro', criterio: 'O que o cursor limita',
     valorExato: '{0}, valor exato',
     baixaCsv: 'Baixar CSV', baixaPng: 'Baixar PNG', resumo: 'Resumo', distribuicao: 'Distribuição',
@@ -21,18 +24,26 @@ vorplex.textos = {
     numero: 'número', area: 'área', volume: 'volume',
     grao: 'grão', graos: 'grãos', graosDe: '{0} de {1} grãos', fotografia: 'fotografia',
     fotografias: 'fotografias', tamanho: 'Tamanho', porPeso: 'Distribuição por {0}',
-    pixel: 'pixel de {0}', semEscala: 'sem escala: tamanhos em pixels',
+    pixel: 'pixel de {0}', pixels2: 'pixel de cada fotografia', semEscala: 'sem escala: tamanhos em pixels',
     media: 'Média', desvio: 'Desvio padrão', cu: 'Coeficiente de uniformidade Cu',
     cc: 'Coeficiente de curvatura Cc', mediaPhi: 'Média gráfica (Folk e Ward)',
     selecao: 'Seleção (Folk e Ward)', assimetria: 'Assimetria (Folk e Ward)',
-    curtose: 'Curtose (Folk e Ward)', densidade: 'Grãos por {0}', naBorda: 'Tocam a borda',
+    curtose: 'Curtose (Folk e Ward)',
+    notaFw: '† A curva não vai de 5 a 95 %: o menor e o maior grão ocupam o lugar dos percentis que faltam.',
+    muitoBem: 'muito bem selecionado', bem: 'bem selecionado', quaseBem: 'moderadamente bem selecionado',
+    moderada: 'moderadamente selecionado', mal: 'mal selecionado', muitoMal: 'muito mal selecionado',
+    pessima: 'extremamente mal selecionado',
+    wentworth: 'Classes de Wentworth', matacao: 'matacão', bloco: 'bloco', seixo: 'seixo', granulo: 'grânulo',
+    areiaMuitoGrossa: 'areia muito grossa', areiaGrossa: 'areia grossa', areiaMedia: 'areia média',
+    areiaFina: 'areia fina', areiaMuitoFina: 'areia muito fina', silte: 'silte', argila: 'argila', densidade: 'Grãos por {0}', naBorda: 'Tocam a borda',
     semGraos: 'Não há grãos neste filtro.', semFotos: 'Não há fotografias.',
     semFigura: 'imagem perdida',
-    histograma: 'Histograma', curva: 'Curva cumulativa', rosa: 'Orientação',
-    alongamento: 'Alongamento', eixoPeso: '% ({0})', eixoCurva: '% menor ({0})',
+    histograma: 'Histograma', curva: 'Curva cumulativa', rosa: 'Orientação na imagem',
+    alongamento: 'Alongamento', eixoPeso: '% ({0})', eixoDensidade: '% por φ ({0})',
+    dicaBarra: 'Clique numa barra para ver seus grãos.', eixoCurva: '% menor ({0})',
     eixoTamanho: '{0} ({1})', eixoAlong: 'diâmetro maior / menor', eixoGraos: '% dos grãos',
-    dicaRosa: 'Direção do eixo maior dos retângulos e elipses, como se vê na fotografia; 0° é ' +
-      'horizontal. Raio: parte dos grãos.',
+    dicaRosa: 'Ângulo na imagem do eixo maior dos retângulos e elipses: 0° ao longo das linhas, ' +
+      'crescente no sentido horário; não é azimute. Raio: parte dos grãos.',
     classe: 'Classe ({0})', fundo: 'fundo', retida: 'Retida %', passante: 'Passante %',
     nome: 'Nome', pixels: 'Pixels', borda: 'Na borda', ver: 'Ver {0}', nesteFiltro: 'grãos',
     registro: 'Registro', escolhaGrao: 'Nenhum grão escolhido.', anterior: 'Grão anterior',
@@ -41,13 +52,20 @@ vorplex.textos = {
     contraste: 'Contraste', perimetro: 'Perímetro', tocaBorda: 'Toca a borda',
     sim: 'sim', nao: 'não', forma: 'Forma', todo: 'Imagem inteira', mapa: 'Imagem de {0}',
     maisZoom: 'Ampliar', menosZoom: 'Reduzir',
-    definicoes: 'Um grão conta por {0}. Percentis: posição de Hazen, (acumulado até o grão + ' +
-      'metade dele) / total, linear no tamanho. Ângulos crescem no sentido horário.',
-    feito: 'Feito com: ', filtroDito: 'Filtro: {0} ≥ {1}; {2}.', nenhuma: 'nenhuma forma',
+    definicoes: 'Tamanho: {1}. Um grão conta por {0}: {2}. Percentis: posição de Hazen, (acumulado até ' +
+      'o grão + metade dele) / total, linear no tamanho. Ângulos: na imagem, no sentido horário.',
+    def_equivalente: 'diâmetro do círculo de mesma área', def_menor: 'menor lado ou eixo, o que a peneira vê',
+    def_maior: 'maior lado ou eixo', def_numero: 'todos o mesmo', def_area: 'a área que mostra',
+    def_volume: 'o volume da esfera que mostra essa área, π/6 × (diâmetro equivalente)³, que supõe ' +
+      'grãos tão altos quanto largos',
+    feito: 'Feito com: ', filtroDito: 'Filtro: {0} ≥ {1}; {2}.', filtroPorForma: 'Filtro: {0} {1}.', nenhuma: 'nenhuma forma',
     graficoDito: '{0}: {1}',
   },
   en: {
-    filtro: 'Filter', minCorrel: 'Minimum correlation', minApoio: 'Minimum support',
+    filtro: 'Filter', minCorrel: 'Minimum correlation', minApoio: 'Minimum support', todasAsFormas: 'all shapes',
+    paraAForma: 'Shapes that the slider limits', mais: 'Filter', contaPor: 'Weight', classes: 'Classes',
+    classesProprias: 'equal on the scale', medidas: 'Measures', fecha: 'Close',
+    maisGraos: 'The first {0} are shown.', imagensNoPapel: 'Outlines',
     familias: 'Shapes', repor: 'Reset filter', criterio: 'What the slider limits',
     valorExato: '{0}, exact value',
     baixaCsv: 'Download CSV', baixaPng: 'Download PNG', resumo: 'Summary',
@@ -62,18 +80,26 @@ vorplex.textos = {
     numero: 'number', area: 'area', volume: 'volume',
     grao: 'grain', graos: 'grains', graosDe: '{0} of {1} grains', fotografia: 'photograph',
     fotografias: 'photographs', tamanho: 'Size', porPeso: 'Distribution by {0}',
-    pixel: 'pixel of {0}', semEscala: 'no scale: sizes in pixels',
+    pixel: 'pixel of {0}', pixels2: 'a pixel size for each photograph', semEscala: 'no scale: sizes in pixels',
     media: 'Mean', desvio: 'Standard deviation', cu: 'Coefficient of uniformity Cu',
     cc: 'Coefficient of curvature Cc', mediaPhi: 'Graphic mean (Folk and Ward)',
     selecao: 'Sorting (Folk and Ward)', assimetria: 'Skewness (Folk and Ward)',
-    curtose: 'Kurtosis (Folk and Ward)', densidade: 'Grains per {0}', naBorda: 'Touching the border',
+    curtose: 'Kurtosis (Folk and Ward)',
+    notaFw: '† The curve does not reach from 5 to 95 %: the finest and coarsest grain stand for the percentiles that are missing.',
+    muitoBem: 'very well sorted', bem: 'well sorted', quaseBem: 'moderately well sorted',
+    moderada: 'moderately sorted', mal: 'poorly sorted', muitoMal: 'very poorly sorted',
+    pessima: 'extremely poorly sorted',
+    wentworth: 'Wentworth classes', matacao: 'boulder', bloco: 'cobble', seixo: 'pebble', granulo: 'granule',
+    areiaMuitoGrossa: 'very coarse sand', areiaGrossa: 'coarse sand', areiaMedia: 'medium sand',
+    areiaFina: 'fine sand', areiaMuitoFina: 'very fine sand', silte: 'silt', argila: 'clay', densidade: 'Grains per {0}', naBorda: 'Touching the border',
     semGraos: 'There are no grains in this filter.', semFotos: 'There are no photographs.',
     semFigura: 'picture lost',
-    histograma: 'Histogram', curva: 'Cumulative curve', rosa: 'Orientation',
-    alongamento: 'Aspect ratio', eixoPeso: '% ({0})', eixoCurva: '% finer ({0})',
+    histograma: 'Histogram', curva: 'Cumulative curve', rosa: 'Orientation in the picture',
+    alongamento: 'Aspect ratio', eixoPeso: '% ({0})', eixoDensidade: '% per φ ({0})',
+    dicaBarra: 'Click a bar to see its grains.', eixoCurva: '% finer ({0})',
     eixoTamanho: '{0} ({1})', eixoAlong: 'major / minor diameter', eixoGraos: '% of the grains',
-    dicaRosa: 'Direction of the longer axis of rectangles and ellipses, as seen in the ' +
-      'photograph; 0° is horizontal. Radius: share of the grains.',
+    dicaRosa: 'Angle in the picture of the longer axis of rectangles and ellipses: 0° along the rows, ' +
+      'growing clockwise; no compass direction. Radius: share of the grains.',
     classe: 'Class ({0})', fundo: 'pan', retida: 'Retained %', passante: 'Passing %',
     nome: 'Name', pixels: 'Pixels', borda: 'At the border', ver: 'See {0}', nesteFiltro: 'grains',
     registro: 'Record', escolhaGrao: 'No grain is selected.', anterior: 'Previous grain',
@@ -83,9 +109,13 @@ vorplex.textos = {
     tocaBorda: 'Touches the border',
     sim: 'yes', nao: 'no', forma: 'Shape', todo: 'Whole picture', mapa: 'Picture of {0}',
     maisZoom: 'Zoom in', menosZoom: 'Zoom out',
-    definicoes: 'A grain counts by its {0}. Percentiles: Hazen positions, (total up to the grain ' +
-      '+ half of it) / total, linear in size. Angles grow clockwise.',
-    feito: 'Made by: ', filtroDito: 'Filter: {0} ≥ {1}; {2}.', nenhuma: 'no shape',
+    definicoes: 'Size: {1}. A grain counts by its {0}: {2}. Percentiles: Hazen positions, (total up to ' +
+      'the grain + half of it) / total, linear in size. Angles: in the picture, clockwise.',
+    def_equivalente: 'diameter of the circle of equal area', def_menor: 'lesser side or axis, what a sieve sees',
+    def_maior: 'greater side or axis', def_numero: 'all the same', def_area: 'the area that it shows',
+    def_volume: 'the volume of the sphere that shows this area, π/6 × (equivalent diameter)³, which ' +
+      'takes grains to be as high as they are wide',
+    feito: 'Made by: ', filtroDito: 'Filter: {0} ≥ {1}; {2}.', filtroPorForma: 'Filter: {0} {1}.', nenhuma: 'no shape',
     graficoDito: '{0}: {1}',
   },
 }[vorplex.ajustes.idioma];
@@ -93,63 +123,3 @@ vorplex.textos = {
 // The text of a key, {0} and {1} replaced.
 vorplex.t = (chave, ...partes) =>
   partes.reduce((s, parte, i) => s.replace(`{${i}}`, () => parte), vorplex.textos[chave]);
-
-{
-  const lingua = vorplex.ajustes.idioma === 'en' ? 'en' : 'pt-BR';
-  const inteiro = new Intl.NumberFormat(lingua, {maximumFractionDigits: 0});
-  const formatos = new Map();
-
-  vorplex.inteiro = (n) => inteiro.format(n);
-
-  // With so many significant digits; a dash where there is no number.
-  vorplex.numero = (x, digitos = 4) => {
-    if (x === null || !Number.isFinite(x)) return '–';
-    if (x !== 0 && (Math.abs(x) < 1e-4 || Math.abs(x) >= 1e7)) return x.toExponential(digitos - 1);
-    if (!formatos.has(digitos)) {
-      formatos.set(digitos, new Intl.NumberFormat(lingua, {maximumSignificantDigits: digitos}));
-    }
-    return formatos.get(digitos).format(x);
-  };
-
-  const medida = new Intl.NumberFormat(lingua,
-    {minimumSignificantDigits: 4, maximumSignificantDigits: 4, useGrouping: false});
-  const porcento = new Intl.NumberFormat(lingua,
-    {minimumFractionDigits: 2, maximumFractionDigits: 2});
-
-  // A result, always with four digits.
-  vorplex.medida = (x) => x !== null && x !== 0 && Math.abs(x) >= 1e-4 && Math.abs(x) < 1e7 ?
-    medida.format(x) : vorplex.numero(x);
-  const lugar = new Intl.NumberFormat(lingua, {maximumFractionDigits: 2, useGrouping: false});
-
-  // A place in pixels, to a hundredth.
-  vorplex.lugar = (x) => lugar.format(x);
-  vorplex.porcento = (x) => x === null ? '–' : porcento.format(100 * x);
-}
-
-{
-  const {unidade} = vorplex.ajustes.escala;
-  vorplex.unidade = unidade === 'um' ? 'µm' : unidade;
-}
-
-// A new element with attributes, and children that are elements or texts.
-vorplex.elemento = (nome, atributos = {}, ...filhos) => {
-  const e = document.createElement(nome);
-  for (const [chave, valor] of Object.entries(atributos)) e.setAttribute(chave, valor);
-  e.append(...filhos);
-  return e;
-};
-
-// Hands a file to the reader.
-vorplex.baixa = (nome, conteudo) => {
-  const url = URL.createObjectURL(conteudo);
-  const a = vorplex.elemento('a', {href: url, download: nome});
-  document.body.append(a);
-  a.click();
-  a.remove();
-  setTimeout(() => URL.revokeObjectURL(url), 10000);
-};
-
-for (const e of document.querySelectorAll('[data-t]')) e.textContent = vorplex.t(e.dataset.t);
-for (const e of document.querySelectorAll('[data-rotulo]')) {
-  e.setAttribute('aria-label', vorplex.t(e.dataset.rotulo));
-}

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <opencv2/imgproc.hpp>
@@ -95,14 +96,24 @@ FOTO_DA_PAGINA novaFoto(const std::string& pasta, const std::string& nome,
   return {nome, arquivo + ".figura", tamanho, medeTodos(v, tamanho.height, tamanho.width)};
 }
 
-// What is said of the grains whose support, or else correlation, is at least `minimo`.
-std::string esperado(const PAGINA& pagina, double minimo) {
+using MINIMOS = decltype(PAGINA::limiares);
+
+MINIMOS todosIguais(double minimo) {
+  MINIMOS m;
+  m.fill(minimo);
+  return m;
+}
+
+// What is said of the grains whose support, or else correlation, is at least that of their family.
+std::string esperado(const PAGINA& pagina, const MINIMOS& minimos) {
   std::vector<MEDIDA> medidas;
   for (const FOTO_DA_PAGINA& foto : pagina.fotos) {
     for (const GRAO& g : foto.graos) {
       // The decimals of the lists decide, not the float that stands for them.
       std::string decimais;
       poeNumero(decimais, g.correl);
+      const auto k = std::find(letras.begin(), letras.end(), g.figura.forma) - letras.begin();
+      const double minimo = minimos[static_cast<std::size_t>(k)];
       if ((g.medido ? g.medido->apoio : std::stod(decimais)) < minimo) continue;
       medidas.push_back(medida(g, pagina.escala, pagina.grandeza, pagina.peso));
     }
@@ -142,6 +153,23 @@ std::string esperado(const PAGINA& pagina, double minimo) {
   return s + "]}";
 }
 
+// The same for every size and weight, as the page calls them.
+std::string esperadoComOutras(PAGINA pagina) {
+  std::string s = "{";
+  for (const auto& [grandeza, nomeDela] : {std::pair{GRANDEZA::equivalente, "equivalente"},
+                                           {GRANDEZA::menor, "menor"},
+                                           {GRANDEZA::maior, "maior"}}) {
+    for (const auto& [peso, nomeDele] :
+         {std::pair{PESO::numero, "numero"}, {PESO::area, "area"}, {PESO::volume, "volume"}}) {
+      pagina.grandeza = grandeza;
+      pagina.peso = peso;
+      s += (s.back() == '{' ? "\"" : ",\"") + std::string(nomeDela) + ' ' + nomeDele + "\":";
+      s += esperado(pagina, pagina.limiares);
+    }
+  }
+  return s + "}";
+}
+
 void escreve(const PAGINA& pagina, const std::string& nome) {
   impPagina(pagina, nome + ".html");
   TABELA_GRAOS tabela =
@@ -151,9 +179,10 @@ void escreve(const PAGINA& pagina, const std::string& nome) {
                {f.nome, f.tamanho.height, f.tamanho.width, pagina.escala, f.graos, pagina.metodo});
   }
   conclui(std::move(tabela));
-  const double inicio = pagina.metodo == METODO::apurado ? 0 : pagina.minCorr;
-  std::ofstream(nome + ".json") << '[' << esperado(pagina, inicio) << ',' << esperado(pagina, 0.3)
-                                << ',' << esperado(pagina, 0.9) << "]\n";
+  std::ofstream(nome + ".json") << '[' << esperado(pagina, pagina.limiares) << ','
+                                << esperado(pagina, todosIguais(0.3)) << ','
+                                << esperado(pagina, todosIguais(0.9)) << ','
+                                << esperadoComOutras(pagina) << "]\n";
 }
 
 void escrevePequenas(const std::string& pasta) {
@@ -165,7 +194,7 @@ void escrevePequenas(const std::string& pasta) {
   p.escala = {0.05, UNIDADE::mm};
   p.peso = PESO::volume;
   p.peneiras = {0.5, 1, 1.4, 2, 2.8, 4};
-  p.minCorr = 0.1;
+  p.limiares.fill(0.1);
   p.comando = "vorplex-lote -e 0.05mm -w volume -p 0.5,1,1.4,2,2.8,4 kernel.cfg 'pilha & <areia>'";
   for (const char* nome : {"areia grossa.jpg", "pilha 1, \"úmida\".jpg", "=SOMA(A1).jpg"}) {
     p.fotos.push_back(novaFoto(pasta, nome, sorteiaGraos(sorteio, 160, 900, 1200), tamanho));
@@ -189,6 +218,7 @@ void escrevePequenas(const std::string& pasta) {
   apurada.metodo = METODO::apurado;
   apurada.titulo = "River sand, fitted";
   apurada.minCorr = 0.02;
+  apurada.limiares.fill(0.33);
   for (FOTO_DA_PAGINA& f : apurada.fotos) {
     std::vector<MAXLOCAL> v;
     for (const GRAO& g : f.graos) v.push_back(registro(g));
@@ -204,7 +234,7 @@ void escrevePequenas(const std::string& pasta) {
   area.grandeza = GRANDEZA::maior;
   area.peso = PESO::area;
   area.peneiras = {0.05, 0.06};
-  area.minCorr = 0.2345;
+  area.limiares = {0.2345, 0.3, 0.3, 0.25};
   escreve(area, pasta + "/area");
 
   PAGINA vazia;
@@ -223,7 +253,7 @@ void escreveGrande(char** argv) {
   PAGINA p;
   p.titulo = "Grande";
   p.escala = {0.05, UNIDADE::mm};
-  p.minCorr = 0.1;
+  p.limiares.fill(0.1);
   for (int k = 0; k < n[0]; ++k) {
     const auto v = sorteiaGraos(sorteio, n[1] / n[0], n[2], n[3]);
     p.fotos.push_back(novaFoto(argv[1], cv::format("IMG_%04d.jpg", k), v, {n[3], n[2]}));

@@ -1,146 +1,43 @@
 'use strict';
-// The four plots.
+// The four plots, in their frames.
 
 {
-  const {t, numero, cores, letras, unidade} = vorplex;
-  const {grandeza, peso, peneiras} = vorplex.ajustes;
+  const {t, unidade, elemento} = vorplex;
 
   Chart.defaults.font.family = 'system-ui, "Segoe UI", Roboto, "DejaVu Sans", sans-serif';
-  Chart.defaults.color = '#3e4c59';
   Chart.defaults.animation = false;
   Chart.defaults.maintainAspectRatio = false;
   Chart.defaults.devicePixelRatio = Math.max(2, window.devicePixelRatio);
   Chart.register(vorplex.pluginBarras, vorplex.pluginLinhas, vorplex.pluginFundo);
 
-  // Axes and classes are those of all grains, so that a filter does not move them.
-  const limites = vorplex.classesDeTamanho(vorplex.graos, peneiras);
-  const folga = Math.max(1.02, Math.sqrt(2.5 / (limites.at(-1) / limites[0])));
-  const eixo = {min: limites[0] / folga, max: limites.at(-1) * folga};
-  const alongamentos = vorplex.classesDeAlongamento(vorplex.graos);
-  const passoRosa = vorplex.passoDaRosa(vorplex.graos);
-  const presentes = letras.filter((letra) => vorplex.graos.some((g) => g.letra === letra));
+  const nomes = ['histograma', 'curva', 'rosa', 'alongamento'];
 
-  const eixoTamanho = () => ({
-    type: 'logarithmic', ...eixo, offset: false, stacked: true,
-    title: {display: true, text: t('eixoTamanho', t(grandeza), unidade)},
-    afterBuildTicks: (escala) => {
-      escala.ticks = vorplex.marcasLogaritmicas(escala.min, escala.max).map((value) => ({value}));
-    },
-    ticks: {callback: (valor) => numero(valor), maxRotation: 0, autoSkipPadding: 8},
-    grid: {color: '#eef1f4', offset: false},
-  });
-  const eixoY = (texto, mais = {}) => ({
-    beginAtZero: true, title: {display: true, text: texto}, grid: {color: '#e4e7eb'},
-    ticks: {callback: (valor) => numero(valor)}, ...mais,
-  });
-  const legenda = {position: 'bottom', onClick: null,
-                   labels: {boxWidth: 12, boxHeight: 12, padding: 12}};
-
-  // Shares in percent of stacked bars, one data set a shape.
-  const pilhas = (graos, classes, valor, pesoDe) => {
-    const total = graos.reduce((s, g) => s + pesoDe(g), 0) || 1;
-    const somas = Object.fromEntries(presentes.map((l) => [l, Array(classes.length - 1).fill(0)]));
-    for (const g of graos) somas[g.letra][vorplex.classe(valor(g), classes)] += pesoDe(g);
-    return presentes.map((letra) => ({
-      label: t(letra), backgroundColor: cores[letra], minBarLength: 0,
-      data: somas[letra].map((y, k) => ({x: (classes[k] + classes[k + 1]) / 2, y: 100 * y / total})),
-    }));
-  };
-  const barras = (classes, x, y, tituloDaClasse) => ({
-    type: 'bar',
-    data: {datasets: []},
-    options: {
-      layout: {padding: {top: 18}},
-      interaction: {mode: 'index', intersect: true},
-      scales: {x, y},
-      plugins: {
-        barras: {limites: classes}, legend: legenda,
-        tooltip: {filter: (item) => item.parsed.y > 0, callbacks: {
-          title: ([item]) => item && tituloDaClasse(item.dataIndex),
-          label: (item) => `${item.dataset.label}: ${numero(item.parsed.y)} %`,
-        }},
-      },
-    },
-  });
-
-  const faixa = (classes, k) => `${numero(classes[k])} – ${numero(classes[k + 1])}`;
-  const histograma = barras(limites, eixoTamanho(), eixoY(t('eixoPeso', t(peso)), {stacked: true}),
-                            (k) => `${faixa(limites, k)} ${unidade}`);
-  const alongamento = barras(
-    alongamentos,
-    {type: 'linear', min: 1, max: alongamentos.at(-1), offset: false, stacked: true,
-     title: {display: true, text: t('eixoAlong')}, ticks: {callback: (valor) => numero(valor)},
-     grid: {color: '#eef1f4', offset: false}},
-    eixoY(t('eixoGraos'), {stacked: true}),
-    (k) => alongamentos[k] >= 10 ? '≥ 10' : faixa(alongamentos, k));
-
-  const cumulativa = {
-    type: 'line',
-    data: {datasets: []},
-    options: {
-      layout: {padding: {top: 18}},
-      interaction: {mode: 'nearest', axis: 'x', intersect: false},
-      scales: {x: {...eixoTamanho(), stacked: false}, y: eixoY(t('eixoCurva', t(peso)), {max: 100})},
-      plugins: {
-        legend: {...legenda, display: peneiras.length > 0},
-        tooltip: {callbacks: {
-          title: ([item]) => item && `${numero(item.parsed.x)} ${unidade}`,
-          label: (item) => `${item.dataset.label}: ${numero(item.parsed.y)} %`,
-        }},
-      },
-    },
-  };
-
-  // A full turn of sectors, each around its direction, the first upwards (270 degrees); the second
-  // half repeats the first. Squares have no longer axis and circles no axis at all.
-  const setores = 360 / passoRosa;
-  const rosa = {
-    type: 'polarArea',
-    data: {labels: Array.from({length: setores}, (_, k) => (270 + k * passoRosa) % 360), datasets: []},
-    options: {
-      layout: {padding: 4},
-      scales: {r: {
-        beginAtZero: true, startAngle: -passoRosa / 2, grid: {color: '#d9dee3'},
-        ticks: {callback: (valor) => `${numero(valor)} %`, maxTicksLimit: 4, z: 1,
-                backdropColor: 'rgba(255,255,255,0.75)'},
-        pointLabels: {display: true, centerPointLabels: true, font: {size: 11},
-                      callback: (grau) => grau % (30 % passoRosa === 0 ? 30 : 90) ? '' : `${grau}°`},
-      }},
-      plugins: {
-        legend: {display: false},
-        tooltip: {callbacks: {
-          title: () => '', label: (item) => `${item.label}°: ${numero(item.raw)} %`}},
-      },
-    },
-  };
-
-  const novosGraficos = {histograma, curva: cumulativa, rosa, alongamento};
-
-  const novaFigura = (nome, config) => {
-    const canvas = vorplex.elemento('canvas', {role: 'img', id: `grafico-${nome}`});
-    const botao = vorplex.elemento('button', {type: 'button', class: 'discreto',
-                                              'aria-label': `${t('baixaPng')}: ${t(nome)}`},
-                                   t('baixaPng'));
-    const figura = vorplex.elemento('figure', {class: 'grafico'},
-      vorplex.elemento('figcaption', {}, vorplex.elemento('h3', {}, t(nome)), botao),
-      vorplex.elemento('div', {class: 'tela'}, canvas));
-    if (nome === 'rosa') figura.append(vorplex.elemento('p', {class: 'dica'}, t('dicaRosa')));
+  const novaMoldura = (nome) => {
+    const canvas = elemento('canvas', {role: 'img', id: `grafico-${nome}`});
+    const botao = elemento('button', {type: 'button', class: 'discreto',
+                                      'aria-label': `${t('baixaPng')}: ${t(nome)}`}, t('baixaPng'));
+    botao.addEventListener('click', () => vorplex.figuraEmCanvas(nome)
+      .toBlob((blob) => vorplex.baixa(`${nome}.png`, blob), 'image/png'));
+    const figura = elemento('figure', {class: 'grafico'},
+      elemento('figcaption', {}, elemento('h3', {}, t(nome)), botao),
+      elemento('div', {class: 'tela'}, canvas));
+    const dica = {rosa: 'dicaRosa', histograma: 'dicaBarra', alongamento: 'dicaBarra'}[nome];
+    if (dica) figura.append(elemento('p', {class: `dica ${dica}`}, t(dica)));
     document.getElementById('graficos').append(figura);
-    const chart = new Chart(canvas, config);
-    botao.addEventListener('click', () => baixaFigura(nome, chart));
-    return chart;
+    return canvas;
   };
 
   // The plot as a picture with its title and filter above it.
-  vorplex.figuraEmCanvas = (nome, chart) => {
+  vorplex.figuraEmCanvas = (nome) => {
+    const chart = vorplex.graficos[nome];
     const {canvas} = chart;
     const pixel = chart.currentDevicePixelRatio;
     const alto = 48 * pixel;
-    const saida = vorplex.elemento('canvas', {width: canvas.width, height: canvas.height + alto});
+    const saida = elemento('canvas', {width: canvas.width, height: canvas.height + alto});
     const ctx = saida.getContext('2d');
-    ctx.fillStyle = '#fff';
+    ctx.fillStyle = vorplex.tema.papel;
     ctx.fillRect(0, 0, saida.width, saida.height);
-    ctx.fillStyle = '#1f2933';
+    ctx.fillStyle = vorplex.tema.tinta;
     ctx.font = `600 ${16 * pixel}px ${Chart.defaults.font.family}`;
     ctx.fillText(`${vorplex.ajustes.titulo} – ${t(nome)}`, 10 * pixel, 20 * pixel,
                  saida.width - 20 * pixel);
@@ -149,69 +46,55 @@
     ctx.drawImage(canvas, 0, alto);
     return saida;
   };
-  const baixaFigura = (nome, chart) => vorplex.figuraEmCanvas(nome, chart)
-    .toBlob((blob) => vorplex.baixa(`${nome}.png`, blob), 'image/png');
 
-  vorplex.graficos = Object.fromEntries(
-    Object.entries(novosGraficos).map(([nome, config]) => [nome, novaFigura(nome, config)]));
+  const molduras = Object.fromEntries(nomes.map((nome) => [nome, novaMoldura(nome)]));
+  let planos = {};
+
+  // New plots for other sizes, weights, classes or colours.
+  vorplex.refazGraficos = () => {
+    for (const chart of Object.values(vorplex.graficos ?? {})) chart.destroy();
+    const tamanhos = vorplex.prepareTamanhos();
+    const presentes = vorplex.letras.filter((letra) => vorplex.graos.some((g) => g.letra === letra));
+    Chart.defaults.color = vorplex.tema.fraca;
+    planos = {histograma: vorplex.novoHistograma(tamanhos, presentes), curva: vorplex.novaCurva(tamanhos),
+              rosa: vorplex.novaRosa(), alongamento: vorplex.novoAlongamento(presentes)};
+    vorplex.graficos = Object.fromEntries(
+      nomes.map((nome) => [nome, new Chart(molduras[nome], planos[nome].config)]));
+  };
+
+  // Draws what the selected grains say.
+  vorplex.mostraGraficos = (selecao) => {
+    const {graos, distribuicao: {d}} = selecao;
+    const {peneiras} = vorplex.ajustes;
+    const linhas = graos.length === 0 ? [] :
+      [10, 50, 90].map((p) => [d[p], `D${p} ${vorplex.medida(d[p])}`]);
+    const dito = linhas.length === 0 ? t('semGraos') :
+      linhas.map(([, rotulo]) => `${rotulo} ${unidade}`).join(', ');
+    for (const nome of nomes) {
+      const {config, mostra} = planos[nome];
+      mostra(selecao);
+      if (nome === 'histograma' || nome === 'curva') {
+        // The curve is high where D90 is.
+        config.options.plugins.linhas = nome === 'histograma' ? {linhas} :
+          {linhas: linhas.map((linha, k) => [...linha, k === 2]), peneiras};
+      }
+      const chart = vorplex.graficos[nome];
+      chart.update('none');
+      chart.canvas.setAttribute('aria-label', t('graficoDito', t(nome), dito));
+    }
+  };
 
   // On paper a plot takes half the width, with letters of their full size.
   window.addEventListener('beforeprint', () => {
-    for (const chart of Object.values(vorplex.graficos)) chart.resize(330, 240);
+    for (const chart of Object.values(vorplex.graficos)) chart.resize(330, 245);
   });
   window.addEventListener('afterprint', () => {
     for (const chart of Object.values(vorplex.graficos)) chart.resize();
   });
 
-  // The points of the curve, thinned to what a screen can show.
-  const pontosDaCurva = ({graos, acumulada}) => {
-    const passo = Math.max(1, Math.floor(graos.length / 1000));
-    return graos.map((g, i) => ({x: g.tamanho, y: 100 * acumulada[i]}))
-      .filter((_, i) => i % passo === 0 || i === graos.length - 1);
-  };
-
-  const dadosDaCurva = (curva, classes) => [
-    {label: t('curva'), data: pontosDaCurva(curva), borderColor: '#0b4f8a', borderWidth: 2,
-     pointRadius: curva.graos.length > 1 ? 0 : 4, backgroundColor: '#0b4f8a', pointHitRadius: 8},
-    ...(peneiras.length === 0 ? [] : [{
-      label: t('peneiras'), showLine: false, pointStyle: 'triangle', pointRadius: 5,
-      backgroundColor: '#d55e00', borderColor: '#d55e00',
-      data: classes.slice(1).filter((c) => c.passante !== null)
-        .map((c) => ({x: c.de, y: 100 * c.passante})),
-    }]),
-  ];
-
-  const dadosDaRosa = (graos) => {
-    const longos = graos.filter((g) => (g.letra === 'r' || g.letra === 'e') && g.d1 !== g.d2);
-    const partes = Array(setores / 2).fill(0);
-    for (const g of longos) {
-      const direcao = g.d1 > g.d2 ? g.ang : g.ang + 90;
-      const k = Math.round((direcao - 270) / passoRosa) % partes.length;
-      partes[(k + partes.length) % partes.length] += 100 / longos.length;
-    }
-    return [{data: [...partes, ...partes], backgroundColor: 'rgba(11,79,138,0.55)',
-             borderColor: '#0b4f8a', borderWidth: 1}];
-  };
-
-  // Draws what the selected grains say.
-  vorplex.mostraGraficos = ({graos, curva, distribuicao, classes}) => {
-    const {d} = distribuicao;
-    const linhas = graos.length === 0 ? [] :
-      [10, 50, 90].map((p) => [d[p], `D${p} ${vorplex.medida(d[p])}`]);
-    const {graficos} = vorplex;
-    graficos.histograma.data.datasets = pilhas(graos, limites, (g) => g.tamanho, (g) => g.peso);
-    graficos.curva.data.datasets = dadosDaCurva(curva, classes);
-    graficos.rosa.data.datasets = dadosDaRosa(graos);
-    graficos.alongamento.data.datasets =
-      pilhas(graos, alongamentos, (g) => g.alongamento, () => 1);
-    for (const nome of ['histograma', 'curva']) {
-      graficos[nome].options.plugins.linhas = {linhas, peneiras: nome === 'curva' ? peneiras : []};
-    }
-    const dito = linhas.length === 0 ? t('semGraos') :
-      linhas.map(([, rotulo]) => `${rotulo} ${unidade}`).join(', ');
-    for (const [nome, chart] of Object.entries(graficos)) {
-      chart.update('none');
-      chart.canvas.setAttribute('aria-label', t('graficoDito', t(nome), dito));
-    }
-  };
+  vorplex.refazGraficos();
+  vorplex.quandoMudaOTema(() => {
+    vorplex.refazGraficos();
+    if (vorplex.selecao) vorplex.mostraGraficos(vorplex.selecao);
+  });
 }

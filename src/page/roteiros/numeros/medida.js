@@ -6,33 +6,52 @@ vorplex.percentis = [5, 10, 16, 25, 30, 50, 60, 75, 84, 90, 95];
 
 {
   const {escala, grandeza, peso} = vorplex.ajustes;
-  const milimetros = {px: 1, um: 1e-3, mm: 1, cm: 10, m: 1000, in: 25.4}[escala.unidade];
+  // Which diameter is the size of a grain, and by what it counts: the reader's choice.
+  vorplex.escolhas = {grandeza, peso};
   const campos = ['indice', 'letra', 'li', 'ci', 'd1', 'd2', 'ang', 'correl', 'area', 'equivalente',
                   'perimetro', 'menor', 'maior', 'alongamento', 'borda',
                   // of fitted grains
                   'apoio', 'contraste', 'erroLi', 'erroCi', 'erroD1', 'erroD2', 'erroAng'];
 
-  // A grain from its row: the values in px, its size in the unit of the scale, and its weight.
-  const grao = (valores, foto) => {
+  // A grain from its row, the values in px.
+  vorplex.novoGrao = (valores, foto) => {
     const g = {valores, foto};
     campos.forEach((campo, k) => { g[campo] = valores[k]; });
-    g.tamanho = g[grandeza] * escala.lado;
-    const d = g.equivalente * escala.lado;
-    g.peso = {numero: 1, area: g.area * (escala.lado * escala.lado),
-              volume: Math.PI / 6 * (d * d * d)}[peso];
     return g;
+  };
+
+  const pesos = {
+    numero: () => 1,
+    area: (g, lado) => g.area * (lado * lado),
+    volume: (g, lado) => {
+      const d = g.equivalente * lado;
+      return Math.PI / 6 * (d * d * d);
+    },
+  };
+
+  // Gives the grains their size, in the unit of the scale, and weight, and puts them in ascending
+  // order, so that any selection of them is ascending too.
+  vorplex.ordena = (graos) => {
+    const {grandeza: qual, peso: como} = vorplex.escolhas;
+    for (const g of graos) {
+      g.tamanho = g[qual] * g.foto.lado;
+      g.peso = pesos[como](g, g.foto.lado);
+    }
+    return graos.sort((a, b) => a.tamanho - b.tamanho || a.peso - b.peso);
   };
 
   vorplex.fotos = Array.from(document.querySelectorAll('script.foto'), (e, k) => {
     const foto = JSON.parse(e.textContent);
     foto.k = k;
-    foto.graos = foto.graos.map((valores) => grao(valores, foto));
+    foto.lado ??= escala.lado;
+    foto.graos = foto.graos.map((valores) => vorplex.novoGrao(valores, foto));
     return foto;
   });
 
-  // Ascending, so that any selection of them is ascending too.
-  vorplex.graos = vorplex.fotos.flatMap((foto) => foto.graos)
-    .sort((a, b) => a.tamanho - b.tamanho || a.peso - b.peso);
+  // The grains of a photograph in the order of their index.
+  vorplex.daFoto = (foto) => foto.graos;
+
+  vorplex.graos = vorplex.ordena(vorplex.fotos.flatMap((foto) => foto.graos));
 
   // The share of the weight below each of the ascending grains, half its own included.
   vorplex.curva = (graos) => {
@@ -66,7 +85,7 @@ vorplex.percentis = [5, 10, 16, 25, 30, 50, 60, 75, 84, 90, 95];
 
   // Graphic measures of Folk and Ward, in phi = -log2(size in mm).
   const folkWard = (d) => {
-    const phi = (p) => -Math.log2(d[100 - p] * milimetros);
+    const phi = (p) => vorplex.phi(d[100 - p]);
     const meio = phi(84) - phi(16);
     const todo = phi(95) - phi(5);
     const quartis = phi(75) - phi(25);
@@ -121,42 +140,3 @@ vorplex.percentis = [5, 10, 16, 25, 30, 50, 60, 75, 84, 90, 95];
     return classes;
   };
 }
-
-// Vertices [x, y] of the outline of a grain, in px of the photograph.
-vorplex.contorno = (g) => {
-  const a = g.d1 / 2;
-  const b = g.d2 / 2;
-  const quadrada = g.letra === 'q' || g.letra === 'r';
-  const ang = g.letra === 'c' ? 0 : g.ang * Math.PI / 180;
-  const [c, s] = [Math.cos(ang), Math.sin(ang)];
-  const cantos = [[-1, -1], [1, -1], [1, 1], [-1, 1]];
-  const lados = 40;
-  const pontos = quadrada ? cantos : Array.from({length: lados}, (_, i) =>
-    [Math.cos(2 * Math.PI * i / lados), Math.sin(2 * Math.PI * i / lados)]);
-  return pontos.map(([x, y]) => [g.ci + a * x * c - b * y * s, g.li + a * x * s + b * y * c]);
-};
-
-// The table of the grains as the program writes it, with the photograph first: the values of every
-// grain, then those of fitted ones. Behind either, when there is a scale, stand its lengths and areas
-// once more in the unit of the scale.
-vorplex.csv = (graos) => {
-  const {colunas, escala, formas} = vorplex.ajustes;
-  const campo = (v) => {
-    const s = String(v);
-    return /[,;\t"\r\n]/.test(s) ? `"${s.replaceAll('"', '""')}"` : s;
-  };
-  const potencia = (nome) => nome.endsWith('_px2') ? 2 : nome.endsWith('_px') ? 1 : 0;
-  const ehDoPx = (nome) => potencia(nome) > 0;
-  const calibra = (nomes, px) => escala.unidade === 'px' ? [] : px.flatMap((v, k) =>
-    ehDoPx(nomes[k]) ? [v * (potencia(nomes[k]) === 2 ? escala.lado * escala.lado : escala.lado)] : []);
-  const deTodos = colunas.slice(1, 17);
-  const calibradas = escala.unidade === 'px' ? 0 : deTodos.filter(ehDoPx).length;
-  const dosApurados = colunas.slice(17 + calibradas);
-  const linhas = graos.map((g) => {
-    const px = [...g.valores.slice(0, 2), formas[g.letra], ...g.valores.slice(2, 15)];
-    const mais = g.valores.slice(15);
-    return [g.foto.nome, ...px, ...calibra(deTodos, px), ...mais, ...calibra(dosApurados, mais)]
-      .map(campo).join(',');
-  });
-  return [colunas.map(campo).join(','), ...linhas, ''].join('\n');
-};

@@ -1,13 +1,11 @@
 'use strict';
-// The table of the photographs, and a viewer for each: the picture with the outlines of the grains.
+// A viewer for each photograph: the picture with the outlines of the grains.
 
 {
-  const {t, numero, medida, lugar, elemento, cores, letras, unidade} = vorplex;
-  const {escala, grandeza, apurado} = vorplex.ajustes;
-  const figuras = document.querySelectorAll('script.figura');
-  const figura = (foto) => `data:image/jpeg;base64,${figuras[foto.k].textContent}`;
-  const comUnidade = (px, potencia = 1) =>
-    `${medida(px * escala.lado ** potencia)} ${unidade}${potencia === 2 ? '²' : ''}`;
+  const {t, numero, medida, lugar, elemento, cores, unidade} = vorplex;
+  const {apurado} = vorplex.ajustes;
+  const comUnidade = (g, px, potencia = 1) =>
+    `${medida(px * g.foto.lado ** potencia)} ${unidade}${potencia === 2 ? '²' : ''}`;
   const plural = (n) => `${vorplex.inteiro(n)} ${t(n === 1 ? 'grao' : 'graos')}`;
 
   // Outlines at their exact place, where the library would round each point to a pixel, and with a
@@ -40,8 +38,8 @@
 
   // Place and sizes; of a fitted grain with their standard errors.
   const comErro = (texto, erro) => apurado ? `${texto} ± ${numero(erro, 2)}` : texto;
-  const tamanho = (d, erro) => apurado ?
-    `${comErro(medida(d * escala.lado), erro * escala.lado)} ${unidade}` : comUnidade(d);
+  const tamanho = (g, d, erro) => apurado ?
+    `${comErro(medida(d * g.foto.lado), erro * g.foto.lado)} ${unidade}` : comUnidade(g, d);
   const centro = (g) => apurado ?
     [[t('linha'), `${comErro(lugar(g.li), g.erroLi)} px`],
      [t('coluna'), `${comErro(lugar(g.ci), g.erroCi)} px`]] :
@@ -49,19 +47,19 @@
 
   const registro = (g) => {
     const dois = g.letra === 'r' || g.letra === 'e';
-    const d1 = tamanho(g.d1, g.erroD1);
+    const d1 = tamanho(g, g.d1, g.erroD1);
     const campos = [
       [t('forma'), t(`um${g.letra}`)],
       ...centro(g),
-      [t('tamanhos'), dois ? `${d1} × ${tamanho(g.d2, g.erroD2)}` : d1],
+      [t('tamanhos'), dois ? `${d1} × ${tamanho(g, g.d2, g.erroD2)}` : d1],
       [t('angulo'), g.letra === 'c' ? '–' : `${comErro(numero(g.ang), g.erroAng)}°`],
       ...(apurado ? [[t('apoio'), numero(g.apoio)], [t('contraste'), numero(g.contraste)]] : []),
       [t('correl'), numero(g.correl)],
-      [t('area'), comUnidade(g.area, 2)],
-      [t('equivalente'), comUnidade(g.equivalente)],
-      [t('menor'), comUnidade(g.menor)],
-      [t('maior'), comUnidade(g.maior)],
-      [t('perimetro'), comUnidade(g.perimetro)],
+      [t('area'), comUnidade(g, g.area, 2)],
+      [t('equivalente'), comUnidade(g, g.equivalente)],
+      [t('menor'), comUnidade(g, g.menor)],
+      [t('maior'), comUnidade(g, g.maior)],
+      [t('perimetro'), comUnidade(g, g.perimetro)],
       [t('alongamento'), numero(g.alongamento)],
       [t('tocaBorda'), t(g.borda ? 'sim' : 'nao')],
     ];
@@ -69,10 +67,11 @@
       [elemento('dt', {}, nome), elemento('dd', {}, valor)]));
   };
 
-  const rotuloDoGrao = (g) => elemento('span', {},
-    `${g.indice}: ${t(`um${g.letra}`)}, ${comUnidade(g[grandeza])}, ` +
+  // A grain in a line.
+  vorplex.dizGrao = (g) => `${g.indice}: ${t(`um${g.letra}`)}, ` +
+    `${comUnidade(g, g[vorplex.escolhas.grandeza])}, ` +
     (apurado ? `${t('apoio').toLowerCase()} ${numero(g.apoio)}` :
-      `${t('correl').toLowerCase()} ${numero(g.correl)}`));
+      `${t('correl').toLowerCase()} ${numero(g.correl)}`);
 
   // Makes the map of a viewer and its outlines.
   const abre = (visor) => {
@@ -84,7 +83,7 @@
     });
     // Places are those of pixel centres; rows grow downwards.
     const limites = L.latLngBounds([[0.5 - foto.rows, -0.5], [0.5, foto.cols - 0.5]]);
-    visor.fundo = L.imageOverlay(figura(foto), limites, {alt: ''}).addTo(mapa);
+    visor.fundo = L.imageOverlay(vorplex.endereco(foto), limites, {alt: ''}).addTo(mapa);
     L.control.zoom({zoomInTitle: t('maisZoom'), zoomOutTitle: t('menosZoom')}).addTo(mapa);
     mapa.fitBounds(limites, {animate: false, padding: [4, 4]});
     mapa.setMinZoom(mapa.getZoom() - 0.5);
@@ -96,7 +95,7 @@
       const pontos = vorplex.contorno(g);
       const camada = L.polygon(pontos.map(([x, y]) => [-y, x]),
                                {...estilo(g, false), contorno: pontos, smoothFactor: 0});
-      camada.bindTooltip(() => rotuloDoGrao(g), {sticky: true});
+      camada.bindTooltip(() => elemento('span', {}, vorplex.dizGrao(g)), {sticky: true});
       camada.on('click', () => escolhe(visor, g, false));
       return [g, camada];
     }));
@@ -115,7 +114,7 @@
 
   // Shows the outlines of the selected grains.
   const mostra = (visor) => {
-    const quantos = visor.foto.graos.reduce((s, g) => s + vorplex.passa(g), 0);
+    const quantos = vorplex.daFoto(visor.foto).reduce((s, g) => s + vorplex.passa(g), 0);
     visor.contagem.textContent = plural(quantos);
     if (visor.escolhido && !vorplex.passa(visor.escolhido)) escolhe(visor, null, false);
     for (const botao of visor.botoes) botao.disabled = quantos === 0;
@@ -140,35 +139,11 @@
   };
 
   const anda = (visor, passo) => {
-    const graos = visor.foto.graos.filter(vorplex.passa);
+    const graos = vorplex.daFoto(visor.foto).filter(vorplex.passa);
     if (graos.length === 0) return;
     const i = graos.indexOf(visor.escolhido);
     const k = i < 0 ? (passo > 0 ? 0 : graos.length - 1) : i + passo;
     escolhe(visor, graos[(k + graos.length) % graos.length], true);
-  };
-
-  // Picture and outlines for paper, where maps do not reflow.
-  const paraPapel = (visor) => {
-    const {foto, fundo, papel} = visor;
-    const imagem = fundo.getElement();
-    papel.width = imagem.naturalWidth;
-    papel.height = imagem.naturalHeight;
-    const ctx = papel.getContext('2d');
-    ctx.drawImage(imagem, 0, 0);
-    const fator = papel.width / foto.cols;
-    ctx.scale(fator, papel.height / foto.rows);
-    ctx.translate(0.5, 0.5);
-    for (const g of foto.graos.filter(vorplex.passa)) {
-      ctx.beginPath();
-      for (const [x, y] of vorplex.contorno(g)) ctx.lineTo(x, y);
-      ctx.closePath();
-      ctx.strokeStyle = '#fff';
-      ctx.lineWidth = 5 / fator;
-      ctx.stroke();
-      ctx.strokeStyle = cores[g.letra];
-      ctx.lineWidth = 3 / fator;
-      ctx.stroke();
-    }
   };
 
   const novoVisor = (foto) => {
@@ -177,7 +152,6 @@
       lugar: elemento('div', {class: 'mapa', role: 'application', 'aria-label': t('mapa', foto.nome)}),
       contagem: elemento('span', {class: 'quantos'}),
       ficha: elemento('div', {class: 'ficha', 'aria-live': 'polite'}, t('escolhaGrao')),
-      papel: elemento('canvas', {class: 'so-papel'}),
       botoes: [-1, 1].map((passo) => {
         const rotulo = t(passo < 0 ? 'anterior' : 'proximo');
         const b = elemento('button', {type: 'button', 'aria-label': rotulo, title: rotulo},
@@ -189,7 +163,7 @@
     visor.raiz = elemento('details', {class: 'visor', id: `foto-${foto.k}`},
       elemento('summary', {}, elemento('bdi', {}, foto.nome), ' ', visor.contagem,
         foto.semFigura ? ` · ${t('semFigura')}` : ''),
-      elemento('div', {class: 'corpo'}, visor.lugar, visor.papel,
+      elemento('div', {class: 'corpo'}, visor.lugar,
         elemento('aside', {}, elemento('div', {class: 'passos'},
           elemento('h3', {}, t('registro')), ...visor.botoes), visor.ficha)));
     visor.raiz.addEventListener('toggle', () => {
@@ -213,41 +187,17 @@
       if (!vorplex.visores.some((v) => v.raiz.open)) vorplex.visores[0].raiz.open = true;
     }).observe(vorplex.visores[0].raiz);
   }
-  window.addEventListener('beforeprint', () =>
-    vorplex.visores.filter((v) => v.mapa).forEach(paraPapel));
 
-  const linhaDaTabela = (visor) => {
-    const {foto} = visor;
-    const link = elemento('a', {href: `#foto-${foto.k}`, title: t('ver', foto.nome)},
-                          elemento('bdi', {}, foto.nome));
-    link.addEventListener('click', () => { visor.raiz.open = true; });
-    const miniatura = elemento('img', {src: `data:image/jpeg;base64,${foto.miniatura}`, alt: '',
-                                       loading: 'lazy'});
-    visor.celulas = Array.from({length: 3 + letras.length + 1}, () => elemento('td', {class: 'n'}));
-    return elemento('tr', {}, elemento('td', {class: 'miniatura'}, miniatura),
-      elemento('th', {scope: 'row'}, link),
-      elemento('td', {class: 'n'}, `${foto.cols} × ${foto.rows}`), ...visor.celulas);
-  };
+  // Shows the selected grains in the viewers.
+  vorplex.mostraVisores = () => vorplex.visores.forEach(mostra);
 
-  const titulos = ['', t('nome'), t('pixels'), t('nesteFiltro'), ...letras.map((l) => t(l)),
-                   `D50 (${unidade})`, t('media') + ` (${unidade})`, t('borda')];
-  document.getElementById('tabela-fotos').append(
-    elemento('thead', {}, elemento('tr', {}, ...titulos.map((titulo, k) =>
-      elemento(titulo === '' ? 'td' : 'th', k > 1 ? {class: 'n', scope: 'col'} : {}, titulo)))),
-    elemento('tbody', {}, ...vorplex.visores.map(linhaDaTabela)));
-
-  // Shows the selected grains, ascending in size, in table and viewers.
-  vorplex.mostraFotos = (graos) => {
-    const porFoto = vorplex.fotos.map(() => []);
-    for (const g of graos) porFoto[g.foto.k].push(g);
-    vorplex.visores.forEach((visor, k) => {
-      const estes = porFoto[k];
-      const d = vorplex.distribui(vorplex.curva(estes));
-      const textos = [vorplex.inteiro(estes.length),
-        ...letras.map((l) => vorplex.inteiro(estes.reduce((s, g) => s + (g.letra === l), 0))),
-        medida(d.d[50]), medida(d.media), vorplex.inteiro(estes.reduce((s, g) => s + g.borda, 0))];
-      visor.celulas.forEach((celula, i) => { celula.textContent = textos[i]; });
-      mostra(visor);
-    });
+  // Opens the photograph of a grain and marks it there.
+  vorplex.vaiAoGrao = (g) => {
+    const visor = vorplex.visores[g.foto.k];
+    const fechado = !visor.raiz.open;
+    visor.raiz.open = true;
+    visor.raiz.scrollIntoView({block: 'start'});
+    if (fechado && !visor.mapa) abre(visor);
+    escolhe(visor, g, true);
   };
 }
