@@ -18,5 +18,6 @@
 #include "vorplex/image.h"      // IWYU pragma: export
 #include "vorplex/kernels.h"    // IWYU pragma: export
 #include "vorplex/measure.h"    // IWYU pragma: export
+#include "vorplex/picture.h"    // IWYU pragma: export
 #include "vorplex/refine.h"     // IWYU pragma: export
 #include "vorplex/search.h"     // IWYU pragma: export

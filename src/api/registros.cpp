@@ -18,16 +18,12 @@ template <class PIXEL, class IMAGE>
 cv::Mat_<PIXEL> matrizDe(const IMAGE& image) {
   const cv::Size lados = tamanho(image.extent);
   if (lados.empty()) return {};
-  if (image.pixels == nullptr) throw vorplex::Error("image without pixels");
-  const auto linha = static_cast<std::ptrdiff_t>(sizeof(PIXEL)) * lados.width;
-  const std::ptrdiff_t passo = image.stride == 0 ? linha : image.stride;
-  if (passo < linha || passo % static_cast<std::ptrdiff_t>(sizeof(PIXEL)) != 0) {
-    throw vorplex::Error("image stride out of range");
-  }
+  const std::size_t linha =
+      passo({image.pixels, lados, image.stride}, sizeof(PIXEL), sizeof(PIXEL));
   // The matrix knows no pixels that can only be read.
   return cv::Mat_<PIXEL>(lados.height, lados.width,
                          const_cast<PIXEL*>(image.pixels),  // NOLINT(*-const-cast)
-                         static_cast<std::size_t>(passo));
+                         linha);
 }
 
 }  // namespace
@@ -62,6 +58,16 @@ cv::Size tamanho(const vorplex::Extent& e) {
     throw vorplex::Error("image extent out of range");
   }
   return {e.columns, e.rows};
+}
+
+std::size_t passo(const LUGAR& lugar, std::size_t pixel, std::size_t parte) {
+  if (lugar.pixels == nullptr) throw vorplex::Error("image without pixels");
+  const auto linha = static_cast<std::ptrdiff_t>(pixel) * lugar.lados.width;
+  const std::ptrdiff_t n = lugar.passo == 0 ? linha : lugar.passo;
+  if (n < linha || n % static_cast<std::ptrdiff_t>(parte) != 0) {
+    throw vorplex::Error("image stride out of range");
+  }
+  return static_cast<std::size_t>(n);
 }
 
 cv::Mat_<unsigned char> matriz(const vorplex::Image& image) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <opencv2/core.hpp>
 #include <vector>
 
@@ -20,6 +21,17 @@ std::vector<vorplex::Detection> deteccoes(const std::vector<MAXLOCAL>& v);
 
 // vorplex::Error when a side is negative or more than a picture may have.
 cv::Size tamanho(const vorplex::Extent& e);
+
+// Where the pixels of a caller stand.
+struct LUGAR {
+  const void* pixels;
+  cv::Size lados;
+  std::ptrdiff_t passo;  // bytes from a row to the next; 0 for rows without a gap
+};
+
+// Bytes from a row to the next, for pixels of `pixel` bytes whose parts are of `parte` bytes.
+// vorplex::Error for a step that is none, and for a picture without pixels that should have some.
+std::size_t passo(const LUGAR& lugar, std::size_t pixel, std::size_t parte);
 
 // The caller's pixels, which must not be written. vorplex::Error for an extent or a stride that is
 // none, and for a picture without pixels that should have some.

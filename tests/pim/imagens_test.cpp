@@ -8,6 +8,7 @@
 #include "fabrica.h"
 
 #include "pim/modulo/formatos.h"
+#include "pim/oitobits.h"
 
 using pim::decodificaImagem;
 using pim::para8BitsSemAlfa;

@@ -25,7 +25,4 @@ RESULTADO decodificaAte(const std::vector<unsigned char>& bytes, std::size_t mai
 // (ITU-T T.81, B.1).
 bool jpegInteiro(const std::vector<unsigned char>& bytes);
 
-// An image of any depth and of 1, 3 or 4 channels as 8 bits of 1 or 3 channels; see pim::le.
-cv::Mat para8BitsSemAlfa(const cv::Mat& img);
-
 }  // namespace pim

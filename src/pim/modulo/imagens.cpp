@@ -6,6 +6,7 @@
 
 #include "pim/modulo/formatos.h"
 #include "pim/modulo/silencio.h"
+#include "pim/oitobits.h"
 
 namespace pim {
 namespace {
@@ -32,36 +33,6 @@ bool ehFormatoUsual(const std::vector<unsigned char>& bytes) {
   return pnm || std::any_of(comecos.begin(), comecos.end(), [inicio](std::string_view comeco) {
            return inicio.starts_with(comeco);
          });
-}
-
-// The factor that brings full scale to 255.
-double escalaPara8Bits(int profundidade) {
-  switch (profundidade) {
-    case CV_16U:
-      return 255.0 / 65535.0;
-    case CV_32F:
-    case CV_64F:
-      return 255.0;
-    default:
-      return 1.0;
-  }
-}
-
-// Four channels (blue, green, red, alpha) laid over white.
-cv::Mat sobreBranco(const cv::Mat& img) {
-  cv::Mat cor(img.size(), CV_8UC3);
-  for (int l = 0; l < img.rows; ++l) {
-    const auto* origem = img.ptr<cv::Vec4b>(l);
-    auto* destino = cor.ptr<cv::Vec3b>(l);
-    for (int c = 0; c < img.cols; ++c) {
-      const int alfa = origem[c][3];
-      for (int k = 0; k < 3; ++k) {
-        const int soma = origem[c][k] * alfa + 255 * (255 - alfa);
-        destino[c][k] = static_cast<unsigned char>((soma + 127) / 255);
-      }
-    }
-  }
-  return cor;
 }
 
 // Whether the JPEG library complained of coded data that it could not follow: it goes on with grey.
@@ -92,14 +63,6 @@ bool jpegInteiro(const std::vector<unsigned char>& bytes) {
     }
   }
   return false;
-}
-
-cv::Mat para8BitsSemAlfa(const cv::Mat& img) {
-  cv::Mat oito = img;
-  // Brighter than white is white: values beyond the integers would wrap around to black.
-  if (img.depth() == CV_32F || img.depth() == CV_64F) oito = cv::min(img, 1.0);
-  if (img.depth() != CV_8U) oito.convertTo(oito, CV_8U, escalaPara8Bits(img.depth()));
-  return oito.channels() == 4 ? sobreBranco(oito) : oito;
 }
 
 bool reconheceImagem(const std::string& nome) {
