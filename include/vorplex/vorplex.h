@@ -21,3 +21,4 @@
 #include "vorplex/picture.h"    // IWYU pragma: export
 #include "vorplex/refine.h"     // IWYU pragma: export
 #include "vorplex/search.h"     // IWYU pragma: export
+#include "vorplex/suggest.h"    // IWYU pragma: export
