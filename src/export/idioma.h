@@ -80,6 +80,13 @@ inline constexpr FRASE retida = {"retida", "retained"};
 inline constexpr FRASE passante = {"passante", "passing"};
 inline constexpr FRASE fundo = {"fundo", "pan"};
 
+inline constexpr FRASE de = {"de", "low"};
+inline constexpr FRASE ate = {"ate", "high"};
+inline constexpr FRASE reparo = {"reparo", "remark"};
+inline constexpr FRASE umaFoto = {
+    "intervalos de uma so fotografia: nada sabem de outros lugares",
+    "intervals of a single photograph: they know nothing of other places"};
+
 // Which size, and which weight.
 inline constexpr FRASE numero = {"numero", "number"};
 inline constexpr FRASE volume = {"volume", "volume"};

@@ -40,8 +40,8 @@ void poeContagens(std::vector<CELULA>& c, const measure::RESUMO& r, IDIOMA idiom
   c.push_back({diz(frases::peso, idioma), std::string(nomeDoPeso(r.peso, idioma))});
 }
 
-void poeDistribuicao(std::vector<CELULA>& c, const measure::RESUMO& r, IDIOMA idioma) {
-  const measure::DISTRIBUICAO& d = r.distribuicao;
+void poeDistribuicao(std::vector<CELULA>& c, const measure::RESUMO& r,
+                     const measure::DISTRIBUICAO& d, IDIOMA idioma) {
   for (std::size_t i = 0; i < measure::percentis.size(); ++i) {
     const std::string nome =
         'd' + std::to_string(measure::percentis[i]) + '_' + nomeDaUnidade(r.unidade);
@@ -57,8 +57,9 @@ void poeDistribuicao(std::vector<CELULA>& c, const measure::RESUMO& r, IDIOMA id
   c.push_back({diz(frases::curvatura, idioma), valor(d.curvatura)});
 }
 
-void poePeneiras(std::vector<CELULA>& c, const measure::RESUMO& r, IDIOMA idioma) {
-  for (const measure::PENEIRA& p : r.peneiras) {
+void poePeneiras(std::vector<CELULA>& c, const measure::RESUMO& r,
+                 const std::vector<measure::PENEIRA>& peneiras, IDIOMA idioma) {
+  for (const measure::PENEIRA& p : peneiras) {
     if (p.de == 0) {
       c.push_back({std::string(diz(frases::retida, idioma)) + '_' + diz(frases::fundo, idioma),
                    valor(p.retida)});
@@ -72,11 +73,33 @@ void poePeneiras(std::vector<CELULA>& c, const measure::RESUMO& r, IDIOMA idioma
   }
 }
 
+// Both ends of each number of the distribution and its sieves.
+void poeIntervalos(std::vector<CELULA>& c, const measure::RESUMO& r, IDIOMA idioma) {
+  const measure::INTERVALOS& i = r.intervalos;
+  std::vector<CELULA> de;
+  std::vector<CELULA> ate;
+  poeDistribuicao(de, r, i.de, idioma);
+  poePeneiras(de, r, i.peneirasDe, idioma);
+  poeDistribuicao(ate, r, i.ate, idioma);
+  poePeneiras(ate, r, i.peneirasAte, idioma);
+  for (std::size_t k = 0; k < de.size(); ++k) {
+    c.push_back({de[k].nome + '_' + diz(frases::de, idioma), de[k].valor});
+    c.push_back({de[k].nome + '_' + diz(frases::ate, idioma), ate[k].valor});
+  }
+}
+
+// What the intervals don't know.
+std::string reparo(const measure::RESUMO& r, IDIOMA idioma) {
+  return r.intervalos.fotos == 1 ? diz(frases::umaFoto, idioma) : "";
+}
+
 std::vector<CELULA> celulas(const std::string& foto, const measure::RESUMO& r, IDIOMA idioma) {
   std::vector<CELULA> c = {{diz(frases::foto, idioma), foto}};
   poeContagens(c, r, idioma);
-  poeDistribuicao(c, r, idioma);
-  poePeneiras(c, r, idioma);
+  poeDistribuicao(c, r, r.distribuicao, idioma);
+  poePeneiras(c, r, r.peneiras, idioma);
+  poeIntervalos(c, r, idioma);
+  c.push_back({diz(frases::reparo, idioma), reparo(r, idioma)});
   return c;
 }
 

@@ -19,9 +19,10 @@ struct LINHA_RESUMO {
 // border; area of the picture and grains per unit of it; which size and which weight the rest is
 // about; D5 to D95, mean, standard deviation; mean and sorting of Folk and Ward in phi (of sizes in
 // px, phi relative to 1 px, the name ends in phi_px), skewness and kurtosis; Cu, Cc; for each sieve
-// the share retained and passing, named by its aperture, and the share in the pan. What can't be
-// said is an empty cell. pim::erro when a row has other units or sieves than the total, or when the
-// file can't be written whole.
+// the share retained and passing, named by its aperture, and the share in the pan; then both ends
+// of the 95 % interval of each of these numbers, its name with _de or _ate (_low, _high) behind it,
+// and a remark. What can't be said is an empty cell. pim::erro when a row has other units or sieves
+// than the total, or when the file can't be written whole.
 void impResumoCsv(const std::vector<LINHA_RESUMO>& linhas, const measure::RESUMO& total,
                   const std::string& nome, IDIOMA idioma = IDIOMA::pt);
 

@@ -31,10 +31,27 @@ double desvioDe(const CURVA& c, double total, double media) {
   return std::sqrt(s / total);
 }
 
+// The standard error of the size, in px; of the diameter of equal area from those of both sizes,
+// taken to be independent.
+double erroDoTamanho(const GRAO& g, GRANDEZA grandeza) {
+  const refine::FIGURA& f = g.figura;
+  const std::array<double, 5>& erro = g.medido->erro;
+  const bool umTamanho = f.forma == 'c' || f.forma == 'q';
+  if (grandeza != GRANDEZA::equivalente) {
+    const bool primeiro = umTamanho || (f.d1 >= f.d2) == (grandeza == GRANDEZA::maior);
+    return erro[primeiro ? 2 : 3];
+  }
+  if (umTamanho) return g.equivalente * (erro[2] / f.d1);
+  const double a = erro[2] / f.d1;
+  const double b = erro[3] / f.d2;
+  return g.equivalente * (std::sqrt(a * a + b * b) / 2);
+}
+
 }  // namespace
 
 MEDIDA medida(const GRAO& g, const ESCALA& e, GRANDEZA grandeza, PESO peso) {
   MEDIDA m;
+  if (g.medido) m.erro = comprimento(erroDoTamanho(g, grandeza), e);
   if (grandeza == GRANDEZA::equivalente) m.tamanho = comprimento(g.equivalente, e);
   if (grandeza == GRANDEZA::menor) m.tamanho = comprimento(g.menor, e);
   if (grandeza == GRANDEZA::maior) m.tamanho = comprimento(g.maior, e);

@@ -22,10 +22,13 @@ enum class GRANDEZA { equivalente, menor, maior };
 // the weights matter.
 enum class PESO { numero, area, volume };
 
-// One grain of a distribution: its size and its weight, above zero.
+// One grain of a distribution: its size and its weight, above zero; the standard error of the size,
+// 0 where none is known, and the photograph that it is from, for intervals.
 struct MEDIDA {
   double tamanho = 0;
   double peso = 1;
+  double erro = 0;
+  std::size_t foto = 0;
 };
 
 // Size and weight of a grain, in the unit of the scale.

@@ -20,6 +20,7 @@ void acumula(ACUMULADO& a, const FOTOGRAFIA& foto) {
     if (letra != letras.end()) ++a.porForma[static_cast<std::size_t>(letra - letras.begin())];
     if (g.tocaBorda) ++a.naBorda;
     a.medidas.push_back(medida(g, foto.escala, a.grandeza, a.peso));
+    a.medidas.back().foto = a.fotos;
   }
 }
 
@@ -37,6 +38,7 @@ RESUMO resume(const ACUMULADO& a, const std::vector<double>& aberturas) {
   const CURVA c = curva(a.medidas);
   r.distribuicao = distribui(c, a.unidade);
   r.peneiras = peneira(c, aberturas);
+  r.intervalos = intervalos(a.medidas, a.unidade, aberturas);
   return r;
 }
 

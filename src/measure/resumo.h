@@ -9,6 +9,7 @@
 #include "measure/distribuicao.h"
 #include "measure/escala.h"
 #include "measure/grao.h"
+#include "measure/incerteza/intervalo.h"
 #include "measure/peneira.h"
 
 namespace measure {
@@ -55,6 +56,7 @@ struct RESUMO {
   std::optional<double> densidade;  // graos / area; empty when there is no area
   DISTRIBUICAO distribuicao;
   std::vector<PENEIRA> peneiras;
+  INTERVALOS intervalos;  // of distribution and sieves
 };
 
 // `aberturas` as in measure/peneira.h, in the unit of the photographs.

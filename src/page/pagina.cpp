@@ -17,12 +17,12 @@ namespace {
 
 constexpr std::array<std::string_view, 2> estilos = {"leaflet.css", "estilo.css"};
 // In the order in which they run.
-constexpr std::array<std::string_view, 25> scripts = {
-    "chart.js",   "leaflet.js",  "textos.js",   "apoio.js",   "phi.js",
-    "medida.js",  "contorno.js", "tabela.js",   "cores.js",   "classes.js",
-    "plugins.js", "eixos.js",    "barras.js",   "curva.js",   "rosa.js",
-    "filtro.js",  "medidas.js",  "graficos.js", "figuras.js", "visor.js",
-    "fotos.js",   "galeria.js",  "papel.js",    "resumo.js",  "pagina.js"};
+constexpr std::array<std::string_view, 26> scripts = {
+    "chart.js",     "leaflet.js",  "textos.js", "apoio.js", "phi.js",     "medida.js",
+    "intervalo.js", "contorno.js", "tabela.js", "cores.js", "classes.js", "plugins.js",
+    "eixos.js",     "barras.js",   "curva.js",  "rosa.js",  "filtro.js",  "medidas.js",
+    "graficos.js",  "figuras.js",  "visor.js",  "fotos.js", "galeria.js", "papel.js",
+    "resumo.js",    "pagina.js"};
 
 void poe(exporta::PARCIAL& p, std::string_view texto) {
   p.pendente += texto;

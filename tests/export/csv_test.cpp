@@ -186,6 +186,28 @@ TEST(ResumoCsv, UmaLinhaPorFotoEUmaDoTotal) {
   EXPECT_EQ(celula(t, 2, "retida_12.5_mm"), "1");
 }
 
+TEST(ResumoCsv, CadaNumeroTemSeuIntervalo) {
+  const PASTA pasta;
+  FOTOGRAFIA a = {"a.jpg", 100, 100, meioMilimetro, {}};
+  for (int d = 10; d < 30; ++d)
+    a.graos.push_back(mede({0.5F, 'c', 50, 50, static_cast<float>(d), 0, 0}, 0, 100, 100));
+  impResumoCsv({{"a.jpg", resumoDe(a, {10})}}, resumoDe(a, {10}), "r.csv");
+  impResumoCsv({{"a.jpg", resumoDe(a, {10})}}, resumoDe(a, {10}), "en.csv", IDIOMA::en);
+  const TABELA t = leCsv(leTudo("r.csv"));
+  for (const std::string nome : {"d5_mm", "d50_mm", "media_mm", "desvio_padrao_mm", "media_fw_phi",
+                                 "curtose_fw", "cu", "retida_fundo", "passante_10_mm"}) {
+    const double x = std::stod(celula(t, 1, nome));
+    EXPECT_LT(std::stod(celula(t, 1, nome + "_de")), x) << nome;
+    EXPECT_GT(std::stod(celula(t, 1, nome + "_ate")), x) << nome;
+  }
+  EXPECT_EQ(celula(t, 1, "reparo"),
+            "intervalos de uma so fotografia: nada sabem de outros lugares");
+  const TABELA en = leCsv(leTudo("en.csv"));
+  EXPECT_EQ(celula(en, 1, "passing_10_mm_high"), celula(t, 1, "passante_10_mm_ate"));
+  EXPECT_EQ(celula(en, 1, "remark"),
+            "intervals of a single photograph: they know nothing of other places");
+}
+
 TEST(ResumoCsv, FotoSemGraosTemCelulasVaziasENaoZeros) {
   const PASTA pasta;
   const FOTOGRAFIA vazia = {"v", 10, 10, {}, {}};

@@ -6,7 +6,7 @@ import sys
 
 import pandas
 
-from medidas import comEscala, exige, leLista, leTabela, mede, perto, resumo
+from medidas import comEscala, exige, leLista, leTabela, mede, perto, resumo, semIntervalos
 from tabelas import comparaTabelas
 
 pasta = sys.argv[1]
@@ -19,7 +19,7 @@ comparaTabelas(leTabela(f"{pasta}/todos.csv"), certos.assign(foto=nome)[["foto",
 area = 240 * 320 * 0.05 ** 2
 linhas = [resumo(g, n, f, area, "mm", "menor", "volume", [5, 10, 20])
           for g, n, f in ((certos, nome, 1), (certos[:0], "vazia", 1), (certos, "total", 1))]
-comparaTabelas(leTabela(f"{pasta}/resumo.csv"), pandas.DataFrame(linhas), "resumo.csv")
+comparaTabelas(semIntervalos(leTabela(f"{pasta}/resumo.csv"), "resumo.csv"), pandas.DataFrame(linhas), "resumo.csv")
 
 # By hand: a square of 27.85762 px, and the one circle that reaches beyond the picture.
 perto(graos["area_mm2"][0], 27.85762 ** 2 * 0.0025, "area of the square")

@@ -36,7 +36,7 @@ INGLES = {
     "error_column": "erro_coluna", "error_d1": "erro_d1", "error_d2": "erro_d2",
     "error_angle_deg": "erro_angulo_graus", "pan": "fundo", "circle": "circulo", "square": "quadrado",
     "rectangle": "retangulo", "ellipse": "elipse", "number": "numero", "area": "area",
-    "volume": "volume", "total": "total",
+    "volume": "volume", "total": "total", "remark": "reparo",
 }
 
 NOS_DOIS = re.compile(r"d\d+_\w+|area_(px|um|mm|cm|m|in)2|cu|cc")  # columns of the same name in both
@@ -59,6 +59,9 @@ def perto(lido, esperado, *onde, relativo=1e-9, absoluto=1e-12):
 
 def emPortugues(nome):
     """A column or word of the English tables; the longest word that begins it is replaced."""
+    for fim, nosso in (("_low", "_de"), ("_high", "_ate")):
+        if nome.endswith(fim):
+            return emPortugues(nome.removesuffix(fim)) + nosso
     for palavra in sorted(INGLES, key=len, reverse=True):
         if nome == palavra or nome.startswith(palavra + "_"):
             resto = nome[len(palavra):]
@@ -78,6 +81,19 @@ def leTabela(arquivo, ingles=False):
             if coluna in tabela:
                 tabela[coluna] = tabela[coluna].map(emPortugues)
     return tabela
+
+
+def semIntervalos(tabela, onde):
+    """A summary without its intervals and remarks, when every number lies in its interval."""
+    exige("reparo" in tabela, onde, "no remarks")
+    limites = [c for c in tabela if c.endswith(("_de", "_ate"))]
+    exige(len(limites) >= 38, onde, f"{len(limites)} ends of intervals")
+    for nome in limites[::2]:
+        coluna = nome.removesuffix("_de")
+        for k, (de, x, ate) in enumerate(zip(tabela[nome], tabela[coluna], tabela[coluna + "_ate"])):
+            exige(math.isnan(de) == math.isnan(ate) and not de > x and not x > ate, onde,
+                  f"row {k}", coluna, f"{x} is not in {de} to {ate}")
+    return tabela.drop(columns=[*limites, "reparo"])
 
 
 def leLista(arquivo):

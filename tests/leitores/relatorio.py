@@ -65,7 +65,7 @@ class Relatorio:
         exige(self.inteiro(fichas[0][1]) == total["graos"], "page", fichas[0])
         exige(self.inteiro(fichas[1][1]) == total["fotos"] == len(self.resumo) - 1, "page", fichas[1])
         for (nome, texto), coluna in zip(fichas[2:], ("d10", "d50", "d90", "media", "desvio_padrao")):
-            numero, unidade = texto.split()
+            numero, unidade = texto.split()[:2]  # the interval follows
             if not self.ingles:
                 numero = numero.replace(".", "").replace(",", ".")
             exige(unidade == self.unidade, "page", nome, texto)

@@ -12,7 +12,7 @@ import sys
 import pandas
 from osgeo import gdal
 
-from medidas import comErros, comEscala, exige, leLista, leTabela, mede, perto, resumo
+from medidas import comErros, comEscala, exige, leLista, leTabela, mede, perto, resumo, semIntervalos
 
 gdal.UseExceptions()
 gdal.SetConfigOption("GDAL_ERROR_ON_LIBJPEG_WARNING", "TRUE")  # half a photograph is none
@@ -76,7 +76,7 @@ def confereLote(pasta, fotos, idioma, escala, grandeza, peso, aberturas, quais, 
     comparaTabelas(leTabela(f"{pasta}/graos.csv", ingles), juntos, "graos.csv")
     linhas.append(resumo(juntos, "total", len(todos), areaTotal, unidade, grandeza, peso, aberturas))
     lido = leTabela(f"{pasta}/resumo.csv", ingles)
-    comparaTabelas(lido, pandas.DataFrame(linhas), "resumo.csv")
+    comparaTabelas(semIntervalos(lido, "resumo.csv"), pandas.DataFrame(linhas), "resumo.csv")
     for coluna in (c for c in lido if c.startswith(("retida_", "passante_"))):
         exige(lido[coluna].dropna().between(0, 1).all(), "resumo.csv", coluna, "not a share")
     exige(naBorda > 0, "no grain lies at a border")

@@ -50,8 +50,10 @@ def contados():
 
 
 def confere_numeros(esperado):
+    espera(lambda: n.avalia("vorplex.selecao.intervalos !== undefined"), "no intervals")
     dito = n.avalia("({graos: vorplex.selecao.graos.length, ...vorplex.selecao.distribuicao,"
-                    "peneiras: vorplex.selecao.classes.map(c => [c.graos, c.retida, c.passante])})")
+                    "peneiras: vorplex.selecao.classes.map(c => [c.graos, c.retida, c.passante]),"
+                    "intervalos: vorplex.selecao.intervalos})")
     igual(dito, esperado, "medida")
     assert contados() == esperado["graos"], (texto("#contagem"), esperado["graos"])
 
@@ -108,6 +110,33 @@ def confere_paginas():
         confere_numeros(nove)
         assert n.avalia("document.getElementById('aviso').hidden") is (nove["graos"] > 0)
         em_ordem()
+
+
+def confere_intervalos():
+    """Random lists: the same intervals in the page as in src/measure, and what the reader sees."""
+    with open(f"{pasta}/listas.json", encoding="utf-8") as f:
+        listas = json.load(f)
+    n.abre(f"{pasta}/ingles.html")
+    for k, lista in enumerate(listas):
+        dito = n.avalia(f"""(() => {{
+          const fotos = {{}};
+          const graos = {json.dumps(lista["v"])}.map(([tamanho, peso, erro, foto]) =>
+            ({{tamanho, peso, erro, foto: (fotos[foto] ??= {{k: foto}})}}))
+            .sort((a, b) => a.tamanho - b.tamanho || a.peso - b.peso);
+          const curva = vorplex.curva(graos), aberturas = {json.dumps(lista["aberturas"])};
+          return vorplex.intervalos({{curva, distribuicao: vorplex.distribui(curva),
+            classes: vorplex.peneira(curva, aberturas)}}, aberturas, 120, 3);}})()""")
+        igual(dito, lista["intervalos"], f"lista {k}")
+    espera(lambda: n.avalia("vorplex.selecao.intervalos !== undefined"), "no intervals")
+    de, ate = n.avalia("vorplex.selecao.intervalos.d[50]")
+    mostrado = [float(x) for x in texto(".fichas .forte small").split(" – ")]
+    assert math.isclose(mostrado[0], de, rel_tol=6e-4) and math.isclose(mostrado[1], ate, rel_tol=6e-4)
+    assert "places" not in texto("#nota-intervalos") and texto("#nota-intervalos").startswith("95 %")
+    pontos = n.avalia("vorplex.graficos.curva.options.plugins.faixa.pontos.length")
+    assert pontos == 11, pontos
+    n.avalia("vorplex.passa = (g) => g.foto.k === 1")
+    n.avalia("vorplex.atualiza()")
+    assert texto("#nota-intervalos").endswith("they know nothing of other places.")
 
 
 def confere_rotulos():
@@ -462,6 +491,7 @@ try:
         confere_grande()
     else:
         confere_paginas()
+        confere_intervalos()
         confere_filtro()
         confere_limiares()
         confere_apurada()

@@ -6,6 +6,9 @@ vorplex.ajustes = JSON.parse(document.getElementById('ajustes').textContent);
 
 vorplex.textos = {
   pt: {
+    dicaFaixa: 'Faixa: intervalo de 95 % de cada percentil.',
+    notaIntervalos: 'Intervalos de 95 %, pelo sorteio repetido de fotografias e grãos.',
+    notaUmaFoto: 'De uma só fotografia, nada sabem de outros lugares.',
     filtro: 'Filtro', minCorrel: 'Correlação mínima', minApoio: 'Apoio mínimo', todasAsFormas: 'todas as formas',
     paraAForma: 'Formas que o cursor limita', mais: 'Filtro', contaPor: 'Peso', classes: 'Classes',
     classesProprias: 'iguais na escala', medidas: 'Medidas', fecha: 'Fechar',
@@ -62,6 +65,9 @@ vorplex.textos = {
     graficoDito: '{0}: {1}',
   },
   en: {
+    dicaFaixa: 'Band: 95 % interval of each percentile.',
+    notaIntervalos: '95 % intervals, from photographs and grains drawn again and again.',
+    notaUmaFoto: 'From a single photograph, they know nothing of other places.',
     filtro: 'Filter', minCorrel: 'Minimum correlation', minApoio: 'Minimum support', todasAsFormas: 'all shapes',
     paraAForma: 'Shapes that the slider limits', mais: 'Filter', contaPor: 'Weight', classes: 'Classes',
     classesProprias: 'equal on the scale', medidas: 'Measures', fecha: 'Close',

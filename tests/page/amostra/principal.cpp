@@ -10,6 +10,7 @@
 #include "export/valor.h"
 #include "fim/fim.h"
 #include "measure/contorno.h"
+#include "measure/incerteza/intervalo.h"
 #include "measure/resumo.h"
 #include "page/figura.h"
 #include "page/pagina.h"
@@ -104,10 +105,85 @@ MINIMOS todosIguais(double minimo) {
   return m;
 }
 
+// Both ends of every number, by the names of the page.
+void poeIntervalos(std::string& s, const INTERVALOS& i) {
+  const auto faixa = [&s](const std::optional<double>& de, const std::optional<double>& ate) {
+    if (!de || !ate) {
+      s += "null";
+      return;
+    }
+    s += '[';
+    poeNumero(s, *de);
+    s += ',';
+    poeNumero(s, *ate);
+    s += ']';
+  };
+  const auto membro = [&](const char* nome, std::optional<double> DISTRIBUICAO::*campo) {
+    s += std::string(",\"") + nome + "\":";
+    faixa(i.de.*campo, i.ate.*campo);
+  };
+  s += "{\"fotos\":" + std::to_string(i.fotos) + ",\"d\":{";
+  for (std::size_t k = 0; k < percentis.size(); ++k) {
+    s += (k == 0 ? "\"" : ",\"") + std::to_string(percentis[k]) + "\":";
+    faixa(i.de.d[k], i.ate.d[k]);
+  }
+  s += '}';
+  membro("media", &DISTRIBUICAO::media);
+  membro("desvio", &DISTRIBUICAO::desvio);
+  membro("mediaPhi", &DISTRIBUICAO::mediaPhi);
+  membro("selecao", &DISTRIBUICAO::selecao);
+  membro("assimetria", &DISTRIBUICAO::assimetria);
+  membro("curtose", &DISTRIBUICAO::curtose);
+  membro("uniformidade", &DISTRIBUICAO::uniformidade);
+  membro("curvatura", &DISTRIBUICAO::curvatura);
+  s += ",\"peneiras\":[";
+  for (std::size_t k = 0; k < i.peneirasDe.size(); ++k) {
+    s += k == 0 ? "{\"retida\":" : ",{\"retida\":";
+    faixa(i.peneirasDe[k].retida, i.peneirasAte[k].retida);
+    s += ",\"passante\":";
+    faixa(i.peneirasDe[k].passante, i.peneirasAte[k].passante);
+    s += '}';
+  }
+  s += "]}";
+}
+
+// Lists of sizes, weights, errors and photographs drawn at random, with their intervals, for a page
+// in millimetres.
+void escreveListas(const std::string& nome) {
+  std::mt19937 sorteio(21);
+  const std::vector<double> aberturas = {12, 18.5, 40};
+  std::string s = "[";
+  for (const int n : {2, 3, 7, 40, 150, 600}) {
+    std::vector<MEDIDA> v;
+    const std::size_t fotos = 1 + sorteio() % 6;
+    const bool comErros = sorteio() % 3 != 0;
+    for (int i = 0; i < n; ++i) {
+      const std::size_t foto = sorteio() % fotos;
+      const double x = std::round(entre(sorteio, 8, 30) * 20) / 20 + static_cast<double>(foto);
+      v.push_back({x, entre(sorteio, 0.5, 4), comErros ? entre(sorteio, 0, 2) : 0, foto});
+    }
+    s += s.size() == 1 ? "{\"v\":[" : ",{\"v\":[";
+    for (const MEDIDA& m : v) {
+      s += s.back() == '[' ? "[" : ",[";
+      for (const double x : {m.tamanho, m.peso, m.erro, static_cast<double>(m.foto)}) {
+        poeNumero(s, x);
+        s += ',';
+      }
+      s.back() = ']';
+    }
+    s += "],\"aberturas\":[12,18.5,40],\"intervalos\":";
+    poeIntervalos(s, intervalos(v, UNIDADE::mm, aberturas, {120, 3}));
+    s += '}';
+  }
+  std::ofstream(nome) << s << "]\n";
+}
+
 // What is said of the grains whose support, or else correlation, is at least that of their family.
 std::string esperado(const PAGINA& pagina, const MINIMOS& minimos) {
   std::vector<MEDIDA> medidas;
+  std::size_t quantas = 0;
   for (const FOTO_DA_PAGINA& foto : pagina.fotos) {
+    ++quantas;
     for (const GRAO& g : foto.graos) {
       // The decimals of the lists decide, not the float that stands for them.
       std::string decimais;
@@ -116,10 +192,12 @@ std::string esperado(const PAGINA& pagina, const MINIMOS& minimos) {
       const double minimo = minimos[static_cast<std::size_t>(k)];
       if ((g.medido ? g.medido->apoio : std::stod(decimais)) < minimo) continue;
       medidas.push_back(medida(g, pagina.escala, pagina.grandeza, pagina.peso));
+      medidas.back().foto = quantas;
     }
   }
   const CURVA c = curva(medidas);
   const DISTRIBUICAO d = distribui(c, pagina.escala.unidade);
+  const INTERVALOS i = intervalos(medidas, pagina.escala.unidade, pagina.peneiras);
   std::string s = "{\"graos\":";
   poeJson(s, d.graos);
   s += ",\"d\":{";
@@ -150,7 +228,13 @@ std::string esperado(const PAGINA& pagina, const MINIMOS& minimos) {
     poeJson(s, valor(p.passante));
     s += ']';
   }
-  return s + "]}";
+  s += "],\"intervalos\":";
+  if (medidas.size() < 2) {
+    s += "null";
+  } else {
+    poeIntervalos(s, i);
+  }
+  return s + "}";
 }
 
 // The same for every size and weight, as the page calls them.
@@ -264,6 +348,7 @@ void escreveGrande(char** argv) {
 int amostra(int argc, char** argv) {
   if (argc == 2) {
     escrevePequenas(argv[1]);
+    escreveListas(std::string(argv[1]) + "/listas.json");
   } else if (argc == 6) {
     escreveGrande(argv);
   } else {

@@ -8,7 +8,7 @@
   Chart.defaults.animation = false;
   Chart.defaults.maintainAspectRatio = false;
   Chart.defaults.devicePixelRatio = Math.max(2, window.devicePixelRatio);
-  Chart.register(vorplex.pluginBarras, vorplex.pluginLinhas, vorplex.pluginFundo);
+  Chart.register(vorplex.pluginFaixa, vorplex.pluginBarras, vorplex.pluginLinhas, vorplex.pluginFundo);
 
   const nomes = ['histograma', 'curva', 'rosa', 'alongamento'];
 
@@ -21,7 +21,7 @@
     const figura = elemento('figure', {class: 'grafico'},
       elemento('figcaption', {}, elemento('h3', {}, t(nome)), botao),
       elemento('div', {class: 'tela'}, canvas));
-    const dica = {rosa: 'dicaRosa', histograma: 'dicaBarra', alongamento: 'dicaBarra'}[nome];
+    const dica = {rosa: 'dicaRosa', curva: 'dicaFaixa', histograma: 'dicaBarra', alongamento: 'dicaBarra'}[nome];
     if (dica) figura.append(elemento('p', {class: `dica ${dica}`}, t(dica)));
     document.getElementById('graficos').append(figura);
     return canvas;
@@ -62,9 +62,17 @@
       nomes.map((nome) => [nome, new Chart(molduras[nome], planos[nome].config)]));
   };
 
+  // The band of the curve, from the intervals of its percentiles.
+  const faixa = (intervalos) =>
+    vorplex.percentis.flatMap((p) => intervalos?.d[p] ? [[p, ...intervalos.d[p]]] : []);
+  vorplex.mostraFaixa = ({intervalos}) => {
+    planos.curva.config.options.plugins.faixa = {pontos: faixa(intervalos)};
+    vorplex.graficos.curva.update('none');
+  };
+
   // Draws what the selected grains say.
   vorplex.mostraGraficos = (selecao) => {
-    const {graos, distribuicao: {d}} = selecao;
+    const {graos, distribuicao: {d}, intervalos} = selecao;
     const {peneiras} = vorplex.ajustes;
     const linhas = graos.length === 0 ? [] :
       [10, 50, 90].map((p) => [d[p], `D${p} ${vorplex.medida(d[p])}`]);
@@ -73,6 +81,7 @@
     for (const nome of nomes) {
       const {config, mostra} = planos[nome];
       mostra(selecao);
+      if (nome === 'curva') config.options.plugins.faixa = {pontos: faixa(intervalos)};
       if (nome === 'histograma' || nome === 'curva') {
         // The curve is high where D90 is.
         config.options.plugins.linhas = nome === 'histograma' ? {linhas} :

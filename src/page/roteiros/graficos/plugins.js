@@ -61,6 +61,27 @@ vorplex.pluginLinhas = {
   },
 };
 
+// A band between the `pontos` [height, from, to], ascending.
+vorplex.pluginFaixa = {
+  id: 'faixa',
+  beforeDatasetsDraw({ctx, chartArea: {top, bottom, left, right}, scales: {x, y}}, _, {pontos = []}) {
+    if (pontos.length < 2) return;
+    ctx.save();
+    ctx.beginPath();
+    ctx.rect(left, top, right - left, bottom - top);
+    ctx.clip();
+    ctx.beginPath();
+    for (const [p, de] of pontos) ctx.lineTo(x.getPixelForValue(de), y.getPixelForValue(p));
+    for (const [p, , ate] of [...pontos].reverse()) {
+      ctx.lineTo(x.getPixelForValue(ate), y.getPixelForValue(p));
+    }
+    ctx.globalAlpha = 0.2;
+    ctx.fillStyle = vorplex.tema.marca;
+    ctx.fill();
+    ctx.restore();
+  },
+};
+
 // The ground of the page, for pictures and paper.
 vorplex.pluginFundo = {
   id: 'fundo',

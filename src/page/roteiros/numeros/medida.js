@@ -29,6 +29,20 @@ vorplex.percentis = [5, 10, 16, 25, 30, 50, 60, 75, 84, 90, 95];
     },
   };
 
+  // The standard error of a size, in px; 0 where none is known. Of the diameter of equal area from
+  // those of both sizes, taken to be independent.
+  vorplex.erroDoTamanho = (g, qual) => {
+    if (g.erroD1 === undefined) return 0;
+    const umTamanho = g.letra === 'c' || g.letra === 'q';
+    if (qual !== 'equivalente') {
+      return umTamanho || (g.d1 >= g.d2) === (qual === 'maior') ? g.erroD1 : g.erroD2;
+    }
+    if (umTamanho) return g.equivalente * (g.erroD1 / g.d1);
+    const a = g.erroD1 / g.d1;
+    const b = g.erroD2 / g.d2;
+    return g.equivalente * (Math.sqrt(a * a + b * b) / 2);
+  };
+
   // Gives the grains their size, in the unit of the scale, and weight, and puts them in ascending
   // order, so that any selection of them is ascending too.
   vorplex.ordena = (graos) => {
@@ -36,6 +50,7 @@ vorplex.percentis = [5, 10, 16, 25, 30, 50, 60, 75, 84, 90, 95];
     for (const g of graos) {
       g.tamanho = g[qual] * g.foto.lado;
       g.peso = pesos[como](g, g.foto.lado);
+      g.erro = vorplex.erroDoTamanho(g, qual) * g.foto.lado;
     }
     return graos.sort((a, b) => a.tamanho - b.tamanho || a.peso - b.peso);
   };

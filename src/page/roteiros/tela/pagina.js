@@ -4,6 +4,12 @@
 {
   const {t, elemento, ajustes} = vorplex;
 
+  const mostraNumeros = (selecao) => {
+    vorplex.mostraFichas(selecao);
+    vorplex.mostraEstatisticas(selecao);
+    vorplex.mostraPeneiras(selecao);
+  };
+
   // Everything after a change.
   vorplex.atualiza = () => {
     const graos = vorplex.graos.filter(vorplex.passa);
@@ -12,13 +18,16 @@
                      classes: vorplex.peneira(curva, ajustes.peneiras)};
     vorplex.selecao = selecao;
     vorplex.mostraContagem(selecao);
-    vorplex.mostraFichas(selecao);
-    vorplex.mostraEstatisticas(selecao);
-    vorplex.mostraPeneiras(selecao);
+    mostraNumeros(selecao);
     vorplex.mostraWentworth(selecao);
     vorplex.mostraGraficos(selecao);
     vorplex.mostraFotos(graos);
     vorplex.refazGaleria();
+    vorplex.intervalosAosPoucos(selecao, ajustes.peneiras, (intervalos) => {
+      selecao.intervalos = intervalos;
+      mostraNumeros(selecao);
+      vorplex.mostraFaixa(selecao);
+    });
   };
 
   // Once a frame, however often the slider speaks.

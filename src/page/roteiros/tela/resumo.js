@@ -7,17 +7,30 @@
   const porId = (id) => document.getElementById(id);
   const areaDasFotos = vorplex.fotos.reduce((s, f) => s + f.rows * f.cols * f.lado ** 2, 0);
 
-  vorplex.mostraFichas = ({graos, distribuicao: {d, media, desvio}}) => {
-    const valor = (x) => x === null ? '–' : `${medida(x)} ${unidade}`;
+  // The ends of an interval; dots as long as it is not there yet.
+  const intervalo = (intervalos, qual, escreve = medida) => {
+    if (intervalos === undefined) return '…';
+    const limites = intervalos === null ? null : qual(intervalos);
+    return limites ? limites.map(escreve).join(' – ') : '–';
+  };
+
+  vorplex.mostraFichas = ({graos, distribuicao: {d, media, desvio}, intervalos}) => {
+    const valor = (x, qual) => x === null ? ['–'] : [`${medida(x)} ${unidade} `,
+      elemento('small', {class: 'intervalo'}, intervalo(intervalos, qual))];
+    const deD = (p) => valor(d[p], (s) => s.d[p]);
     const fichas = [
-      [t('graos'), inteiro(graos.length)],
-      [t('fotografias'), inteiro(vorplex.fotos.length)],
-      ['D10', valor(d[10])], ['D50', valor(d[50]), 'forte'], ['D90', valor(d[90])],
-      [t('media'), valor(media)], [t('desvio'), valor(desvio)],
+      [t('graos'), [inteiro(graos.length)]],
+      [t('fotografias'), [inteiro(vorplex.fotos.length)]],
+      ['D10', deD(10)], ['D50', deD(50), 'forte'], ['D90', deD(90)],
+      [t('media'), valor(media, (s) => s.media)], [t('desvio'), valor(desvio, (s) => s.desvio)],
     ];
-    porId('fichas').replaceChildren(...fichas.map(([nome, texto, classe]) =>
+    porId('fichas').replaceChildren(...fichas.map(([nome, valores, classe]) =>
       elemento('div', classe ? {class: classe} : {}, elemento('dt', {}, nome),
-               elemento('dd', {}, texto))));
+               elemento('dd', {}, ...valores))));
+    const fotos = new Set(graos.map((g) => g.foto)).size;
+    porId('nota-intervalos').textContent =
+      t('notaIntervalos') + (fotos === 1 ? ` ${t('notaUmaFoto')}` : '');
+    porId('nota-intervalos').hidden = graos.length < 2;
   };
 
   const linha = (nome, ...valores) => elemento('tr', {}, elemento('th', {scope: 'row'}, nome),
@@ -27,39 +40,43 @@
 
   // The graphic measures; marked where the finest and coarsest grain stand for percentiles that the
   // curve does not reach. Without a scale there is no mean in phi.
-  const linhasDeFolkWard = (s, curva) => {
+  const linhasDeFolkWard = (s, curva, intervalos) => {
     const marca = curva.graos.length > 0 && !vorplex.alcancaFolkWard(curva) ? ' †' : '';
     const valor = (x) => x === null ? '–' : `${medida(x)}${marca}`;
     const palavra = s.selecao === null || marca ? '' : `: ${t(vorplex.nomeDaSelecao(s.selecao))}`;
     porId('nota-fw').hidden = marca === '';
+    const de = (nome, campo) => linha(nome, valor(s[campo]), intervalo(intervalos, (i) => i[campo]));
     return [
-      linha(`${t('mediaPhi')}, φ`, calibrada ? valor(s.mediaPhi) : '–'),
-      linha(`${t('selecao')}, φ${palavra}`, valor(s.selecao)),
-      linha(t('assimetria'), valor(s.assimetria)), linha(t('curtose'), valor(s.curtose)),
+      calibrada ? de(`${t('mediaPhi')}, φ`, 'mediaPhi') : linha(`${t('mediaPhi')}, φ`, '–', '–'),
+      de(`${t('selecao')}, φ${palavra}`, 'selecao'),
+      de(t('assimetria'), 'assimetria'), de(t('curtose'), 'curtose'),
     ];
   };
 
-  vorplex.mostraEstatisticas = ({graos, curva, distribuicao: s}) => {
+  vorplex.mostraEstatisticas = ({graos, curva, distribuicao: s, intervalos}) => {
     const naBorda = graos.reduce((soma, g) => soma + g.borda, 0);
     const densidade = areaDasFotos > 0 ? graos.length / areaDasFotos : null;
-    porId('percentis').replaceChildren(elemento('tbody', {},
-      ...vorplex.percentis.map((p) => linha(`D${p} (${unidade})`, medida(s.d[p])))));
-    porId('estatisticas').replaceChildren(elemento('tbody', {},
-      linha(`${t('media')} (${unidade})`, medida(s.media)),
-      linha(`${t('desvio')} (${unidade})`, medida(s.desvio)),
-      linha(t('cu'), medida(s.uniformidade)), linha(t('cc'), medida(s.curvatura)),
-      ...linhasDeFolkWard(s, curva),
-      linha(t('densidade', `${unidade}²`), medida(densidade)),
-      linha(t('naBorda'), inteiro(naBorda))));
+    porId('percentis').replaceChildren(cabeca('', unidade, '95 %'), elemento('tbody', {},
+      ...vorplex.percentis.map((p) =>
+        linha(`D${p}`, medida(s.d[p]), intervalo(intervalos, (i) => i.d[p])))));
+    const de = (nome, campo) => linha(nome, medida(s[campo]), intervalo(intervalos, (i) => i[campo]));
+    porId('estatisticas').replaceChildren(cabeca('', '', '95 %'), elemento('tbody', {},
+      de(`${t('media')} (${unidade})`, 'media'), de(`${t('desvio')} (${unidade})`, 'desvio'),
+      de(t('cu'), 'uniformidade'), de(t('cc'), 'curvatura'),
+      ...linhasDeFolkWard(s, curva, intervalos),
+      linha(t('densidade', `${unidade}²`), medida(densidade), ''),
+      linha(t('naBorda'), inteiro(naBorda), '')));
   };
 
-  vorplex.mostraPeneiras = ({classes}) => {
+  vorplex.mostraPeneiras = ({classes, intervalos}) => {
     const nome = ({de, ate}) => de === 0 ? `${t('fundo')} (< ${numero(ate)})` :
       ate === Infinity ? `≥ ${numero(de)}` : `${numero(de)} – ${numero(ate)}`;
     porId('peneiras').replaceChildren(
-      cabeca(t('classe', unidade), t('graos'), t('retida'), t('passante')),
-      elemento('tbody', {}, ...classes.slice().reverse().map((c) =>
-        linha(nome(c), inteiro(c.graos), porcento(c.retida), porcento(c.passante)))));
+      cabeca(t('classe', unidade), t('graos'), t('retida'), '95 %', t('passante'), '95 %'),
+      elemento('tbody', {}, ...classes.map((c, k) => linha(nome(c), inteiro(c.graos),
+        porcento(c.retida), intervalo(intervalos, (s) => s.peneiras[k].retida, porcento),
+        porcento(c.passante), intervalo(intervalos, (s) => s.peneiras[k].passante, porcento)))
+        .reverse()));
   };
 
   // Sizes in mm as Wentworth wrote them: fractions below 1.
