@@ -12,6 +12,8 @@
 #include <system_error>
 
 #include "batch/avanco.h"
+#include "batch/escolha/escolhido.h"
+#include "batch/escolha/frases.h"
 #include "batch/fotografia.h"
 #include "batch/obra/alvos.h"
 #include "batch/obra/cabecalho.h"
@@ -24,6 +26,7 @@
 #include "batch/processo/processo.h"
 #include "batch/processo/recursos.h"
 #include "batch/tabelas.h"
+#include "export/valor.h"
 #include "linha/ajuda.h"
 #include "linha/geral.h"
 #include "linha/linha.h"
@@ -192,12 +195,39 @@ int interrompe(const LOTE& l) {
   return interrompida;
 }
 
+// Comes by a kernel.cfg where none was given; tudoBem, or how the run ends.
+int escolhe(LOTE& l) {
+  if (!l.opcoes.kernel.empty()) return tudoBem;
+  dizLinha(l.avanco, l.frase(falas::escolhendo));
+  ESCOLHIDO e;
+  if (!escolheKernel(l.obra, l.opcoes, l.alvos, e)) return interrompe(l);
+  if (!e.erro.empty()) return recusa(l.opcoes, e.erro, algoFalhou);
+  dizLinha(l.avanco, emUmaLinha(e.dito));
+  std::fflush(stdout);
+  for (const std::string& aviso : e.avisos) std::fprintf(stderr, "%s\n", aviso.c_str());
+  l.opcoes.kernel = (fs::path(l.opcoes.saida) / arquivoDaEscolha).string();
+  return tudoBem;
+}
+
+// What kernel.cfg says beyond its kernels; the command line goes before it.
+void atende(LOTE& l, const sugere::RECADO& recado) {
+  OPCOES_LOTE& o = l.opcoes;
+  if (recado.inverte && !o.inverte) {
+    const std::string dito = cv::format(l.frase(falas::recadoInverte), o.kernel.c_str());
+    dizLinha(l.avanco, emUmaLinha(dito));
+  }
+  o.inverte |= recado.inverte;
+  if (recado.minCorr && o.minCorr.empty()) exporta::poeNumero(o.minCorr, *recado.minCorr);
+}
+
 // What comes after the building site is there and before it is taken away.
 int trabalha(LOTE& l, const std::string& versao, const std::string& comando) {
+  if (const int fim = escolhe(l); fim != tudoBem) return fim;
   RECEITA receita{l.opcoes, l.obra, "", "", versao};
   PREPARO preparo;
   if (!prepara(receita, preparo)) return interrompe(l);
   if (!preparo.erro.empty()) return recusa(l.opcoes, preparo.erro);
+  atende(l, preparo.recado);
 
   double maior = 0;
   for (std::size_t i = 0; i < l.alvos.size(); ++i) {
@@ -277,7 +307,7 @@ int lote(const std::vector<std::string>& args, const std::string& versao) {
   linha::garanteSaidas();
   LOTE l;
   l.opcoes.idioma = linha::idiomaDoAmbiente();
-  const std::string erro = leOpcoes(args, l.opcoes);
+  const std::string erro = leOpcoes(args, l.opcoes, ehFotografiaOuPasta);
   int estado = tudoBem;
   if (!erro.empty()) {
     estado = recusa(l.opcoes, erro);

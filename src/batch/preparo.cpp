@@ -61,11 +61,12 @@ std::uint64_t bytesDosKernels(const std::vector<MASCARA>& kernels) {
 }
 
 // Says how many bytes the kernels take.
-int confereKernels(const RECEITA& r) {
+int confereKernels(const RECEITA& r, const std::string& conteudo) {
   const fs::path kernel = r.kernel;
   fs::current_path(kernel.parent_path());  // messages give the name alone
   std::vector<MASCARA> kernels;
   leKernels(kernel.filename().string(), kernels, IMAGENS::nenhuma);
+  sugere::leRecado(conteudo, kernel.filename().string());
   if (kernels::grupos(kernels).empty()) {
     pim::erro(diz(linha::frases::erro, r.opcoes.idioma), diz(falas::semGrupo, r.opcoes.idioma));
   }
@@ -100,13 +101,17 @@ bool prepara(RECEITA& r, PREPARO& p) {
   TAREFAS t;
   t.quantas = 2;
   t.idioma = o.idioma;
-  t.faz = [&](std::size_t i) { return i == 0 ? confereParametros(r) : confereKernels(r); };
+  t.faz = [&](std::size_t i) {
+    return i == 0 ? confereParametros(r) : confereKernels(r, conteudo);
+  };
   t.acabou = [&](std::size_t i, const TERMINO& fim) {
     p.bytes = std::strtoull(fim.fala.c_str(), nullptr, 10);
     const std::string quem = i == 0 ? diz(falas::opcaoFiltra, o.idioma) : o.kernel;
     if (fim.estado != 0 && p.erro.empty()) p.erro = quem + ": " + motivo(fim, quem, o.idioma);
   };
-  return executaTarefas(t);
+  if (!executaTarefas(t)) return false;
+  if (p.erro.empty()) p.recado = sugere::leRecado(conteudo, o.kernel);
+  return true;
 }
 
 }  // namespace batch

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "batch/fotografia.h"
+#include "sugere/recado.h"
 
 namespace batch {
 
@@ -12,6 +13,7 @@ namespace batch {
 struct PREPARO {
   std::string erro;         // why the run can't begin, or empty
   std::uint64_t bytes = 0;  // of the kernels
+  sugere::RECADO recado;    // what kernel.cfg says beyond them
 };
 
 // Reads kernel.cfg once, keeps a copy of it in the building site (changes during the run must not

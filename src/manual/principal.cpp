@@ -10,6 +10,7 @@
 #include "batch/pedido/tabela.h"
 #include "manual/completa.h"
 #include "manual/roff.h"
+#include "proposta/tabela.h"
 #include "shell/tabela.h"
 
 // Makes the manual pages and the completions of all programs:
@@ -19,8 +20,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::array<linha::PROGRAMA, 3> programas = {shell::programa, apura::programa,
-                                                      batch::programa};
+constexpr std::array<linha::PROGRAMA, 4> programas = {shell::programa, apura::programa,
+                                                      batch::programa, proposta::programa};
 
 std::string le(const fs::path& nome) {
   std::ostringstream s;

@@ -248,13 +248,12 @@ TEST_P(UsoErrado, SaiCom2EUmaLinhaClaraSemDeixarNada) {
 }
 
 const std::vector<USO> usos = {
-    {"Nada", {}, "Erro: Falta kernel.cfg"},
+    {"Nada", {}, "Erro: Falta fotografia ou pasta"},
     {"SemFoto", {"kernel.cfg"}, "Erro: Falta fotografia ou pasta"},
     {"Opcao", {"--nada", "kernel.cfg", "fotos"}, "Erro: Opcao desconhecida --nada"},
     {"SemKernel",
      {"nenhum.cfg", "fotos"},
      "Erro: nenhum.cfg inexistente ou ilegivel (nao existe)"},
-    {"KernelPasta", {"fotos", "fotos"}, "Erro: fotos inexistente ou ilegivel (e' uma pasta)"},
     {"KernelRuim", {"ruim.cfg", "fotos"}, "Erro: ruim.cfg: Palavra desconhecida triangulo"},
     {"KernelSemGrupo",
      {"sem grupo.cfg", "fotos"},
@@ -281,7 +280,7 @@ TEST_F(Lote, AjudaEVersaoSaemComZero) {
   for (const char* opcao : {"-h", "--ajuda", "--help"}) {
     const CORRIDA ajuda = rodaLote({opcao});
     EXPECT_EQ(ajuda.estado, 0);
-    EXPECT_TRUE(ajuda.saida.starts_with("vorplex-lote [opcoes] kernel.cfg FOTO|PASTA...\n"));
+    EXPECT_TRUE(ajuda.saida.starts_with("vorplex-lote [opcoes] [kernel.cfg] FOTO|PASTA...\n"));
     for (const char* nome : {"-o, --saida PASTA", "--sensibilidade", "-w, --peso", "-h, --ajuda"}) {
       EXPECT_NE(ajuda.saida.find(nome), std::string::npos) << nome;
     }

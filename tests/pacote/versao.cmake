@@ -15,7 +15,7 @@ endfunction()
 
 mostra(texto ${PREFIXO}/bin/Vorplex contaform)
 confere("the banner" "${texto}" "multi-formas v" ">")
-foreach(programa vorplex-lote vorplex-apura)
+foreach(programa vorplex-lote vorplex-apura vorplex-sugere)
   mostra(texto ${PREFIXO}/bin/${programa} --versao)
   confere(${programa} "${texto}" "^${programa} " "\n$")
 endforeach()

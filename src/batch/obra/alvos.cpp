@@ -13,14 +13,15 @@
 namespace fs = std::filesystem;
 
 namespace batch {
-namespace {
 
-bool ehFoto(const fs::path& nome) {
+bool temSufixoDeFoto(const fs::path& nome) {
   constexpr std::array<std::string_view, 9> sufixos = {"pgm",  "ppm", "pnm",  "png", "jpg",
                                                        "jpeg", "tif", "tiff", "bmp"};
   const std::string s = pim::minuscula(pim::sufixo(nome.filename().string()));
   return std::find(sufixos.begin(), sufixos.end(), s) != sufixos.end();
 }
+
+namespace {
 
 // Where the file itself lies: links among the folders before it do not count.
 fs::path lugarCerto(const fs::path& arquivo) {
@@ -61,7 +62,7 @@ void BUSCA::entra(const fs::path& pasta) {
     const fs::path caminho = pasta / nome;
     if (fs::is_directory(caminho, falha)) {
       dentro.push_back(caminho);
-    } else if (ehFoto(nome)) {
+    } else if (temSufixoDeFoto(nome)) {
       toma(caminho);
     }
   }
@@ -136,6 +137,7 @@ std::vector<std::string> nomesDeResultados(const std::vector<fs::path>& arquivos
   }
 
   std::set<std::string> usados(arquivosDoConjunto.begin(), arquivosDoConjunto.end());
+  usados.insert(arquivoDaEscolha);
   for (std::string& nome : nomes) {
     const std::string base = nome;
     for (int n = 2; !usados.insert(nome).second; ++n) nome = base + '-' + std::to_string(n);

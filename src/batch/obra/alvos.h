@@ -12,12 +12,16 @@ struct ALVO {
   std::string nome;               // of its folder of results, and of the files in it
 };
 
+// Whether the name ends as those of pictures do: pgm, ppm, pnm, png, jpg, jpeg, tif, tiff, bmp, in
+// any letter case.
+bool temSufixoDeFoto(const std::filesystem::path& nome);
+
 // The photographs that the inputs name, in order. A file is taken whatever its suffix, even if it
-// can't be read, which is told when its turn comes. A folder gives its pictures (pgm, ppm, pnm,
-// png, jpg, jpeg, tif, tiff, bmp, in any letter case) by name, then, when `recursivo`, those of its
-// folders, each folder once; names that begin with a point are left out, and so are the folder
-// `saida` and the folders of results that it or another run has made. A photograph named twice is
-// taken once. A folder that can't be listed is taken for a photograph, so that it is told too.
+// can't be read, which is told when its turn comes. A folder gives its pictures, known by their
+// suffixes, by name, then, when `recursivo`, those of its folders, each folder once; names that
+// begin with a point are left out, and so are the folder `saida` and the folders of results that it
+// or another run has made. A photograph named twice is taken once. A folder that can't be listed is
+// taken for a photograph, so that it is told too.
 std::vector<ALVO> achaAlvos(const std::vector<std::string>& entradas, bool recursivo,
                             const std::string& saida);
 

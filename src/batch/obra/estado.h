@@ -24,6 +24,9 @@ inline constexpr const char* arquivoDasMensagens = "mensagens.txt";
 inline constexpr std::array<const char*, 3> arquivosDoConjunto = {"graos.csv", "resumo.csv",
                                                                   "relatorio.html"};
 
+// The kernel.cfg of a run that was given none, beside them too.
+inline constexpr const char* arquivoDaEscolha = "kernel.cfg";
+
 // The fitted grains in full, from which the measures are made.
 inline constexpr const char* arquivoDosApurados = ".vorplex-apurado";
 

@@ -10,7 +10,6 @@ namespace batch {
 namespace falas {
 
 // Wrong use.
-inline constexpr exporta::FRASE faltaKernel = {"Falta kernel.cfg", "kernel.cfg is missing"};
 inline constexpr exporta::FRASE faltaFoto = {"Falta fotografia ou pasta",
                                              "No photograph or folder given"};
 inline constexpr exporta::FRASE escalaRuim = {
@@ -38,6 +37,8 @@ inline constexpr exporta::FRASE peneirasRuins = {
     "Invalid sieves %s (ascending apertures above 0, such as 0.5,1,2,4)"};
 inline constexpr exporta::FRASE processosRuins = {"Numero de processos invalido %s (1 a 1024)",
                                                   "Invalid number of processes %s (1 to 1024)"};
+inline constexpr exporta::FRASE amostraRuim = {"Amostra invalida %s (1 a 1000)",
+                                               "Invalid sample %s (1 to 1000)"};
 inline constexpr exporta::FRASE saidaVazia = {"Pasta de saida sem nome",
                                               "Output folder without a name"};
 inline constexpr exporta::FRASE semFotos = {"Nenhuma fotografia em %s", "No photograph in %s"};

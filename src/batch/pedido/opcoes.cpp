@@ -13,6 +13,8 @@
 namespace batch {
 namespace {
 
+constexpr int maiorAmostra = 1000;
+
 bool leReal(const std::string& texto, double& x) {
   return pim::paraNumero(texto, x) && std::isfinite(x);
 }
@@ -25,6 +27,13 @@ bool lePeneiras(const std::string& texto, std::vector<double>& v) {
     if (!leReal(parte, x) || !(x > (v.empty() ? 0 : v.back()))) return false;
     v.push_back(x);
   }
+  return true;
+}
+
+bool leAmostra(const std::string& texto, std::size_t& n) {
+  int lido = 0;
+  if (!pim::paraNumero(texto, lido) || lido < 1 || lido > maiorAmostra) return false;
+  n = static_cast<std::size_t>(lido);
   return true;
 }
 
@@ -53,6 +62,8 @@ const exporta::FRASE* guardaValor(int letra, const std::string& valor, OPCOES_LO
       return linha::lePalavra(valor, grandezas, o.grandeza) ? nullptr : &falas::grandezaRuim;
     case 'w':
       return linha::lePalavra(valor, pesos, o.peso) ? nullptr : &falas::pesoRuim;
+    case amostra:
+      return leAmostra(valor, o.amostra) ? nullptr : &falas::amostraRuim;
     case 'p':
       return lePeneiras(valor, o.peneiras) ? nullptr : &falas::peneirasRuins;
     default:
@@ -94,7 +105,8 @@ std::string conflito(const OPCOES_LOTE& o, const PROPRIAS& p) {
 
 }  // namespace
 
-std::string leOpcoes(const std::vector<std::string>& args, OPCOES_LOTE& o) {
+std::string leOpcoes(const std::vector<std::string>& args, OPCOES_LOTE& o,
+                     const EH_ENTRADA& ehEntrada) {
   std::vector<std::string> palavras = {programa.nome};
   palavras.insert(palavras.end(), args.begin(), args.end());
   PROPRIAS proprias;
@@ -107,9 +119,9 @@ std::string leOpcoes(const std::vector<std::string>& args, OPCOES_LOTE& o) {
   if (!errada.empty()) return errada;
   std::string briga = conflito(o, proprias);
   if (!briga.empty()) return briga;
-  if (palavras.empty()) return diz(falas::faltaKernel, o.idioma);
-  o.kernel = palavras.front();
-  o.entradas.assign(palavras.begin() + 1, palavras.end());
+  const bool temKernel = !palavras.empty() && !(ehEntrada && ehEntrada(palavras.front()));
+  if (temKernel) o.kernel = palavras.front();
+  o.entradas.assign(palavras.begin() + (temKernel ? 1 : 0), palavras.end());
   return o.entradas.empty() ? diz(falas::faltaFoto, o.idioma) : "";
 }
 

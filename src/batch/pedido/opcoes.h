@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -13,7 +15,7 @@ namespace batch {
 
 // What the command line of vorplex-lote asks for.
 struct OPCOES_LOTE {
-  std::string kernel;                 // kernel.cfg
+  std::string kernel;                 // kernel.cfg; empty: to be chosen by the photographs
   std::vector<std::string> entradas;  // photographs and folders, as given
   std::string saida = "resultado";
   measure::ESCALA escala;
@@ -24,6 +26,7 @@ struct OPCOES_LOTE {
   measure::GRANDEZA grandeza = measure::GRANDEZA::equivalente;
   measure::PESO peso = measure::PESO::numero;
   std::vector<double> peneiras;
+  std::size_t amostra = 8;  // photographs that are looked at for the choice
   bool semBorda = false;
   bool inverte = false;
   int processos = 0;  // photographs at a time; 0: to be chosen
@@ -35,10 +38,15 @@ struct OPCOES_LOTE {
   exporta::IDIOMA idioma = exporta::IDIOMA::pt;
 };
 
-// Options may stand anywhere before "--"; the first word that is none is kernel.cfg, the others are
-// photographs. Returns what is wrong, in the language asked for, or an empty text. What only the
-// sub-programs can judge (the parameters of filtra, kernel.cfg) is not looked at.
-std::string leOpcoes(const std::vector<std::string>& args, OPCOES_LOTE& o);
+// Whether the first word is a photograph or a folder, and no kernel.cfg.
+using EH_ENTRADA = std::function<bool(const std::string& palavra)>;
+
+// Options may stand anywhere before "--"; the first word that is none is kernel.cfg unless
+// `ehEntrada` says otherwise, the others are photographs. Returns what is wrong, in the language
+// asked for, or an empty text. What only the sub-programs can judge (the parameters of filtra,
+// kernel.cfg) is not looked at.
+std::string leOpcoes(const std::vector<std::string>& args, OPCOES_LOTE& o,
+                     const EH_ENTRADA& ehEntrada = {});
 
 // The smallest correlation to search with: the one given, else for fitting so low that hardly a
 // grain is missed (what is none goes later), else empty, for the default of the search.

@@ -10,7 +10,7 @@
 
 namespace batch {
 
-enum OPCAO_DO_LOTE { metodo = 256, semBorda, refaz };
+enum OPCAO_DO_LOTE { metodo = 256, semBorda, refaz, amostra };
 
 // In the order of measure::METODO, GRANDEZA and PESO.
 inline constexpr std::array<linha::FRASE, 2> metodos = {
@@ -21,15 +21,16 @@ inline constexpr std::array<linha::FRASE, 3> pesos = {
     {{"numero", "number"}, {"area", "area"}, {"volume", "volume"}}};
 
 inline constexpr std::array<linha::OPERANDO, 2> operandos = {{
-    {{"kernel.cfg", "kernel.cfg"},
-     {"as formas e os tamanhos que se procuram", "the shapes and sizes to look for"},
+    {{"[kernel.cfg]", "[kernel.cfg]"},
+     {"as formas e os tamanhos que se procuram (sem ele, escolhidos pelas fotografias)",
+      "the shapes and sizes to look for (without it, chosen by the photographs)"},
      linha::TIPO::kernel},
     {{"FOTO|PASTA...", "PHOTO|FOLDER..."},
      {"fotografias, e pastas com fotografias", "photographs, and folders of photographs"},
      linha::TIPO::fotos},
 }};
 
-inline constexpr std::array<linha::OPCAO, 5> opcoesDaProcura = {{
+inline constexpr std::array<linha::OPCAO, 6> opcoesDaProcura = {{
     {metodo,
      "metodo",
      "method",
@@ -39,6 +40,12 @@ inline constexpr std::array<linha::OPCAO, 5> opcoesDaProcura = {{
       "classic: filters the detections"},
      {"METODO", "METHOD"},
      metodos},
+    {amostra,
+     "amostra",
+     "sample",
+     {"sem kernel.cfg: quantas fotografias olhar para escolher (default: 8)",
+      "without kernel.cfg: how many photographs to look at to choose (default: 8)"},
+     {"N", "N"}},
     {'i', "inverte", "invert", {"grãos claros em fundo escuro", "bright grains on dark ground"}},
     {'c',
      "min-corr",

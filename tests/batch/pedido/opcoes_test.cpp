@@ -40,6 +40,19 @@ TEST(LeOpcoes, SemOpcoesValemOsDefaults) {
                o.versao);
 }
 
+TEST(LeOpcoes, SemKernelQuandoAPrimeiraPalavraEhEntrada) {
+  OPCOES_LOTE o;
+  const auto ehEntrada = [](const std::string& s) { return s == "fotos"; };
+  EXPECT_EQ(leOpcoes({"--amostra", "3", "fotos", "k.cfg"}, o, ehEntrada), "");
+  EXPECT_EQ(o.kernel, "");
+  EXPECT_EQ(o.entradas, (std::vector<std::string>{"fotos", "k.cfg"}));
+  EXPECT_EQ(o.amostra, 3U);
+  OPCOES_LOTE p;
+  EXPECT_EQ(leOpcoes({"k.cfg", "fotos"}, p, ehEntrada), "");
+  EXPECT_EQ(p.kernel, "k.cfg");
+  EXPECT_EQ(recusa({"--sample", "0", "fotos"}), "Amostra invalida 0 (1 a 1000)");
+}
+
 TEST(LeOpcoes, LetrasENomesDizemOMesmo) {
   const std::vector<std::vector<std::string>> formas = {
       {"--metodo", "classico", "-o", "s",     "-e", "0.05mm", "-f", "default 0.3 0.1",
@@ -170,7 +183,7 @@ TEST_P(OpcoesRuins, SaoRecusadasComSeuNome) {
 }
 
 const std::vector<CASO> ruins = {
-    {"Nada", {}, "Falta kernel.cfg"},
+    {"Nada", {}, "Falta fotografia ou pasta"},
     {"Metodo", {"--metodo", "novo", "k", "f"}, "Metodo invalido novo (apurado ou classico)"},
     {"FiltraDoApurado",
      {"-f", "default 0.3 0.1", "k", "f"},
@@ -180,7 +193,7 @@ const std::vector<CASO> ruins = {
      "--familias, --tamanhos, --sobreposicao, --sensibilidade e --sem-letras pertencem ao metodo "
      "apurado"},
     {"Sensibilidade", {"--sensibilidade", "2", "k", "f"}, "Sensibilidade invalida 2 (0 a 1)"},
-    {"SoOpcao", {"-r"}, "Falta kernel.cfg"},
+    {"SoOpcao", {"-r"}, "Falta fotografia ou pasta"},
     {"SoKernel", {"k.cfg"}, "Falta fotografia ou pasta"},
     {"LetraDesconhecida", {"-x", "k", "f"}, "Opcao desconhecida -x"},
     {"LetraDesconhecidaNoMeio", {"--quieto", "-rx", "k", "f"}, "Opcao desconhecida -x"},
