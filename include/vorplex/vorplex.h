@@ -13,6 +13,7 @@
 // (x), and positive angles turn clockwise as seen on the screen. Text is in UTF-8.
 
 #include "vorplex/detection.h"  // IWYU pragma: export
+#include "vorplex/draw.h"       // IWYU pragma: export
 #include "vorplex/error.h"      // IWYU pragma: export
 #include "vorplex/filter.h"     // IWYU pragma: export
 #include "vorplex/image.h"      // IWYU pragma: export

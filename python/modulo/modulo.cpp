@@ -82,6 +82,22 @@ py::array_t<std::uint8_t> cinza(const py::array& a) {
   return matriz(semInterpretador([&] { return vorplex::grey(p); }), {a.shape(0), a.shape(1)});
 }
 
+py::array_t<std::uint8_t> desenha(const py::array& a, const DETECCOES& d, vorplex::Outline contorno,
+                                  bool indices, vorplex::Centre centro) {
+  const vorplex::Picture p = figura(a);
+  const std::vector<vorplex::Detection> v = deteccoes(d);
+  return matriz(semInterpretador([&] {
+                  return vorplex::draw(p, v, {contorno, indices, centro});
+                }),
+                {a.shape(0), a.shape(1), 3});
+}
+
+py::array_t<std::int32_t> rotula(py::ssize_t linhas, py::ssize_t colunas, const DETECCOES& d) {
+  const std::vector<vorplex::Detection> v = deteccoes(d);
+  return matriz(semInterpretador([&] { return vorplex::labels(extensao(linhas, colunas), v); }),
+                {linhas, colunas});
+}
+
 void registraKernels(py::module_& m) {
   py::class_<vorplex::Kernels>(m, "Kernels",
                                R"(A set of kernels: the shapes that a search looks for.
@@ -127,6 +143,19 @@ void registraOpcoes(py::module_& m) {
       .value("volume", vorplex::Weight::volume);
 }
 
+void registraDesenho(py::module_& m) {
+  py::enum_<vorplex::Outline>(m, "Outline")
+      .value("exact", vorplex::Outline::exact)
+      .value("thin", vorplex::Outline::thin)
+      .value("bold", vorplex::Outline::bold);
+  py::enum_<vorplex::Centre>(m, "Centre")
+      .value("none", vorplex::Centre::none)
+      .value("thin", vorplex::Centre::thin)
+      .value("bold", vorplex::Centre::bold);
+  m.def("draw", desenha);
+  m.def("labels", rotula);
+}
+
 void registraListas(py::module_& m) {
   m.def("read_ho", [](const py::bytes& nome) {
     const std::string arquivo(nome);
@@ -149,6 +178,7 @@ PYBIND11_MODULE(_vorplex, m) {
   registraKernels(m);
   registraOpcoes(m);
   registraListas(m);
+  registraDesenho(m);
   m.def("grey", cinza);
   m.def("search", procura<py::array_t<std::uint8_t>>);
   m.def("search_floats", procura<py::array_t<float>>);

@@ -47,6 +47,7 @@ several threads at once. What goes wrong raises `vorplex.Error` with the text of
 is in Portuguese, or `TypeError` for what is not of the kind described here.
 """
 
+from ._drawing import draw, labels
 from ._errors import Cancelled, Error, Kernels
 from ._files import read_ho, write_ho
 from ._finding import Progress, filter, kernels, refine, search
@@ -62,8 +63,10 @@ __all__ = [
     "__version__",
     "detection_dtype",
     "distribution",
+    "draw",
     "filter",
     "kernels",
+    "labels",
     "measure",
     "read_ho",
     "refine",

@@ -38,6 +38,28 @@ class Weight:
     volume: Weight
     __members__: dict[str, Weight]
 
+class Outline:
+    exact: Outline
+    thin: Outline
+    bold: Outline
+    __members__: dict[str, Outline]
+
+class Centre:
+    none: Centre
+    thin: Centre
+    bold: Centre
+    __members__: dict[str, Centre]
+
+def draw(
+    image: npt.NDArray[Any],
+    detections: npt.NDArray[np.void],
+    outline: Outline,
+    indices: bool,
+    centre: Centre,
+) -> npt.NDArray[np.uint8]: ...
+def labels(
+    rows: int, columns: int, detections: npt.NDArray[np.void]
+) -> npt.NDArray[np.int32]: ...
 def kernels_from_text(text: str) -> Kernels: ...
 def kernels_from_file(path: bytes) -> Kernels: ...
 def read_ho(path: bytes) -> npt.NDArray[np.void]: ...

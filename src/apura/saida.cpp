@@ -4,8 +4,8 @@
 #include <system_error>
 #include <vector>
 
-#include "apura/contornos.h"
 #include "apura/frases.h"
+#include "estampa/contornos.h"
 #include "export/graoscsv.h"
 #include "export/parcial.h"
 #include "pim/codecs.h"
@@ -31,8 +31,8 @@ void impLista(const measure::FOTOGRAFIA& foto, const std::string& nome) {
 }
 
 void impImagem(const OPCOES& o, const measure::FOTOGRAFIA& foto, cv::Mat_<pim::VEC3B>& cores) {
-  desenhaContornos(cores, foto.graos);
-  if (o.indices) desenhaIndices(cores, foto.graos);
+  estampa::desenhaContornos(cores, foto.graos);
+  if (o.indices) estampa::desenhaIndices(cores, foto.graos);
   exporta::gravaAparte(o.saida, [&](const std::string& aparte) { pim::imp(cores, aparte); });
 }
 

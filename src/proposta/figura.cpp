@@ -4,7 +4,7 @@
 #include <cmath>
 #include <string>
 
-#include "apura/contornos.h"
+#include "estampa/contornos.h"
 #include "measure/grao.h"
 #include "pim/letreiro.h"
 
@@ -20,7 +20,7 @@ cv::Mat_<pim::VEC3B> quadro(const sugere::OLHADA& o, bool inverte) {
   for (const sugere::INDICIO& i : inverte ? o.claros : o.escuros) {
     graos.push_back({i.figura, static_cast<float>(i.correl), i.apoio, i.contraste, {}});
   }
-  apura::desenhaContornos(img, measure::medeApurados(graos, img.rows, img.cols));
+  estampa::desenhaContornos(img, measure::medeApurados(graos, img.rows, img.cols));
   pim::putTxt(img, 0, 0, std::to_string(o.vista.foto + 1), pim::VEC3B(0, 0, 255), 1, false,
               pim::VEC3B(255, 255, 255));
   return img;

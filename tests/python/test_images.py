@@ -117,6 +117,7 @@ def test_what_is_no_image(wrong, kernels):
     for act in (
         lambda: vorplex.search(wrong, kernels),
         lambda: vorplex.refine(wrong, np.zeros(0, vorplex.detection_dtype)),
+        lambda: vorplex.draw(wrong, np.zeros(0, vorplex.detection_dtype)),
     ):
         with pytest.raises(TypeError, match=r"uint8, uint16 or float32 .*\(rows, columns, 3\)"):
             act()

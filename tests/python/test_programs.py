@@ -84,6 +84,14 @@ def test_refine_and_measure(folder, kernels, seed):
         assert grains[field].tolist() == [float(row[column]) for row in told], field
 
 
+def read_ppm(path):
+    with open(path, "rb") as file:
+        assert file.readline() == b"P6\n"
+        columns, rows = map(int, file.readline().split())
+        assert file.readline() == b"255\n"
+        return np.frombuffer(file.read(), np.uint8).reshape(rows, columns, 3)
+
+
 def summary(folder):
     with open(folder / "resultado" / "resumo.csv", newline="", encoding="utf-8") as file:
         return list(csv.DictReader(file))[-1]
@@ -108,6 +116,36 @@ def test_distribution(folder, weight, peso, size, grandeza):
         column = next(c for c in told if c.lower().startswith(name + "_"))
         assert getattr(said, name) == float(told[column]), name
     assert math.isfinite(said.sorting)
+
+
+@pytest.mark.parametrize(
+    "words, options",
+    [
+        ("", {"outline": "thin"}),
+        ("C i", {"outline": "bold", "indices": True}),
+        ("i p", {"outline": "thin", "indices": True, "centre": "thin"}),
+        ("P", {"outline": "thin", "centre": "bold"}),
+    ],
+)
+def test_draw_as_traca(folder, kernels, words, options):
+    image = list(kinds(6))[len(words)]
+    write("foto.png", image)
+    found = vorplex.search(image, kernels, 0.1)
+    vorplex.write_ho("foto.ho1", found)
+    run("Vorplex", "traca", "foto.png", "foto.ho1", "formas.ppm", *words.split())
+    assert (vorplex.draw(image, found, **options) == read_ppm("formas.ppm")).all()
+
+
+@pytest.mark.parametrize("indices", [False, True])
+def test_draw_as_apura(folder, kernels, indices):
+    image = grey(12)
+    write("foto.png", image)
+    vorplex.write_ho("foto.ho1", vorplex.search(image, kernels, 0.02))
+    words = ["--indices"] if indices else []
+    run("vorplex-apura", *words, "foto.png", "foto.ho1", "formas.ppm")
+    grains = vorplex.refine(image, vorplex.read_ho("foto.ho1"))
+    assert len(grains) > 0
+    assert (vorplex.draw(image, grains, indices=indices) == read_ppm("formas.ppm")).all()
 
 
 def test_kernels_of_a_file_are_those_of_its_text(folder):

@@ -69,6 +69,8 @@ def test_nothing_found(image, kernels):
     assert empty.shape == (0,) and empty.dtype == vorplex.detection_dtype
     assert len(vorplex.filter(image.shape, empty)) == 0
     assert len(vorplex.refine(image, empty)) == 0
+    assert (vorplex.draw(image, empty) == image[..., None]).all()
+    assert not vorplex.labels(image.shape, empty).any()
     assert len(vorplex.measure(empty, "1mm", image.shape)) == 0
     said = vorplex.distribution(vorplex.measure(empty))
     assert said.grains == 0 and all(math.isnan(x) for x in said[1:])
@@ -97,6 +99,8 @@ def test_what_is_no_table(wrong, image):
         lambda: vorplex.filter(image.shape, wrong),
         lambda: vorplex.refine(image, wrong),
         lambda: vorplex.measure(wrong),
+        lambda: vorplex.draw(image, wrong),
+        lambda: vorplex.labels(image.shape, wrong),
         lambda: vorplex.write_ho("never.ho1", wrong),
     ):
         with pytest.raises(TypeError, match="columns|letter"):

@@ -1,12 +1,12 @@
-#include "apura/contornos.h"
+#include "estampa/contornos.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <random>
 
-using apura::desenhaContornos;
-using apura::desenhaIndices;
+using estampa::desenhaContornos;
+using estampa::desenhaIndices;
 using measure::GRAO;
 
 namespace {

@@ -1,4 +1,4 @@
-#include "apura/contornos.h"
+#include "estampa/contornos.h"
 
 #include <algorithm>
 #include <opencv2/imgproc.hpp>
@@ -7,7 +7,7 @@
 #include "measure/contorno.h"
 #include "pim/letreiro.h"
 
-namespace apura {
+namespace estampa {
 namespace {
 
 // Colours that colour-blind readers tell apart too (Okabe and Ito 2008), as on the report page.
@@ -44,4 +44,4 @@ void desenhaIndices(cv::Mat_<pim::VEC3B>& foto, const std::vector<measure::GRAO>
   }
 }
 
-}  // namespace apura
+}  // namespace estampa

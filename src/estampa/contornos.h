@@ -6,7 +6,7 @@
 #include "measure/grao.h"
 #include "pim/converte.h"
 
-namespace apura {
+namespace estampa {
 
 // Draws the exact outline of each grain into the photograph, in place: a smoothed line a pixel wide
 // through the outline's own fractions of a pixel, in the colour of its letter.
@@ -15,4 +15,4 @@ void desenhaContornos(cv::Mat_<pim::VEC3B>& foto, const std::vector<measure::GRA
 // Writes the index of each grain beside it.
 void desenhaIndices(cv::Mat_<pim::VEC3B>& foto, const std::vector<measure::GRAO>& graos);
 
-}  // namespace apura
+}  // namespace estampa
