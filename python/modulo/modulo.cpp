@@ -1,9 +1,13 @@
 #include <pybind11/pybind11.h>
 #include <pybind11/stl.h>
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "aviso.h"
@@ -75,6 +79,20 @@ py::array_t<APURADO> apura(const py::array_t<std::uint8_t>& a, const DETECCOES& 
   const vorplex::Image img = imagem(a);
   const std::vector<vorplex::Detection> entrada = deteccoes(d);
   return matriz(semInterpretador([&] { return vorplex::refine(img, entrada, opcoes); }));
+}
+
+py::dict sugere(const std::vector<py::array_t<std::uint8_t>>& fotos, std::optional<bool> claros,
+                const std::string& formas, std::size_t amostra, int fios) {
+  std::vector<vorplex::Image> imagens;
+  imagens.reserve(fotos.size());
+  for (const auto& a : fotos) imagens.push_back(imagem(a));
+  const vorplex::Suggestion s = semInterpretador([&] {
+    return vorplex::suggest(imagens, {claros, formas, amostra, true, fios});
+  });
+  using namespace py::literals;  // NOLINT(*-using-namespace)
+  return py::dict("text"_a = s.text, "bright"_a = s.bright, "min_corr"_a = s.min_correlation,
+                  "shapes"_a = s.shapes, "min_size"_a = s.min_size, "max_size"_a = s.max_size,
+                  "share"_a = s.share, "both"_a = s.both, "found"_a = s.found);
 }
 
 py::array_t<std::uint8_t> cinza(const py::array& a) {
@@ -182,6 +200,7 @@ PYBIND11_MODULE(_vorplex, m) {
   m.def("grey", cinza);
   m.def("search", procura<py::array_t<std::uint8_t>>);
   m.def("search_floats", procura<py::array_t<float>>);
+  m.def("suggest", sugere);
   m.def("filter", filtra);
   m.def("refine", apura);
   m.def("measure", mede);

@@ -50,7 +50,7 @@ is in Portuguese, or `TypeError` for what is not of the kind described here.
 from ._drawing import draw, labels
 from ._errors import Cancelled, Error, Kernels
 from ._files import read_ho, write_ho
-from ._finding import Progress, filter, kernels, refine, search
+from ._finding import Progress, Suggestion, filter, kernels, refine, search, suggest
 from ._measuring import Distribution, distribution, measure
 from ._vorplex import detection_dtype, version as __version__
 
@@ -60,6 +60,7 @@ __all__ = [
     "Error",
     "Kernels",
     "Progress",
+    "Suggestion",
     "__version__",
     "detection_dtype",
     "distribution",
@@ -71,5 +72,6 @@ __all__ = [
     "read_ho",
     "refine",
     "search",
+    "suggest",
     "write_ho",
 ]

@@ -70,6 +70,10 @@ def kernels(text_or_path: Path) -> Kernels:
     return _vorplex.kernels_from_file(os.fsencode(text_or_path))
 
 
+def _processors(threads: Optional[int]) -> int:
+    return len(os.sched_getaffinity(0)) if threads is None else threads
+
+
 def _main_thread() -> bool:
     return threading.current_thread() is threading.main_thread()
 
@@ -311,6 +315,95 @@ def refine(
     options.max_overlap = max_overlap
     options.sensitivity = sensitivity
     options.keep_shapes = keep_shapes
-    options.threads = len(os.sched_getaffinity(0)) if threads is None else threads
+    options.threads = _processors(threads)
     given = _arrays.rows(detections, _vorplex.detection_dtype, "detections")
     return _vorplex.refine(_arrays.grey(image), given, options)
+
+
+class Suggestion(NamedTuple):
+    """What to search for, and what was seen; sizes are diameters of equal area in pixels."""
+
+    kernels: Kernels
+    text: str
+    bright: bool
+    min_corr: float
+    shapes: str
+    min_size: float
+    max_size: float
+    share: float
+    both: bool
+    found: bool
+
+
+def suggest(
+    images: Union[npt.ArrayLike, Sequence[npt.ArrayLike]],
+    *,
+    bright: Optional[bool] = None,
+    shapes: str = "cqre",
+    sample: int = 8,
+    threads: Optional[int] = None,
+) -> Suggestion:
+    """
+    Choose what to search for in images of which nothing is known.
+
+    Looks at parts of some of the images, about as many pixels as one photograph has.
+
+    Parameters
+    ----------
+    images : array_like or sequence of array_like
+        An image, or several of one kind: uint8, uint16 or float32; grey, RGB or RGBA.
+    bright : bool, optional
+        Whether grains are brighter than their ground, if that is known beforehand.
+    shapes : str, default "cqre"
+        The shapes that a grain may have: circle, square, rectangle, ellipse.
+    sample : int, default 8
+        How many images are looked at.
+    threads : int, optional
+        How many threads to use, as many as there are processors if not given. The result doesn't
+        depend on it.
+
+    Returns
+    -------
+    Suggestion
+        A named tuple of
+
+        - `kernels`: for `search`;
+        - `text`: what they were made of, a `kernel.cfg` with comments;
+        - `bright`: grains are brighter than their ground; search ``255 - image``;
+        - `min_corr`: for `search`;
+        - `shapes`: those of the kernels;
+        - `min_size`, `max_size`: diameters of equal area of the grains that were seen, pixels;
+        - `share`: of this polarity in all that was seen, 0 to 1;
+        - `both`: many grains are of the other polarity;
+        - `found`: any grain was seen; if not, the kernels are of general use.
+
+    Raises
+    ------
+    Error
+        When an option is out of range.
+    TypeError
+        When an image is of another kind.
+
+    See Also
+    --------
+    kernels : Say by yourself what to search for.
+
+    Examples
+    --------
+    >>> import numpy as np
+    >>> import vorplex
+    >>> image = np.full((200, 240), 40, np.uint8)
+    >>> for row in range(30, 190, 45):
+    ...     for column in range(30, 220, 45):
+    ...         image[row - 9 : row + 10, column - 9 : column + 10] = 170
+    >>> chosen = vorplex.suggest(image)
+    >>> chosen.found, chosen.bright
+    (True, True)
+    >>> found = vorplex.search(255 - image, chosen.kernels, chosen.min_corr)
+    >>> len(vorplex.refine(255 - image, found))
+    20
+    """
+    one = hasattr(images, "__array__") or hasattr(images, "__array_interface__")
+    greys = [_arrays.grey(image) for image in ([images] if one else images)]  # type: ignore
+    said = _vorplex.suggest(greys, bright, shapes, sample, _processors(threads))
+    return Suggestion(kernels=_vorplex.kernels_from_text(said["text"]), **said)

@@ -79,6 +79,13 @@ def search_floats(
     progress: Optional[Callable[[int, int, int], bool]],
     watched: bool,
 ) -> npt.NDArray[np.void]: ...
+def suggest(
+    images: list[npt.NDArray[np.uint8]],
+    bright: Optional[bool],
+    shapes: str,
+    sample: int,
+    threads: int,
+) -> dict[str, Any]: ...
 def filter(
     rows: int,
     columns: int,

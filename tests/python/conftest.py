@@ -81,6 +81,14 @@ def write_tiff(path, pixels):
         file.write(struct.pack("<I", 0) + short[0] + short[1] + data)
 
 
+def read_ppm(path):
+    with open(path, "rb") as file:
+        assert file.readline() == b"P6\n"
+        columns, rows = map(int, file.readline().split())
+        assert file.readline() == b"255\n"
+        return np.frombuffer(file.read(), np.uint8).reshape(rows, columns, 3)
+
+
 def write(path, pixels):
     (write_tiff if pixels.dtype == np.float32 else write_png)(path, pixels)
 

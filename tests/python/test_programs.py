@@ -7,7 +7,7 @@ import numpy as np
 import pytest
 
 import vorplex
-from conftest import TEXT, grey, run, scene, write
+from conftest import TEXT, grey, read_ppm, run, scene, write
 
 
 def kinds(seed):
@@ -82,14 +82,6 @@ def test_refine_and_measure(folder, kernels, seed):
     assert grains["correlation"].tolist() == [np.float32(row["correlacao"]) for row in told]
     for column, field in COLUMNS.items():
         assert grains[field].tolist() == [float(row[column]) for row in told], field
-
-
-def read_ppm(path):
-    with open(path, "rb") as file:
-        assert file.readline() == b"P6\n"
-        columns, rows = map(int, file.readline().split())
-        assert file.readline() == b"255\n"
-        return np.frombuffer(file.read(), np.uint8).reshape(rows, columns, 3)
 
 
 def summary(folder):

@@ -132,6 +132,23 @@ def test_refine_with_any_number_of_threads(kernels):
         assert same(many, one)
 
 
+def test_suggestion():
+    image = grey(11, rows=240, columns=320)
+    one = vorplex.suggest(image, threads=1)
+    assert one.found and not one.bright
+    assert same(one.kernels.table, vorplex.kernels(one.text).table)
+    assert len(one.kernels) > 0 and 0 < one.min_size <= one.max_size
+    for images in ([image], (image,), (i for i in [image]), image[..., None].repeat(3, axis=2)):
+        assert vorplex.suggest(images, threads=2)[1:] == one[1:]
+    assert vorplex.suggest(255 - image).bright
+    assert not vorplex.suggest(np.full((50, 50), 128, np.uint8)).found
+    assert set(vorplex.suggest([image, image[::-1]], shapes="cq", bright=False).shapes) <= set("cq")
+    with pytest.raises(TypeError, match="uint8, uint16 or float32"):
+        vorplex.suggest([image, [[1.0]]])
+    with pytest.raises(vorplex.Error):
+        vorplex.suggest(image, sample=0)
+
+
 def resident():
     with open("/proc/self/statm", encoding="ascii") as file:
         return int(file.read().split()[1]) * os.sysconf("SC_PAGE_SIZE")
