@@ -1,13 +1,11 @@
 #include "vorplex/draw.h"
 
-#include <algorithm>
-#include <iterator>
+#include <cstddef>
 #include <opencv2/imgproc.hpp>
 
 #include "api/registros.h"
 #include "api/traduz.h"
 #include "draw/formas.h"
-#include "draw/traca.h"
 #include "estampa/contornos.h"
 #include "estampa/rotulos.h"
 #include "measure/grao.h"
@@ -29,8 +27,12 @@ void desenhaExatos(cv::Mat_<pim::VEC3B>& cores, const std::vector<Detection>& de
   const std::vector<::measure::GRAO> v = graos({cores.rows, cores.cols}, detections);
   estampa::desenhaContornos(cores, v);
   if (o.indices) estampa::desenhaIndices(cores, v);
-  if (o.centre == Centre::none) return;
-  cores = tracaCentros(cores, api::maxLocais(detections), o.centre == Centre::bold);
+}
+
+void traca(cv::Mat_<pim::VEC3B>& cores, const std::vector<MAXLOCAL>& v, const DrawOptions& o) {
+  for (std::size_t k = 0; k < v.size(); ++k) exigeDesenhavel(v[k], "", k);
+  cores = tracaFormas(cores, v, o.outline == Outline::bold, pim::VEC3B(0, 0, 255));
+  if (o.indices) cores = tracaIndices(cores, v);
 }
 
 }  // namespace
@@ -43,13 +45,14 @@ std::vector<std::uint8_t> draw(const Picture& picture, const std::vector<Detecti
     const cv::Mat vista(api::tamanho(picture.extent), CV_8UC3, saida.data());
     cv::Mat_<pim::VEC3B> cores;
     cv::cvtColor(vista, cores, cv::COLOR_RGB2BGR);
+    const std::vector<MAXLOCAL> v = api::maxLocais(detections);
     if (options.outline == Outline::exact) {
       desenhaExatos(cores, detections, options);
     } else {
-      const ::draw::TRACOS tracos = {options.outline == Outline::bold, options.indices,
-                                     options.centre != Centre::none,
-                                     options.centre == Centre::bold};
-      cores = ::draw::traca(cores, api::maxLocais(detections), tracos, "");
+      traca(cores, v, options);
+    }
+    if (options.centre != Centre::none) {
+      cores = tracaCentros(cores, v, options.centre == Centre::bold);
     }
     cv::cvtColor(cores, vista, cv::COLOR_BGR2RGB);
     return saida;
