@@ -17,6 +17,7 @@
 #include "draw/traca.h"
 #include "export/geojson.h"
 #include "export/graoscsv.h"
+#include "export/qml.h"
 #include "export/roi.h"
 #include "filter/filtinter.h"
 #include "filter/filtra.h"
@@ -125,6 +126,7 @@ std::size_t mede(const RECEITA& r, const ALVO& alvo, cv::Size tamanho) {
   const measure::FOTOGRAFIA foto = leFotografia(o, ".", alvo.nome, tamanho);
   impGraosCsv(foto, "graos.csv", o.idioma);
   impGeojson(foto, "graos.geojson", o.idioma);
+  exporta::impEstiloQgis("graos.qml", o.idioma);
   exporta::impRois(foto, "rois.zip");  // none without grains
   return foto.graos.size();
 }

@@ -11,6 +11,7 @@
 #include "batch/pedido/frases.h"
 #include "batch/processo/processo.h"
 #include "detect/procura.h"
+#include "export/coco.h"
 #include "export/graoscsv.h"
 #include "export/resumocsv.h"
 #include "export/valor.h"
@@ -99,6 +100,19 @@ std::string titulo(const OPCOES_LOTE& o) {
   return cv::format(diz(falas::tituloDaPagina, o.idioma), s.c_str());
 }
 
+// The last folder that all of the photographs are in.
+fs::path pastaComum(const std::vector<ALVO>& v) {
+  if (v.empty()) return {};
+  fs::path pasta = v.front().arquivo.parent_path();
+  const auto fora = [&](const ALVO& a) {
+    return *a.arquivo.lexically_relative(pasta).begin() == "..";
+  };
+  while (pasta.has_relative_path() && std::any_of(v.begin(), v.end(), fora)) {
+    pasta = pasta.parent_path();
+  }
+  return pasta;
+}
+
 page::PAGINA comecaPagina(const OPCOES_LOTE& o, const CONJUNTO& c) {
   page::PAGINA p;
   p.titulo = titulo(o);
@@ -127,6 +141,8 @@ void impConjunto(const OBRA& obra, const OPCOES_LOTE& o, const CONJUNTO& c) {
   const auto aqui = [&](const char* nome) { return (obra.pasta / nome).string(); };
   exporta::TABELA_GRAOS tabela =
       abreGraosCsv(aqui("graos.csv"), o.escala.unidade, o.idioma, o.metodo);
+  exporta::COCO coco = exporta::abreCoco(aqui("coco.json"), o.idioma);
+  const fs::path pasta = pastaComum(c.prontas);
   measure::ACUMULADO total;
   total.grandeza = o.grandeza;
   total.peso = o.peso;
@@ -136,12 +152,14 @@ void impConjunto(const OBRA& obra, const OPCOES_LOTE& o, const CONJUNTO& c) {
   for (std::size_t i = 0; i < c.prontas.size(); ++i) {
     measure::FOTOGRAFIA foto = leResultado(obra, o, c.prontas[i].nome);
     acrescenta(tabela, foto);
+    acrescenta(coco, foto, c.prontas[i].arquivo.lexically_relative(pasta).generic_string());
     acumula(total, foto);
     linhas.push_back({foto.nome, resume(foto, o.grandeza, o.peso, o.peneiras)});
     pagina.fotos.push_back(
         {foto.nome, figuras[i], cv::Size(foto.cols, foto.rows), std::move(foto.graos)});
   }
   conclui(std::move(tabela));
+  conclui(std::move(coco));
   impResumoCsv(linhas, resume(total, o.peneiras), aqui("resumo.csv"), o.idioma);
   impPagina(pagina, aqui("relatorio.html"));
   for (const char* nome : arquivosDoConjunto) assume(obra, nome);

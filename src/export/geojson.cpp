@@ -5,12 +5,11 @@
 
 #include "export/colunas.h"
 #include "export/parcial.h"
+#include "export/valor.h"
 #include "measure/contorno.h"
 
 namespace exporta {
 namespace {
-
-constexpr int casas = 10;
 
 void poePonto(std::string& s, const measure::PONTO& p, const measure::ESCALA& e) {
   s += '[';

@@ -51,6 +51,7 @@ inline constexpr FRASE erroD2 = {"erro_d2", "error_d2"};
 inline constexpr FRASE erroAngulo = {"erro_angulo_graus", "error_angle_deg"};
 
 // Shapes, one and many.
+inline constexpr FRASE grao = {"grao", "grain"};
 inline constexpr FRASE circulo = {"circulo", "circle"};
 inline constexpr FRASE quadrado = {"quadrado", "square"};
 inline constexpr FRASE retangulo = {"retangulo", "rectangle"};

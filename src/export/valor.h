@@ -21,7 +21,8 @@ void poeNumero(std::string& s, float x);
 void poeNumero(std::string& s, std::size_t x);
 void poeNumero(std::string& s, int x);
 
-// Appends a number with at most `digitos` significant digits, for coordinates.
+// Appends a number with at most `digitos` significant digits, for coordinates, which have `casas`.
+inline constexpr int casas = 10;
 void poeArredondado(std::string& s, double x, int digitos);
 
 // Appends a field of a CSV file by RFC 4180: quoted when it holds a comma, a semicolon (which

@@ -13,9 +13,11 @@ namespace {
 namespace fs = std::filesystem;
 
 // Named in full, so that no other folder is searched, least of all the one with the photographs.
+// Where the system does not tell which program this is, it is taken to be installed in its place.
 std::string caminhoDoModulo() {
   std::error_code falha;
-  const fs::path pasta = fs::read_symlink("/proc/self/exe", falha).parent_path();
+  const fs::path programa = fs::read_symlink("/proc/self/exe", falha);
+  const fs::path pasta = falha ? fs::path(VORPLEX_PROGRAMAS) : programa.parent_path();
   const fs::path aoLado = pasta / "pimcodecs.so";
   const fs::path instalado = pasta / VORPLEX_CODECS / "pimcodecs.so";
   return fs::exists(aoLado, falha) ? aoLado : instalado;

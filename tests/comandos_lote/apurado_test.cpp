@@ -42,7 +42,7 @@ TEST_F(Lote, SemOutraOrdemOsGraosSaoOsDoVorplexApura) {
   }
   EXPECT_EQ(dentroDe("resultado/f1"),
             (TEXTOS{".vorplex-apurado", ".vorplex-lote", "f1.ho1", "f1.ho2", "f1.png", "f1.rel",
-                    "graos.csv", "graos.geojson", "rois.zip"}));
+                    "graos.csv", "graos.geojson", "graos.qml", "rois.zip"}));
 }
 
 TEST_F(Lote, AsOpcoesDoVorplexApuraValemTambemAqui) {

@@ -34,8 +34,9 @@ TEST_F(Lote, OsArquivosSaoOsMesmosFeitosAMao) {
   }
   EXPECT_EQ(dentroDe("resultado"),
             (TEXTOS{"f0", "f1", "graos.csv", "relatorio.html", "resumo.csv"}));
-  EXPECT_EQ(dentroDe("resultado/f1"), (TEXTOS{".vorplex-lote", "f1.ho1", "f1.ho2", "f1.png",
-                                              "f1.rel", "graos.csv", "graos.geojson", "rois.zip"}));
+  EXPECT_EQ(dentroDe("resultado/f1"),
+            (TEXTOS{".vorplex-lote", "f1.ho1", "f1.ho2", "f1.png", "f1.rel", "graos.csv",
+                    "graos.geojson", "graos.qml", "rois.zip"}));
 }
 
 TEST_F(Lote, InverteProcuraNoNegativoETracaNaFoto) {

@@ -84,6 +84,9 @@ echo 'passoang 30 escoitava 5 escala 0.5 a 1 circulo 32 quadrado 32 retangulo 48
 apt update
 apt install ./pacotes/vorplex_*.deb
 echo "installed: $(dpkg -l | grep -c ^ii) packages, of vorplex: $(dpkg-query -W -f '${Installed-Size} KiB' vorplex)"
+echo 'circulo 20' >k.cfg
+Vorplex kernel k.cfg k.png >/dev/null || falha "it does not find its module without /proc"
+mount -t proc proc /proc
 usa instalado
 echo "the demonstration and every format: as built elsewhere"
 
@@ -93,6 +96,17 @@ g++ -std=c++17 $(pkgconf --cflags vorplex) estranho/stranger.cpp estranho/names.
   $(pkgconf --libs vorplex)
 ./stranger | grep -q '^half of the weight lies below 1' || falha "the program built with the library"
 echo "a program built with the library: runs"
+
+python3 -c '
+import numpy, vorplex
+assert vorplex.__version__ == "'"$(dpkg-query -W -f '${Version}' vorplex)"'"
+image = numpy.full((120, 160), 200, numpy.uint8)
+rows, columns = numpy.ogrid[:120, :160]
+image[(rows - 40) ** 2 + (columns - 50) ** 2 <= 13 ** 2] = 60
+found = vorplex.search(image, vorplex.kernels("escoitava 5 escala 0.5 a 1 circulo 40"), min_corr=0.1)
+assert abs(found[0]["row"] - 40) <= 1 and abs(found[0]["column"] - 50) <= 1, found[:3]
+'
+echo "the module for Python: searches"
 
 nomes=$(for d in pacotes/*.deb; do dpkg-deb -f "$d" Package; done)
 # shellcheck disable=SC2086  # names are words

@@ -21,8 +21,8 @@ constexpr std::string_view formato = "vorplex-lote 1";
 
 std::vector<std::string> arquivosDaFoto(const std::string& nome, measure::METODO metodo,
                                         bool comGraos) {
-  std::vector<std::string> v = {nome + ".ho1", nome + ".ho2", nome + ".rel",
-                                nome + ".png", "graos.csv",   "graos.geojson"};
+  std::vector<std::string> v = {nome + ".ho1", nome + ".ho2",   nome + ".rel", nome + ".png",
+                                "graos.csv",   "graos.geojson", "graos.qml"};
   if (comGraos) v.emplace_back("rois.zip");
   if (metodo == measure::METODO::apurado) v.emplace_back(arquivoDosApurados);
   return v;

@@ -21,8 +21,8 @@ inline constexpr const char* arquivoDoEstado = ".vorplex-lote";
 inline constexpr const char* arquivoDasMensagens = "mensagens.txt";
 
 // What stands beside the folders of results.
-inline constexpr std::array<const char*, 3> arquivosDoConjunto = {"graos.csv", "resumo.csv",
-                                                                  "relatorio.html"};
+inline constexpr std::array<const char*, 4> arquivosDoConjunto = {"graos.csv", "coco.json",
+                                                                  "resumo.csv", "relatorio.html"};
 
 // The kernel.cfg of a run that was given none, beside them too.
 inline constexpr const char* arquivoDaEscolha = "kernel.cfg";
