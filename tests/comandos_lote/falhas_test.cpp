@@ -352,7 +352,7 @@ TEST_F(Lote, SemLugarParaAPaginaFicamAsTabelasVelhas) {
             std::string::npos)
       << c.erro;
   EXPECT_EQ(leTudo("resultado/resumo.csv"), resumo);
-  EXPECT_EQ(dentroDe("resultado").size(), 5U);  // two folders, three tables
+  EXPECT_EQ(dentroDe("resultado").size(), 6U);  // two folders, four files of the set
 }
 
 TEST_F(Lote, DiscoCheio) {

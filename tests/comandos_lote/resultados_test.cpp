@@ -33,7 +33,7 @@ TEST_F(Lote, OsArquivosSaoOsMesmosFeitosAMao) {
     confereAMao(foto, foto, nome);
   }
   EXPECT_EQ(dentroDe("resultado"),
-            (TEXTOS{"f0", "f1", "graos.csv", "relatorio.html", "resumo.csv"}));
+            (TEXTOS{"coco.json", "f0", "f1", "graos.csv", "relatorio.html", "resumo.csv"}));
   EXPECT_EQ(dentroDe("resultado/f1"),
             (TEXTOS{".vorplex-lote", "f1.ho1", "f1.ho2", "f1.png", "f1.rel", "graos.csv",
                     "graos.geojson", "graos.qml", "rois.zip"}));
@@ -47,7 +47,7 @@ TEST_F(Lote, InverteProcuraNoNegativoETracaNaFoto) {
   args.emplace_back("-i");
   ASSERT_EQ(rodaLote(args).estado, 0);
   confereAMao("fotos/f0.pgm", "claros/c.pgm", "c");
-  EXPECT_EQ(dentroDe("resultado/c").size(), 8U);
+  EXPECT_EQ(dentroDe("resultado/c").size(), 9U);
 }
 
 TEST_F(Lote, AsTabelasJuntamTodasAsFotos) {
@@ -140,8 +140,9 @@ TEST_F(Lote, FotoSemDeteccoesSaoZeroGraosENaoFalha) {
   EXPECT_EQ(leTudo("resultado/lisa/lisa.ho1"), listaHo({}));
   EXPECT_EQ(leTudo("resultado/lisa/lisa.ho2"), listaHo({}));
   EXPECT_EQ(linhas(leTudo("resultado/lisa/graos.csv")), 1U);
-  EXPECT_EQ(dentroDe("resultado/lisa"), (TEXTOS{".vorplex-lote", "graos.csv", "graos.geojson",
-                                                "lisa.ho1", "lisa.ho2", "lisa.png", "lisa.rel"}));
+  EXPECT_EQ(dentroDe("resultado/lisa"),
+            (TEXTOS{".vorplex-lote", "graos.csv", "graos.geojson", "graos.qml", "lisa.ho1",
+                    "lisa.ho2", "lisa.png", "lisa.rel"}));
   EXPECT_NE(leTudo("resultado/resumo.csv").find("\nlisa,1,0,"), std::string::npos);
 }
 

@@ -2,8 +2,10 @@
 #include <string>
 #include <vector>
 
+#include "export/coco.h"
 #include "export/geojson.h"
 #include "export/graoscsv.h"
+#include "export/qml.h"
 #include "export/resumocsv.h"
 #include "export/roi.h"
 #include "fim/fim.h"
@@ -14,8 +16,8 @@ using namespace measure;
 using namespace exporta;
 
 // amostra LIST.ho2 ROWS COLS NAME FOLDER [SCALE]: measures a list of detections and writes
-// graos.csv, todos.csv, resumo.csv, graos.geojson and rois.zip into the folder. NAME is what the
-// photograph is called in the tables.
+// graos.csv, todos.csv, resumo.csv, graos.geojson, graos.qml, coco.json and rois.zip into the
+// folder. NAME is what the photograph is called in the tables.
 
 namespace {
 
@@ -41,6 +43,10 @@ void gravaTudo(const FOTOGRAFIA& foto, const std::string& pasta) {
   const RESUMO nada = resume(vazia, GRANDEZA::menor, PESO::volume, {5, 10, 20});
   impResumoCsv({{foto.nome, resumo}, {vazia.nome, nada}}, resumo, pasta + "/resumo.csv");
   impGeojson(foto, pasta + "/graos.geojson");
+  impEstiloQgis(pasta + "/graos.qml");
+  COCO coco = abreCoco(pasta + "/coco.json");
+  acrescenta(coco, foto, foto.nome);
+  conclui(std::move(coco));
   impRois(foto, pasta + "/rois.zip");
 }
 
