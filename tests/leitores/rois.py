@@ -35,22 +35,27 @@ def tela():
         servidor.wait(20)
 
 
-def imagej(conjuntos):
-    """What the macro prints. An error in it opens a window that waits: hence the time limit."""
-    argumento = "\n".join("\t".join(map(str, c)) for c in conjuntos)
+def executa(macro, argumento):
+    """What a macro prints, the words of each line. An error in it opens a window that waits: hence the
+    time limit."""
     with tela() as display, tempfile.TemporaryDirectory() as casa:
         # File names come out right only in a UTF-8 locale. -port0: no other ImageJ is asked to do it.
         ambiente = {**os.environ, "DISPLAY": display, "LC_ALL": "C.UTF-8"}
         try:
             r = subprocess.run(
-                ["java", f"-Duser.home={casa}", "-jar", "/usr/share/java/ij.jar", "-port0", "-batch",
-                 MACRO, argumento], env=ambiente, timeout=60, text=True, stdin=subprocess.DEVNULL,
-                stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+                ["java", f"-Duser.home={casa}", f"-Djava.io.tmpdir={casa}", "-jar",
+                 "/usr/share/java/ij.jar", "-port0", "-batch", macro, argumento], env=ambiente,
+                timeout=60, text=True, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                stderr=subprocess.STDOUT)
         except subprocess.TimeoutExpired as e:
             exige(False, "ImageJ does not finish; it said at last", (e.stdout or b"").decode()[-300:])
     exige(r.returncode == 0, "ImageJ ends with an error", r.stdout[-2000:])
-    ditas = [linha.split("\t") for linha in r.stdout.splitlines() if linha]
-    exige(all(len(d) > 7 for d in ditas), "ImageJ says something else", r.stdout[-2000:])
+    return [linha.split("\t") for linha in r.stdout.splitlines() if linha]
+
+
+def imagej(conjuntos):
+    ditas = executa(MACRO, "\n".join("\t".join(map(str, c)) for c in conjuntos))
+    exige(all(len(d) > 7 for d in ditas), "ImageJ says something else", ditas)
     return ditas
 
 
