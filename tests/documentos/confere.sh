@@ -1,6 +1,6 @@
 #!/bin/sh
-# Checks what README.md, LEIAME.md and SECURITY.md say of the source against the tree, and against
-# each other: paths and links, folders and their order, files and functions, names, limits.
+# Checks what the documents say of the source against the tree, and against each other: paths and links,
+# folders and their order, files and functions, names, limits, figures; that the index is complete.
 # usage: confere.sh FOLDER-OF-THE-PROJECT
 set -u
 export LC_ALL=C
@@ -94,35 +94,68 @@ iguais() {
   diff "$1" "$2" >"$tmp/diferenca" || { falta "$3 differ:"; cat "$tmp/diferenca"; }
 }
 
-for documento in README.md LEIAME.md SECURITY.md CHANGELOG.md docs/*.md; do
+# The digits of all numbers, one a line: marks of decimals and thousands differ between languages.
+algarismos() {
+  grep -oE '[0-9][0-9.,]*' | tr -d '.,'
+}
+
+# comparaPartes READER FILE HEADING FILE HEADING WHAT: what READER makes of both is the same, and not
+# nothing.
+comparaPartes() {
+  secao "$2" "$3" | "$1" >"$tmp/en"
+  secao "$4" "$5" | "$1" >"$tmp/pt"
+  [ -s "$tmp/en" ] || falta "$2: nothing below $3"
+  iguais "$tmp/en" "$tmp/pt" "$6 in $2 and $4"
+}
+
+for documento in README.md LEIAME.md SECURITY.md CHANGELOG.md CONTRIBUTING.md docs/*.md docs/*/*.md \
+  examples/*/*.md; do
   confereCaminhos "$documento"
 done
 
-secao README.md '### The way of a detection' >"$tmp/way"
-secao LEIAME.md '### O caminho de uma detecção' >"$tmp/caminho"
-confereCaminho README.md <"$tmp/way"
+# The front doors are short, and the index leads to every page.
+for documento in README.md LEIAME.md; do
+  [ "$(wc -l <"$documento")" -le 160 ] || falta "$documento: more than 160 lines"
+done
+for pagina in docs/*.md docs/*/*.md; do
+  [ "$pagina" = docs/README.md ] || grep -qF "](${pagina#docs/})" docs/README.md ||
+    falta "docs/README.md: does not lead to $pagina"
+done
+
+codigo=docs/codigo.md
+codigoPt=docs/pt/codigo.md
+secao $codigo '## The way of a detection' >"$tmp/way"
+secao $codigoPt '## O caminho de uma detecção' >"$tmp/caminho"
+confereCaminho $codigo <"$tmp/way"
 coluna 2 <"$tmp/way" >"$tmp/en"; coluna 3 <"$tmp/way" >>"$tmp/en"
 coluna 2 <"$tmp/caminho" >"$tmp/pt"; coluna 3 <"$tmp/caminho" >>"$tmp/pt"
-iguais "$tmp/en" "$tmp/pt" "The ways of a detection in README.md and LEIAME.md"
+iguais "$tmp/en" "$tmp/pt" "The ways of a detection in $codigo and $codigoPt"
 
-secao README.md '### Names' >"$tmp/names"
-secao LEIAME.md '### Os nomes' >"$tmp/osnomes"
-confereNomes README.md <"$tmp/names"
+secao $codigo '## Names' >"$tmp/names"
+secao $codigoPt '## Os nomes' >"$tmp/osnomes"
+confereNomes $codigo <"$tmp/names"
 coluna 1 <"$tmp/names" >"$tmp/en"
 coluna 1 <"$tmp/osnomes" >"$tmp/pt"
-iguais "$tmp/en" "$tmp/pt" "The names in README.md and LEIAME.md"
+iguais "$tmp/en" "$tmp/pt" "The names in $codigo and $codigoPt"
 
 sed -n 's/^add_subdirectory(\(.*\))$/\1/p' src/CMakeLists.txt >"$tmp/pastas"
-for documento in README.md LEIAME.md; do
+for documento in $codigo $codigoPt; do
   grep -E '^\| `src/' "$documento" | coluna 1 | tr ' ' '\n' | sed 's|^src/||; s|/$||' >"$tmp/contadas"
   iguais "$tmp/pastas" "$tmp/contadas" "The folders of src/CMakeLists.txt and of $documento"
 done
 
-secao README.md '## Limits' | numeros >"$tmp/en"
-secao LEIAME.md '## Limites' | numeros >"$tmp/pt"
+numeros <docs/limites.md >"$tmp/en"
+numeros <docs/pt/limites.md >"$tmp/pt"
 secao SECURITY.md '## Limits' | grep '^|' | numeros >"$tmp/seguranca"
-[ -s "$tmp/en" ] || falta "README.md: no limits"
-iguais "$tmp/en" "$tmp/pt" "The limits in README.md and LEIAME.md"
-iguais "$tmp/en" "$tmp/seguranca" "The limits in README.md and SECURITY.md"
+[ -s "$tmp/en" ] || falta "docs/limites.md: no limits"
+iguais "$tmp/en" "$tmp/pt" "The limits in docs/limites.md and docs/pt/limites.md"
+iguais "$tmp/en" "$tmp/seguranca" "The limits in docs/limites.md and SECURITY.md"
+
+# What was measured is told alike in both languages.
+tabela() { grep '^|' | algarismos; }
+comparaPartes tabela docs/numeros.md '## How fast' docs/pt/numeros.md '## Que velocidade' "How fast"
+comparaPartes tabela docs/numeros.md '## How accurate' docs/pt/numeros.md '## Que exatidão' "How accurate"
+comparaPartes algarismos README.md '## How fast' LEIAME.md '## Que velocidade' "How fast"
+comparaPartes algarismos README.md '## How accurate' LEIAME.md '## Que exatidão' "How accurate"
 
 exit $ruim
