@@ -7,6 +7,7 @@
 
 #include "vorplex/detection.h"
 #include "vorplex/image.h"
+#include "vorplex/refine.h"
 
 namespace vorplex {
 
@@ -20,11 +21,16 @@ struct Grain {
   double greater = 0;           // side or axis
   double elongation = 1;        // greater / lesser
   bool touches_border = false;  // its outline reaches beyond the picture
+  double d1_error = 0;          // standard errors of the detection's d1 and d2, 0 if not known
+  double d2_error = 0;
 };
 
 // Measures detections, or the detections of refined grains, in their order. Error for letters other
 // than c, q, r and e, numbers that are not finite, and sizes outside of 1e-5 to 1e6.
 std::vector<Grain> measure(const Extent& picture, const std::vector<Detection>& detections);
+
+// The same of refined grains, with the standard errors of their sizes.
+std::vector<Grain> measure_refined(const Extent& picture, const std::vector<Refined>& grains);
 
 enum class Unit { px, um, mm, cm, m, in };
 
@@ -60,5 +66,25 @@ struct Distribution {
 // Error for a scale out of range and for grains whose sizes or area are not finite and above 0.
 Distribution distribution(const std::vector<Grain>& grains, const Scale& scale = {},
                           Size size = Size::equivalent, Weight weight = Weight::number);
+
+// The grains of a picture, and the scale of that picture.
+struct Sample {
+  std::vector<Grain> grains;
+  Scale scale;
+};
+
+// 95 % intervals of what `distribution` says of the grains of all pictures together, for the sizes
+// that grains have where the pictures were taken.
+struct Intervals {
+  Distribution low, high;    // the ends for each number, empty where nothing can be said
+  std::size_t pictures = 0;  // with grains. With one, nothing is known of how places differ
+};
+
+// Draws grains and pictures again, some hundred times, from those that there are (bootstrap), and
+// sizes within their standard errors; the same lists have the same intervals. They know of chance
+// alone, and of nothing that would make all sizes wrong alike. Fewer than two grains have none.
+// Error for pictures in different units, and as `distribution`.
+Intervals intervals(const std::vector<Sample>& pictures, Size size = Size::equivalent,
+                    Weight weight = Weight::number);
 
 }  // namespace vorplex

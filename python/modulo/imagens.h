@@ -25,7 +25,7 @@ vorplex::Picture figura(const py::array& a);
 // An array that owns the elements of `v`.
 template <class T>
 py::array_t<T> matriz(std::vector<T>&& v, std::vector<py::ssize_t> lados) {
-  auto* dono = new std::vector<T>(std::move(v));  // NOLINT(*-owning-memory): the capsule's
+  auto* dono = new std::vector<T>(std::move(v));  // the capsule's
   const py::capsule fim(dono, [](void* p) { delete static_cast<std::vector<T>*>(p); });
   return py::array_t<T>(std::move(lados), dono->data(), fim);
 }

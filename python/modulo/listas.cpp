@@ -8,6 +8,14 @@ vorplex::Detection deteccao(const REGISTRO& r) {
   return {r.correlation, r.shape[0], r.row, r.column, r.d1, r.d2, r.angle};
 }
 
+template <class MATRIZ>
+std::vector<vorplex::Detection> deteccoesDe(const MATRIZ& a) {
+  std::vector<vorplex::Detection> v;
+  v.reserve(static_cast<std::size_t>(a.size()));
+  for (py::ssize_t i = 0; i < a.size(); ++i) v.push_back(deteccao(a.data()[i]));
+  return v;
+}
+
 DETECCAO registro(const vorplex::Detection& d) {
   return {d.correlation, {d.shape}, {}, d.row, d.column, d.d1, d.d2, d.angle};
 }
@@ -34,10 +42,11 @@ py::array_t<REGISTRO, py::array::c_style> matrizDe(const V& v) {
 }  // namespace
 
 std::vector<vorplex::Detection> deteccoes(const DETECCOES& a) {
-  std::vector<vorplex::Detection> v;
-  v.reserve(static_cast<std::size_t>(a.size()));
-  for (py::ssize_t i = 0; i < a.size(); ++i) v.push_back(deteccao(a.data()[i]));
-  return v;
+  return deteccoesDe(a);
+}
+
+std::vector<vorplex::Detection> deteccoes(const AMOSTRAS& a) {
+  return deteccoesDe(a);
 }
 
 DETECCOES matriz(const std::vector<vorplex::Detection>& v) {
@@ -57,11 +66,14 @@ void registra(py::module_& m) {
   PYBIND11_NUMPY_DTYPE(APURADO, correlation, shape, row, column, d1, d2, angle, support, contrast,
                        row_error, column_error, d1_error, d2_error, angle_error);
   PYBIND11_NUMPY_DTYPE(GRAO, correlation, shape, row, column, d1, d2, angle, area, equivalent,
-                       perimeter, lesser, greater, elongation, unit, touches_border);
+                       perimeter, lesser, greater, elongation, scale, unit, touches_border);
+  PYBIND11_NUMPY_DTYPE(AMOSTRA, correlation, shape, row, column, d1, d2, angle, scale, d1_error,
+                       d2_error, unit);
   PYBIND11_NUMPY_DTYPE(KERNEL, shape, d1, d2, angle, levels);
   m.attr("detection_dtype") = py::dtype::of<DETECCAO>();
   m.attr("refined_dtype") = py::dtype::of<APURADO>();
   m.attr("grain_dtype") = py::dtype::of<GRAO>();
+  m.attr("sample_dtype") = py::dtype::of<AMOSTRA>();
 }
 
 }  // namespace python

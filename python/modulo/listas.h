@@ -38,9 +38,21 @@ struct GRAO {
   char vago[3];
   double row, column, d1, d2, angle;
   double area, equivalent, perimeter, lesser, greater, elongation;
+  double scale;
   char unit[2];
   bool touches_border;
   char vago2[5];
+};
+
+// What intervals look at.
+struct AMOSTRA {
+  float correlation;
+  char shape[1];
+  char vago[3];
+  double row, column, d1, d2, angle;
+  double scale, d1_error, d2_error;
+  char unit[2];
+  char vago2[6];
 };
 
 struct KERNEL {
@@ -53,9 +65,11 @@ struct KERNEL {
 // NOLINTEND(*-avoid-c-arrays)
 
 using DETECCOES = py::array_t<DETECCAO, py::array::c_style>;
+using AMOSTRAS = py::array_t<AMOSTRA, py::array::c_style>;
 using GRAOS = py::array_t<GRAO, py::array::c_style>;
 
 std::vector<vorplex::Detection> deteccoes(const DETECCOES& a);
+std::vector<vorplex::Detection> deteccoes(const AMOSTRAS& a);
 DETECCOES matriz(const std::vector<vorplex::Detection>& v);
 py::array_t<APURADO> matriz(const std::vector<vorplex::Refined>& v);
 py::array_t<KERNEL> matriz(const std::vector<vorplex::Kernel>& v);

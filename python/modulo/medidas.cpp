@@ -23,7 +23,8 @@ constexpr std::array<std::pair<Unit, std::string_view>, 6> unidades = {{{Unit::p
                                                                         {Unit::m, "m"},
                                                                         {Unit::in, "in"}}};
 
-std::string_view nome(const GRAO& g) {
+template <class REGISTRO>
+std::string_view nome(const REGISTRO& g) {
   const std::string_view dois(&g.unit[0], sizeof g.unit);
   return dois.substr(0, dois.find('\0'));
 }
@@ -34,6 +35,23 @@ vorplex::Scale propria(std::string_view unidade) {
     if (n == unidade) return {1, u};
   }
   throw vorplex::Error("unknown unit " + std::string(unidade));
+}
+
+// The grains of a picture with what they are measured by, in pixels.
+vorplex::Sample amostra(const AMOSTRAS& a) {
+  vorplex::Sample s = {vorplex::measure({}, deteccoes(a)), {}};
+  if (a.size() == 0) return s;
+  const AMOSTRA& primeira = *a.data();
+  for (std::size_t i = 0; i < s.grains.size(); ++i) {
+    const AMOSTRA& r = a.data()[i];
+    if (nome(r) != nome(primeira) || r.scale != primeira.scale) {
+      throw vorplex::Error("grains of different scales in one picture");
+    }
+    s.grains[i].d1_error = r.d1_error;
+    s.grains[i].d2_error = r.d2_error;
+  }
+  s.scale = {primeira.scale, propria(nome(primeira)).unit};
+  return s;
 }
 
 vorplex::Scale unidadeDe(const GRAOS& g) {
@@ -62,6 +80,7 @@ GRAO registro(const vorplex::Grain& g, const vorplex::Scale& e) {
             g.lesser * k,
             g.greater * k,
             g.elongation,
+            k,
             {},
             g.touches_border,
             {}};
@@ -81,7 +100,7 @@ vorplex::Grain grao(const GRAO& r) {
 }
 
 py::dict dicionario(const vorplex::Distribution& d) {
-  using namespace py::literals;  // NOLINT(*-using-namespace)
+  using namespace py::literals;
   return py::dict("grains"_a = d.grains, "d5"_a = d.d5, "d10"_a = d.d10, "d16"_a = d.d16,
                   "d25"_a = d.d25, "d30"_a = d.d30, "d50"_a = d.d50, "d60"_a = d.d60,
                   "d75"_a = d.d75, "d84"_a = d.d84, "d90"_a = d.d90, "d95"_a = d.d95,
@@ -108,6 +127,21 @@ py::dict distribui(const GRAOS& g, vorplex::Size grandeza, vorplex::Weight peso)
   std::transform(g.data(), g.data() + g.size(), std::back_inserter(graos), grao);
   return dicionario(
       semInterpretador([&] { return vorplex::distribution(graos, e, grandeza, peso); }));
+}
+
+py::dict intervala(const std::vector<AMOSTRAS>& fotos, vorplex::Size grandeza,
+                   vorplex::Weight peso) {
+  std::vector<vorplex::Sample> amostras;
+  amostras.reserve(fotos.size());
+  for (const AMOSTRAS& a : fotos) {
+    // A picture without grains has no unit either.
+    if (a.size() > 0) amostras.push_back(amostra(a));
+  }
+  const vorplex::Intervals i =
+      semInterpretador([&] { return vorplex::intervals(amostras, grandeza, peso); });
+  using namespace py::literals;
+  return py::dict("low"_a = dicionario(i.low), "high"_a = dicionario(i.high),
+                  "pictures"_a = i.pictures);
 }
 
 }  // namespace python

@@ -12,4 +12,9 @@ GRAOS mede(const DETECCOES& d, py::ssize_t linhas, py::ssize_t colunas, const st
 // can't be said.
 py::dict distribui(const GRAOS& g, vorplex::Size grandeza, vorplex::Weight peso);
 
+// The intervals of the distribution of the grains of several pictures: "low" and "high" as above,
+// and "pictures", the number of those with grains.
+py::dict intervala(const std::vector<AMOSTRAS>& fotos, vorplex::Size grandeza,
+                   vorplex::Weight peso);
+
 }  // namespace python

@@ -22,7 +22,7 @@
 
 namespace {
 
-using namespace python;  // NOLINT(*-using-namespace)
+using namespace python;
 
 // Names of files come as bytes, which need not be UTF-8; neither need the errors that tell of them.
 PyObject* texto(std::string_view bytes) {
@@ -39,6 +39,7 @@ void lancaEmPython(const py::object& tipo, const std::exception& e) {
 void registraErros(py::module_& m) {
   static const py::exception<vorplex::Error> erro(m, "Error", PyExc_RuntimeError);
   static const py::exception<vorplex::Cancelled> cancelada(m, "Cancelled", erro.ptr());
+  // NOLINTNEXTLINE(*-unnecessary-value-param): the type is given
   py::register_exception_translator([](std::exception_ptr p) {
     try {
       if (p) std::rethrow_exception(p);
@@ -89,7 +90,7 @@ py::dict sugere(const std::vector<py::array_t<std::uint8_t>>& fotos, std::option
   const vorplex::Suggestion s = semInterpretador([&] {
     return vorplex::suggest(imagens, {claros, formas, amostra, true, fios});
   });
-  using namespace py::literals;  // NOLINT(*-using-namespace)
+  using namespace py::literals;
   return py::dict("text"_a = s.text, "bright"_a = s.bright, "min_corr"_a = s.min_correlation,
                   "shapes"_a = s.shapes, "min_size"_a = s.min_size, "max_size"_a = s.max_size,
                   "share"_a = s.share, "both"_a = s.both, "found"_a = s.found);
@@ -205,4 +206,5 @@ PYBIND11_MODULE(_vorplex, m) {
   m.def("refine", apura);
   m.def("measure", mede);
   m.def("distribution", distribui);
+  m.def("intervals", intervala);
 }

@@ -51,13 +51,14 @@ from ._drawing import draw, labels
 from ._errors import Cancelled, Error, Kernels
 from ._files import read_ho, write_ho
 from ._finding import Progress, Suggestion, filter, kernels, refine, search, suggest
-from ._measuring import Distribution, distribution, measure
+from ._measuring import Distribution, Intervals, distribution, intervals, measure
 from ._vorplex import detection_dtype, version as __version__
 
 __all__ = [
     "Cancelled",
     "Distribution",
     "Error",
+    "Intervals",
     "Kernels",
     "Progress",
     "Suggestion",
@@ -66,6 +67,7 @@ __all__ = [
     "distribution",
     "draw",
     "filter",
+    "intervals",
     "kernels",
     "labels",
     "measure",

@@ -2,7 +2,7 @@
 
 from __future__ import annotations
 
-from typing import NamedTuple, Optional, Sequence, TypeVar
+from typing import Any, NamedTuple, Optional, Sequence, TypeVar, Union
 
 import numpy as np
 import numpy.typing as npt
@@ -45,7 +45,7 @@ def measure(
         - `lesser`: the lesser side or axis, the size that a sieve sees;
         - `greater`: the greater side or axis;
         - `elongation`: greater / lesser;
-        - `unit`: the unit of the scale, ``b"px"`` without one;
+        - `scale` and `unit`: the side of a pixel, and its unit; 1 and ``b"px"`` without a scale;
         - `touches_border`: whether the outline reaches beyond the image, if `image_shape` is given;
         - such further fields as an array of `detections` has: support and standard errors.
 
@@ -100,6 +100,23 @@ class Distribution(NamedTuple):
     uniformity: float
     curvature: float
 
+    @property
+    def percentiles(self) -> "dict[int, float]":
+        """The sizes `d5` to `d95` by their percentages."""
+        return {int(name[1:]): getattr(self, name) for name in self._fields if name[1:].isdigit()}
+
+
+class Intervals(NamedTuple):
+    """The ends of 95 % intervals for each number of a distribution, and how many pictures say so."""
+
+    low: Distribution
+    high: Distribution
+    pictures: int
+
+
+def _said(values: "dict[str, Any]") -> Distribution:
+    return Distribution(**{k: float("nan") if v is None else v for k, v in values.items()})
+
 
 def _member(members: "dict[str, Member]", name: str, what: str) -> Member:
     if name not in members:
@@ -145,6 +162,7 @@ def distribution(
     See Also
     --------
     measure : Measure the grains.
+    intervals : How sure the numbers are.
 
     Examples
     --------
@@ -161,9 +179,80 @@ def distribution(
     """
     needed = ("area", "equivalent", "lesser", "greater", "unit")
     given = _arrays.rows(grains, _vorplex.grain_dtype, "grains", needed)
-    said = _vorplex.distribution(
-        given,
+    return _said(
+        _vorplex.distribution(
+            given,
+            _member(_vorplex.Size.__members__, size, "size"),
+            _member(_vorplex.Weight.__members__, weight, "weight"),
+        )
+    )
+
+
+def _sample(grains: _arrays.Table) -> npt.NDArray[np.void]:
+    dtype = _vorplex.sample_dtype
+    names = getattr(getattr(grains, "dtype", None), "names", None) or grains
+    errors = ("d1_error", "d2_error")
+    known = all(error in names for error in errors)
+    needed = [name for name in dtype.names or () if known or name not in errors]
+    return _arrays.rows(grains, dtype, "grains", needed)
+
+
+def intervals(
+    grains: Union[_arrays.Table, Sequence[_arrays.Table]],
+    size: str = "equivalent",
+    weight: str = "number",
+) -> Intervals:
+    """
+    Tell how sure the numbers of a distribution are.
+
+    Grains and pictures are drawn again, some hundred times, from those that there are (bootstrap),
+    and sizes within their standard errors, where `refine` has given them. Intervals know of chance
+    alone: of nothing that would make all sizes wrong alike, such as a wrong scale. The same grains
+    have the same intervals.
+
+    Parameters
+    ----------
+    grains : ndarray, DataFrame or dict, or a list of them
+        Grains as `measure` returns them; a list has those of several pictures, which tells how
+        places differ.
+    size : {"equivalent", "lesser", "greater"}
+        Which diameter is the size of a grain.
+    weight : {"number", "area", "volume"}
+        How much a grain counts.
+
+    Returns
+    -------
+    Intervals
+        A named tuple of `low` and `high`, each with the same fields as the `Distribution` of all
+        grains together, nan where nothing can be said, as of fewer than two grains; and `pictures`,
+        the number of those with grains.
+
+    Raises
+    ------
+    Error
+        When grains are of different units, or those of a picture of different scales.
+
+    See Also
+    --------
+    distribution : The numbers themselves.
+
+    Examples
+    --------
+    >>> import numpy as np
+    >>> import vorplex
+    >>> circles = np.zeros(40, vorplex.detection_dtype)
+    >>> circles["shape"] = "c"
+    >>> circles["d1"] = np.linspace(10, 20, 40)
+    >>> grains = vorplex.measure(circles)
+    >>> band = vorplex.intervals(grains)
+    >>> band.low.d50 < vorplex.distribution(grains).d50 < band.high.d50
+    True
+    """
+    one = hasattr(grains, "dtype") or hasattr(grains, "keys")
+    pictures: Any = [grains] if one else grains
+    said = _vorplex.intervals(
+        [_sample(picture) for picture in pictures],
         _member(_vorplex.Size.__members__, size, "size"),
         _member(_vorplex.Weight.__members__, weight, "weight"),
     )
-    return Distribution(**{k: float("nan") if v is None else v for k, v in said.items()})
+    return Intervals(_said(said["low"]), _said(said["high"]), said["pictures"])

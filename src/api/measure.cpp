@@ -7,13 +7,20 @@
 #include "measure/distribuicao.h"
 #include "measure/escala.h"
 #include "measure/grao.h"
+#include "measure/incerteza/intervalo.h"
 #include "vorplex/error.h"
 
 namespace vorplex {
 namespace {
 
 Grain grao(const ::measure::GRAO& g, const Detection& d) {
-  return {d, g.area, g.equivalente, g.perimetro, g.menor, g.maior, g.alongamento, g.tocaBorda};
+  return {d,       g.area,        g.equivalente, g.perimetro, g.menor,
+          g.maior, g.alongamento, g.tocaBorda,   0,           0};
+}
+
+bool temErro(double x) {
+  if (!(x >= 0) || !std::isfinite(x)) throw Error("standard error out of range");
+  return x > 0;
 }
 
 // With what a distribution looks at.
@@ -27,7 +34,31 @@ Grain grao(const ::measure::GRAO& g, const Detection& d) {
   saida.equivalente = g.equivalent;
   saida.menor = g.lesser;
   saida.maior = g.greater;
+  if (!temErro(g.d1_error) && !temErro(g.d2_error)) return saida;
+  const Detection& d = g.detection;
+  const bool umTamanho = d.shape == 'c' || d.shape == 'q';
+  if (!positivo(d.d1) || !(umTamanho || positivo(d.d2)))
+    throw Error("grain with errors of sizes, but without sizes");
+  saida.figura = {d.shape, d.row, d.column, d.d1, d.d2, d.angle};
+  saida.medido = {{0, 0, {0, 0, g.d1_error, g.d2_error, 0}}};
   return saida;
+}
+
+// How grains are put into a distribution.
+struct MODO_DE_MEDIR {
+  Size size;
+  Weight weight;
+  std::size_t foto;  // that they are of
+};
+
+void acrescenta(std::vector<::measure::MEDIDA>& v, const std::vector<Grain>& grains,
+                const ::measure::ESCALA& e, const MODO_DE_MEDIR& modo) {
+  v.reserve(v.size() + grains.size());
+  for (const Grain& g : grains) {
+    v.push_back(::measure::medida(graoDe(g), e, static_cast<::measure::GRANDEZA>(modo.size),
+                                  static_cast<::measure::PESO>(modo.weight)));
+    v.back().foto = modo.foto;
+  }
 }
 
 // The enumerations of both sides have the same values in the same order.
@@ -74,6 +105,18 @@ std::vector<Grain> measure(const Extent& picture, const std::vector<Detection>& 
   });
 }
 
+std::vector<Grain> measure_refined(const Extent& picture, const std::vector<Refined>& grains) {
+  std::vector<Detection> detections;
+  detections.reserve(grains.size());
+  for (const Refined& r : grains) detections.push_back(r.detection);
+  std::vector<Grain> medidos = measure(picture, detections);
+  for (std::size_t i = 0; i < medidos.size(); ++i) {
+    medidos[i].d1_error = grains[i].d1_error;
+    medidos[i].d2_error = grains[i].d2_error;
+  }
+  return medidos;
+}
+
 Scale parse_scale(const std::string& text) {
   return api::traduz([&] {
     const ::measure::ESCALA e = ::measure::leEscala(text);
@@ -86,12 +129,23 @@ Distribution distribution(const std::vector<Grain>& grains, const Scale& scale, 
   return api::traduz([&] {
     const ::measure::ESCALA e = escala(scale);
     std::vector<::measure::MEDIDA> medidas;
-    medidas.reserve(grains.size());
-    for (const Grain& g : grains) {
-      medidas.push_back(::measure::medida(graoDe(g), e, static_cast<::measure::GRANDEZA>(size),
-                                          static_cast<::measure::PESO>(weight)));
-    }
+    acrescenta(medidas, grains, e, {size, weight, 0});
     return distribuicao(::measure::distribui(::measure::curva(std::move(medidas)), e.unidade));
+  });
+}
+
+Intervals intervals(const std::vector<Sample>& pictures, Size size, Weight weight) {
+  return api::traduz([&] {
+    const Unit unit = pictures.empty() ? Unit::px : pictures.front().scale.unit;
+    std::vector<::measure::MEDIDA> medidas;
+    std::size_t foto = 0;
+    for (const Sample& s : pictures) {
+      if (s.scale.unit != unit) throw Error("pictures in different units");
+      acrescenta(medidas, s.grains, escala(s.scale), {size, weight, ++foto});
+    }
+    const ::measure::INTERVALOS i =
+        ::measure::intervalos(medidas, static_cast<::measure::UNIDADE>(unit));
+    return Intervals{distribuicao(i.de), distribuicao(i.ate), i.fotos};
   });
 }
 

@@ -6,6 +6,7 @@
 #include <numbers>
 
 #include "api/fotos.h"
+#include "measure/resumo.h"
 
 namespace {
 
@@ -51,6 +52,45 @@ TEST(Measure, DistribuicaoEmMilimetros) {
   EXPECT_FALSE(vorplex::distribution({}).d50.has_value());
 }
 
+TEST(Measure, IntervalosComoOsDeUmaCorrida) {
+  std::vector<vorplex::Refined> v(30);
+  measure::FOTOGRAFIA foto = {"", 100, 200, {0.1, measure::UNIDADE::mm}, {}, {}};
+  std::vector<refine::APURADO> apurados;
+  for (std::size_t i = 0; i < v.size(); ++i) {
+    const double d = 10 + static_cast<double>(i * i % 17);
+    v[i].detection = {0.5F, i % 2 == 0 ? 'e' : 'c', 50, 50, d, i % 2 == 0 ? d / 2 : d, 0};
+    v[i].d1_error = 0.5;
+    v[i].d2_error = 0.25;
+    const vorplex::Detection& f = v[i].detection;
+    apurados.push_back({{f.shape, f.row, f.column, f.d1, f.d2, f.angle},
+                        f.correlation,
+                        0,
+                        0,
+                        {0, 0, 0.5, 0.25, 0}});
+  }
+  foto.graos = measure::medeApurados(apurados, foto.rows, foto.cols);
+  const measure::INTERVALOS esperados =
+      measure::resume(foto, measure::GRANDEZA::maior, measure::PESO::area, {}).intervalos;
+  const vorplex::Sample amostra = {vorplex::measure_refined(fotoLarga, v),
+                                   vorplex::parse_scale("0.1mm")};
+  const auto i = vorplex::intervals({amostra}, vorplex::Size::greater, vorplex::Weight::area);
+  EXPECT_EQ(i.pictures, 1U);
+  EXPECT_EQ(i.low.d50, measure::valorD(esperados.de, 50));
+  EXPECT_EQ(i.high.d50, measure::valorD(esperados.ate, 50));
+  EXPECT_EQ(i.low.sorting, esperados.de.selecao);
+  EXPECT_LT(*i.low.d50, *i.high.d50);
+  // More pictures like this one are more grains.
+  const auto tres = vorplex::intervals({amostra, amostra, amostra}, vorplex::Size::greater,
+                                       vorplex::Weight::area);
+  EXPECT_EQ(tres.pictures, 3U);
+  EXPECT_LT(*tres.high.d50 - *tres.low.d50, *i.high.d50 - *i.low.d50);
+  EXPECT_FALSE(vorplex::intervals({}).low.d50.has_value());
+  EXPECT_EQ(erroDe([&] {
+              vorplex::intervals({amostra, {{}, {}}});
+            }),
+            "pictures in different units");
+}
+
 // Each unit keeps its place in both enumerations.
 TEST(Measure, EscalasDeTodasAsUnidades) {
   using vorplex::Unit;
@@ -75,6 +115,9 @@ TEST(Measure, OQueNaoTemMedidaERecusado) {
   EXPECT_NE(erroDe([] { vorplex::measure(fotoLarga, {{0.5F, 'c', nan, 5, 5, 5, 0}}); }), "nada");
   EXPECT_NE(erroDe([] { vorplex::measure(fotoLarga, {{0.5F, 'c', 5, 5, 0, 5, 0}}); }), "nada");
   EXPECT_EQ(erroDe([] { vorplex::distribution({vorplex::Grain{}}); }), "grain without a size");
+  auto comErro = vorplex::measure(fotoLarga, {{0.5F, 'c', 5, 5, 5, 5, 0}});
+  comErro[0].d1_error = nan;
+  EXPECT_EQ(erroDe([&] { vorplex::distribution(comErro); }), "standard error out of range");
   EXPECT_EQ(erroDe([] {
               vorplex::distribution({}, {0, vorplex::Unit::mm});
             }),

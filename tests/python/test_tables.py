@@ -128,6 +128,34 @@ def test_grains_beyond_the_image(found):
     assert grains["touches_border"].any()
 
 
+def test_intervals(found):
+    grains = vorplex.measure(found, "0.5 mm")
+    one = vorplex.intervals(grains, weight="area")
+    said = vorplex.distribution(grains, weight="area")
+    assert one.pictures == 1
+    for low, value, high in zip(*(x.percentiles.values() for x in (one.low, said, one.high))):
+        assert low <= value <= high
+    half = [grains[::2], grains[1::2], grains[:0]]
+    assert vorplex.intervals(half).pictures == 2
+    columns = {name: grains[name] for name in grains.dtype.names}
+    assert str(vorplex.intervals([columns], weight="area")) == str(one)
+    assert all(math.isnan(x) for x in vorplex.intervals([]).low[1:])
+    with_errors = vorplex.measure(vorplex.refine(grey(5), found, sensitivity=1), "0.5 mm")
+    assert "d1_error" in with_errors.dtype.names
+    wide = with_errors.copy()
+    wide["d1_error"] = wide["d2_error"] = 3
+    narrow = vorplex.intervals(with_errors)
+    wider = vorplex.intervals(wide)
+    assert wider.high.mean - wider.low.mean > narrow.high.mean - narrow.low.mean
+    with pytest.raises(vorplex.Error, match="units"):
+        vorplex.intervals([grains, vorplex.measure(found)])
+    with pytest.raises(vorplex.Error, match="scales"):
+        vorplex.intervals(np.concatenate((grains, vorplex.measure(found, "1 mm"))))
+    for wrong in (3, [1, 2], {"row": [1]}):
+        with pytest.raises(TypeError):
+            vorplex.intervals(wrong)
+
+
 def test_distribution_words(found):
     grains = vorplex.measure(found)
     for wrong in ({"size": "radius"}, {"weight": "mass"}):
