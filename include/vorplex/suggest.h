@@ -31,7 +31,7 @@ struct Suggestion {
 };
 
 // Chooses kernels, polarity and smallest correlation for pictures of one kind from a few of them.
-// Looks at about as many pixels as one picture has, 0.75 to 3 million, in parts of large ones. The
+// Looks at half as many pixels as one picture has, 0.4 to 2 million, in parts of large ones. The
 // result depends on the pictures alone, not on their order. Error for options out of range.
 Suggestion suggest(const std::vector<Image>& images, const SuggestOptions& options = {});
 

@@ -12,7 +12,6 @@ constexpr double menorDesenho = 4.3;  // of a lesser size, pixels
 constexpr double menorDisco = 3;
 constexpr double maiorDesenho = 240;  // larger kernels cost more than they give
 constexpr double reducoes = 8;        // of the last level that is searched
-constexpr double longa = 3;           // proportion from which on angles are finer
 
 // The sizes that a shape of area pi/4 has.
 struct LADOS {
@@ -70,20 +69,15 @@ std::string ajustes(const ESCALAS& e) {
 }  // namespace
 
 std::string texto(const std::vector<LINHA>& linhas, const PASSOS& passos) {
-  std::string s = cv::format("escoitava %d\n", passos.oitava);
-  std::string angulo;
+  std::string s = cv::format("escoitava %d\npassoang %d\n", passos.oitava, passos.angulo);
   std::string ultimos;
-  const auto muda = [&s](std::string& antes, const std::string& agora) {
-    if (agora != antes) s += agora;
-    antes = agora;
-  };
   for (const LINHA& f : linhas) {
-    const int passo = f.proporcao > longa ? std::max(1, passos.angulo * 2 / 3) : passos.angulo;
     const double limite = f.forma == 'c' ? menorDisco : menorDesenho / ladosUnitarios(f).d2;
     const double menor = std::max(f.menor, limite);
     const ESCALAS e = escalas(menor, std::max(f.maior, 1.5 * menor), passos.oitava);
-    muda(angulo, cv::format("passoang %d\n", passo));
-    muda(ultimos, ajustes(e));
+    const std::string estes = ajustes(e);
+    if (estes != ultimos) s += estes;
+    ultimos = estes;
     poeForma(s, f, e.base);
   }
   return s;

@@ -15,7 +15,7 @@ struct LINHA {
 
 // How finely to search.
 struct PASSOS {
-  int angulo = 15;  // degrees; of the longest shapes two thirds of it
+  int angulo = 15;  // degrees
   int oitava = 5;   // scales an octave
 };
 

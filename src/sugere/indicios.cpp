@@ -14,10 +14,7 @@ namespace {
 constexpr PASSOS passos{30, 3};  // coarse: fits mend places and sizes
 constexpr double menorDoBanco = 8;
 constexpr double maiorDoBanco = 128;
-constexpr int grande = 8;     // reduction in which larger shapes are searched
-constexpr double miudo = 11;  // grains below are looked for among smaller ones too
-constexpr double menorMiudo = 4;
-constexpr double parteDeMiudos = 0.1;
+constexpr int grande = 8;  // reduction in which larger shapes are searched
 
 std::vector<MAXLOCAL> procura(const cv::Mat_<unsigned char>& img, const std::vector<LINHA>& linhas,
                               double minCorr) {
@@ -64,25 +61,13 @@ double diametro(const refine::FIGURA& f) {
   return std::sqrt(refine::area(f) * (4 / std::numbers::pi));
 }
 
-bool temMiudos(const std::vector<refine::APURADO>& graos) {
-  const auto n = std::count_if(graos.begin(), graos.end(),
-                               [](const refine::APURADO& g) { return diametro(g.figura) < miudo; });
-  return static_cast<double>(n) > parteDeMiudos * static_cast<double>(graos.size());
-}
-
 }  // namespace
 
 std::vector<INDICIO> indicios(const VISTA& v, const OLHAR& olhar) {
   const cv::Mat_<unsigned char> img =
       olhar.inverte ? cv::Mat_<unsigned char>(255 - v.cinza) : v.cinza;
-  std::vector<MAXLOCAL> achados = lista(img, olhar.minCorr);
-  std::vector<refine::APURADO> graos = refine::apura(img, achados, olhar.modo).graos;
-  if (v.reducao == 1 && temMiudos(graos)) {
-    junta(achados,
-          procura(img, {{'c', 1, menorMiudo, menorDoBanco}, {'q', 1, menorMiudo, menorDoBanco}},
-                  olhar.minCorr));
-    graos = refine::apura(img, achados, olhar.modo).graos;
-  }
+  const std::vector<refine::APURADO> graos =
+      refine::apura(img, lista(img, olhar.minCorr), olhar.modo).graos;
   std::vector<INDICIO> r;
   for (const refine::APURADO& g : graos) {
     const double d = diametro(g.figura) * v.reducao;

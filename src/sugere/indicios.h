@@ -22,8 +22,8 @@ struct OLHAR {
   refine::MODO_DE_APURAR modo;
 };
 
-// Searches the view for shapes of all families and sizes, up to a third of it and, where there are
-// very small ones, down to 4 pixels; and fits and judges what it finds.
+// Searches the view for shapes of all families from 8 pixels to a third of it, and fits and judges
+// what it finds. Fits may go somewhat below.
 std::vector<INDICIO> indicios(const VISTA& v, const OLHAR& olhar);
 
 // How much speaks for grains: the sum of size by support by contrast. What is no grain has little

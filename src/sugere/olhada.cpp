@@ -10,7 +10,7 @@ namespace {
 
 constexpr int menorRelance = 160;            // side of a view, pixels
 constexpr std::size_t bastamDeRelance = 10;  // grains, of which
-constexpr double parteDeRelance = 0.9;       // of the evidence is enough
+constexpr double parteDeRelance = 0.75;      // of the evidence is enough
 
 std::vector<INDICIO>& daPolaridade(OLHADA& o, bool inverte) {
   return inverte ? o.claros : o.escuros;

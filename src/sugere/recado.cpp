@@ -1,7 +1,8 @@
 #include "sugere/recado.h"
 
+#include <array>
+#include <charconv>
 #include <cmath>
-#include <opencv2/core.hpp>
 #include <sstream>
 
 #include "pim/erro.h"
@@ -12,12 +13,19 @@ namespace {
 
 constexpr std::string_view prefixo = "// vorplex-lote:";
 
+// The fewest digits that read back as the same number.
+std::string maisCurto(double x) {
+  std::array<char, 32> texto{};
+  const std::to_chars_result fim = std::to_chars(texto.data(), texto.data() + texto.size(), x);
+  return {texto.data(), fim.ptr};
+}
+
 }  // namespace
 
 std::string linhaDoRecado(const RECADO& r) {
   std::string s(prefixo);
   if (r.inverte) s += " -i";
-  if (r.minCorr) s += cv::format(" -c %g", *r.minCorr);
+  if (r.minCorr) s += " -c " + maisCurto(*r.minCorr);
   return s;
 }
 

@@ -8,20 +8,21 @@
 namespace sugere {
 namespace {
 
-constexpr double menosPixels = 0.75e6;  // looked at, of all photographs together
-constexpr double maisPixels = 3e6;
+constexpr double menosPixels = 0.4e6;  // looked at, of all photographs together
+constexpr double maisPixels = 2e6;
 constexpr double minCorrComum = 0.02;
 constexpr double minCorrPalido = 0.005;  // where nothing was found
 constexpr double menosPorFoto = 65536;
 
-// The views of all photographs: as many pixels as one of them has, within limits.
+// The views of all photographs: half as many pixels as one of them has, within limits.
 std::vector<OLHADA> todasAsVistas(std::size_t quantas, const LEITOR& le) {
   std::vector<OLHADA> v;
   double uma = 0;
   for (std::size_t i = 0; i < quantas; ++i) {
     const cv::Mat_<unsigned char> foto = le(i);
     if (uma == 0) uma = static_cast<double>(foto.total());
-    const double pixels = std::clamp(uma, menosPixels, maisPixels) / static_cast<double>(quantas);
+    const double pixels =
+        std::clamp(uma / 2, menosPixels, maisPixels) / static_cast<double>(quantas);
     for (VISTA& vista : vistas(foto, i, std::max(pixels, menosPorFoto))) {
       v.push_back({std::move(vista), {}, {}});
     }

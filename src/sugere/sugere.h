@@ -27,9 +27,8 @@ struct SUGESTAO {
 // counts as one that can't be read.
 using LEITOR = std::function<cv::Mat_<unsigned char>(std::size_t i)>;
 
-// Chooses what to search for in `quantas` photographs, by looking at a few million pixels of them
-// at most: all of small photographs, parts of large ones. Takes about as long as the search and fit
-// of one of them, if that has a million pixels or more.
+// Chooses what to search for in `quantas` photographs, by looking at half as many pixels as one of
+// them has, 0.4 to 2 million: all of small photographs, parts of large ones.
 SUGESTAO sugere(std::size_t quantas, const LEITOR& le, const PEDIDO& pedido);
 
 }  // namespace sugere
