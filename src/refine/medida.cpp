@@ -5,12 +5,22 @@
 #include <numbers>
 #include <vector>
 
+#include "refine/ajuste/molde.h"
+
 namespace refine {
 
 namespace {
 
 constexpr int passos = 8;
-constexpr double parada = 0.003;  // pixels
+constexpr double parada = 0.003;   // pixels
+constexpr double passoFino = 0.5;  // of the profiles, pixels
+constexpr double menorTolerancia = 0.15;
+constexpr int vizinhas = 8;  // samples that may err alike: three times as far as the noise does
+
+// About a pixel apart.
+int quantasAmostras(const FIGURA& f) {
+  return static_cast<int>(std::clamp(perimetro(f), 32.0, 400.0)) / 2 * 2;
+}
 
 float mediana(std::vector<float>& v, float padrao) {
   if (v.empty()) return padrao;
@@ -42,7 +52,7 @@ ESTADO_DA_MEDIDA olha(BANCADA& b) {
     longe.push_back(std::fabs(x.desvio));
   }
   ESTADO_DA_MEDIDA e;
-  e.desfoque = std::clamp(static_cast<double>(mediana(larguras, 1)), 0.64 + 1.0 / 3, 16.0);
+  e.desfoque = std::clamp(static_cast<double>(mediana(larguras, 1)), 0.64 + doDeclive, 16.0);
   e.rampa = mediana(rampas, 0);
   e.espalha = mediana(longe, 1);
   e.vista = visto > 0 ? vista / visto : 0;
@@ -70,27 +80,38 @@ int quantosJuntar(const ANDAR& foto, double rampa, std::size_t amostras) {
   return static_cast<int>(std::min({n, 8.0, static_cast<double>(amostras) / 24}));
 }
 
-// Samples side by side see much the same noise: their errors are not independent. And what is not
-// noise, as texture near the edge, is in no scatter. Both from rendered scenes of known sizes.
-constexpr double vizinhasIguais = 2.2;
-constexpr double erroDeSempre = 0.06;  // pixels, at the end of the longer half size for the angle
+// What no scatter tells, pixels; of the angle at the end of the longer half size.
+constexpr double erroDeSempre = 0.02;
+// Of the mould's own error, which allows for more shading than most grains have. Both from rendered
+// scenes of known sizes.
+constexpr double parteDoMolde = 0.6;
 
-// Standard errors from the equations of the last step; false when they have none.
-bool erros(const EQUACOES& q, int junta, MEDIDA& m) {
-  const std::optional<SISTEMA> c = covariancia(q);
+// Standard errors from the scatter of the edges about the contour and the error of the mould's
+// place, which moves all edges outward or inward; false when they have none.
+bool erros(const EQUACOES& q, const SISTEMA& dispersao, double doMolde, MEDIDA& m) {
+  const std::optional<SISTEMA> c = covariancia(q, dispersao);
   if (!c) return false;
-  const auto sigma = [&](int i, double sempre) {
+  // The unknowns took some of the scatter away.
+  const double pedacos = m.quantas / ruidoIgual;
+  const double sobram = pedacos / std::max(1.0, pedacos - q.n);
+  const auto sigma = [&](int i, double sempre, double molde) {
     const auto k = static_cast<std::size_t>(i);
-    const double s = vizinhasIguais * std::sqrt(std::max(0.0, (*c)[k][k]) * (1 + 2.0 * junta));
-    return std::sqrt(s * s + sempre * sempre);
+    return std::sqrt(std::max(0.0, (*c)[k][k]) * sobram + sempre * sempre + molde * molde);
   };
-  m.erro[0] = sigma(0, erroDeSempre);
-  m.erro[1] = sigma(1, erroDeSempre);
-  m.erro[2] = sigma(2, erroDeSempre);
-  m.erro[3] = q.n == 5 ? sigma(3, erroDeSempre) : m.erro[2];
+  const double dosTamanhos = 2 * parteDoMolde * doMolde;  // at both ends
+  m.erro[0] = sigma(0, erroDeSempre, 0);
+  m.erro[1] = sigma(1, erroDeSempre, 0);
+  m.erro[2] = sigma(2, erroDeSempre, dosTamanhos);
+  m.erro[3] = q.n == 5 ? sigma(3, erroDeSempre, dosTamanhos) : m.erro[2];
   const double braco = std::max(m.figura.d1, m.figura.d2) / 2;
-  m.erro[4] = q.n == 3 ? 0 : sigma(q.n - 1, erroDeSempre / braco) * (180 / std::numbers::pi);
+  m.erro[4] = q.n == 3 ? 0 : sigma(q.n - 1, erroDeSempre / braco, 0) * (180 / std::numbers::pi);
   return true;
+}
+
+// How far from the contour edges of this blur are looked for, pixels.
+double alcanceFino(double desfoque, const FIGURA& f) {
+  const double a = std::clamp(std::max(2.5 * std::sqrt(desfoque), 0.15 * menorMetade(f)), 1.5, 6.0);
+  return std::min(a, std::max(1.5, 0.6 * menorMetade(f)));
 }
 
 // How the edges of a measure are looked for.
@@ -110,17 +131,17 @@ std::optional<MEDIDA> medeCom(const ANDAR& foto, const FIGURA& inicial, PROCURA 
   ESTADO_DA_MEDIDA e;
   EQUACOES q;
   for (int k = 0; k < passos; ++k) {
-    const int n = static_cast<int>(std::clamp(perimetro(f), 32.0, 400.0)) / 2 * 2;
-    amostra(f, n, b.amostras);
-    procuraBordas(foto, b.amostras, {alcance, 0.5, nitidez, procura.primeira, junta}, b.bordas);
+    amostra(f, quantasAmostras(f), b.amostras);
+    procuraBordas(foto, b.amostras, {alcance, passoFino, nitidez, procura.primeira, junta},
+                  b.bordas);
     esconde(encobrem, b);
     e = olha(b);
     b.deslocamentos.resize(b.bordas.size());
     for (std::size_t i = 0; i < b.bordas.size(); ++i) {
       b.deslocamentos[i] =
-          b.bordas[i].desvio + b.amostras[i].curvatura * (e.desfoque - 1.0 / 3) / 2;
+          b.bordas[i].desvio + b.amostras[i].curvatura * (e.desfoque - doDeclive) / 2;
     }
-    q = equacoes(foto, f, b.deslocamentos, std::max(0.15, 3 * e.espalha), b);
+    q = equacoes(foto, f, b.deslocamentos, std::max(menorTolerancia, 3 * e.espalha), b);
     const std::optional<VETOR> v = resolve(q, 0);
     if (!v) return std::nullopt;
     const double movida = move(f, *v);
@@ -129,21 +150,124 @@ std::optional<MEDIDA> medeCom(const ANDAR& foto, const FIGURA& inicial, PROCURA 
     if (procura.primeira > 0) continue;
     nitidez = static_cast<int>(std::clamp(4 * std::sqrt(e.desfoque), 2.0, 12.0));
     junta = quantosJuntar(foto, e.rampa, b.bordas.size());
-    alcance = std::clamp(std::max(2.5 * std::sqrt(e.desfoque), 0.15 * menorMetade(f)), 1.5, 6.0);
-    alcance = std::min(alcance, std::max(1.5, 0.6 * menorMetade(f)));
+    alcance = alcanceFino(e.desfoque, f);
   }
   m.rampa = e.rampa;
+  m.desfoque = e.desfoque;
   m.residuo = e.espalha;
   m.vista = e.vista;
   m.quantas = e.quantas;
-  if (!erros(q, junta, m)) return std::nullopt;
+  const SISTEMA d = dispersao(foto, f, b.deslocamentos, std::max(menorTolerancia, 3 * e.espalha),
+                              vizinhas + 2 * junta, b);
+  if (!erros(q, d, 0, m)) return std::nullopt;
   return m;
+}
+
+// How far in blurred edges are seen for each curvature: variance over 2, and less where the blur
+// is a third as wide as the half size and more (from the exact blur of a disc).
+double recuoPorCurvatura(double sigma, double metade) {
+  const double q = sigma / metade * (sigma / metade);
+  return sigma * sigma / 2 / (1 + 40 * q * q * q);
+}
+
+// A fit by the mould of the shape's own edges, from one step to the next.
+struct AFINACAO {
+  FIGURA f;
+  MOLDE molde;
+  double tolerancia;  // edges farther from the contour count less
+  double rampa;       // median slope
+  double residuo;     // median distance of the edges from the contour
+};
+
+// Samples, profiles and edges about the contour; wide enough for the mould at every edge.
+void leBordas(const ANDAR& foto, const AFINACAO& a, int amostras, ENCOBREM encobrem, BANCADA& b) {
+  const double sigma = a.molde.sigma;
+  ALCANCE como{alcanceFino(sigma * sigma + doDeclive, a.f), passoFino};
+  como.nitidez = static_cast<int>(std::clamp(4 * sigma, 2.0, 12.0));
+  como.junta = quantosJuntar(foto, a.rampa, static_cast<std::size_t>(amostras));
+  constexpr double maisLonge = 12;
+  const double longe = std::min(maisLonge, std::max(como.alcance + 2 * sigma + 1, 3 * sigma + 1));
+  const int pontos = std::max(passosDaBusca(como), static_cast<int>(longe / passoFino + 0.5));
+  amostra(a.f, amostras, b.amostras);
+  lePerfis(foto, b.amostras, pontos, passoFino, b.perfis, b.bordas);
+  esconde(encobrem, b);
+  if (como.junta == 0) return achaBordas(foto, b.amostras, como, b.perfis, b.bordas);
+  // The mould wants them as they are.
+  PERFIS juntos = b.perfis;
+  achaBordas(foto, b.amostras, como, juntos, b.bordas);
+}
+
+// The mould of the edges, and by it the place of each; false when they have none.
+bool moldaBordas(AFINACAO& a, BANCADA& b) {
+  std::vector<double> pesos(b.bordas.size());
+  for (std::size_t i = 0; i < pesos.size(); ++i) {
+    const double e = b.deslocamentos[i] / a.tolerancia;
+    const bool serve = b.bordas[i].ha && b.amostras[i].peso >= 1;  // not where two edges meet
+    pesos[i] = serve ? b.amostras[i].arco / (1 + e * e) : 0;
+  }
+  const double sigma = a.molde.sigma;
+  const JANELA janela{std::min(2.3 * sigma + 1, 0.9 * menorMetade(a.f)), 2.5 * sigma + 1};
+  const std::optional<MOLDE> molde = molda(b.perfis, pesos, janela, a.molde);
+  if (!molde) return false;
+  a.molde = *molde;
+  deslocaPorMolde(b.perfis, a.molde, b.bordas, b.deslocamentos);
+  const double recuo = recuoPorCurvatura(a.molde.sigma, menorMetade(a.f));
+  std::vector<float> longe;
+  for (std::size_t i = 0; i < b.bordas.size(); ++i) {
+    b.deslocamentos[i] += b.amostras[i].curvatura * recuo;
+    const bool conta = b.bordas[i].ha && b.amostras[i].peso >= 1;
+    if (conta) longe.push_back(static_cast<float>(std::fabs(b.deslocamentos[i])));
+  }
+  a.residuo = mediana(longe, 1);
+  a.tolerancia = std::max(menorTolerancia, 3 * a.residuo);
+  return true;
+}
+
+// Fits the shape anew by the mould, which is steadier in noise than the steepest places and tells
+// shading from edge; false when that can't be.
+bool afina(const ANDAR& foto, ENCOBREM encobrem, MEDIDA& m, BANCADA& b) {
+  constexpr int voltas = 4;
+  AFINACAO a{m.figura, {}, std::max(menorTolerancia, 3 * m.residuo), m.rampa, m.residuo};
+  a.molde.sigma = std::sqrt(std::max(0.64, m.desfoque - doDeclive));
+  const int amostras = quantasAmostras(a.f);
+  EQUACOES q;
+  for (int k = 0; k < voltas; ++k) {
+    leBordas(foto, a, amostras, encobrem, b);
+    if (k == 0) {
+      b.deslocamentos.clear();
+      for (const BORDA& x : b.bordas) b.deslocamentos.push_back(x.desvio);
+    }
+    if (!moldaBordas(a, b)) return false;
+    q = equacoes(foto, a.f, b.deslocamentos, a.tolerancia, b);
+    const std::optional<VETOR> v = resolve(q, 0);
+    if (!v) return false;
+    const double movida = move(a.f, *v);
+    if (perdida(foto, a.f)) return false;
+    if (movida < parada && k >= 1) break;
+  }
+  m.figura = a.f;
+  m.residuo = a.residuo;
+  const SISTEMA d = dispersao(foto, a.f, b.deslocamentos, a.tolerancia, vizinhas, b);
+  return erros(q, d, a.molde.erro, m);
+}
+
+// By the mould where that can be, as it was where not.
+MEDIDA afinada(const ANDAR& foto, const MEDIDA& m, ENCOBREM encobrem, BANCADA& b) {
+  MEDIDA fina = m;
+  return afina(foto, encobrem, fina, b) ? fina : m;
+}
+
+std::optional<MEDIDA> medePelosPicos(const ANDAR& foto, const FIGURA& f, ENCOBREM encobrem,
+                                     BANCADA& b) {
+  return medeCom(foto, f, {std::clamp(0.25 * menorMetade(f), 1.5, 4.0)}, encobrem, b);
 }
 
 }  // namespace
 
 std::optional<MEDIDA> mede(const ANDAR& foto, const FIGURA& f, ENCOBREM encobrem, BANCADA& b) {
-  return medeCom(foto, f, {std::clamp(0.25 * menorMetade(f), 1.5, 4.0)}, encobrem, b);
+  const std::optional<MEDIDA> m = medePelosPicos(foto, f, encobrem, b);
+  if (!m) return m;
+  return afinada(foto, *m, encobrem, b);
 }
 
 std::optional<MEDIDA> semSombra(const ANDAR& foto, const MEDIDA& m, ENCOBREM encobrem, BANCADA& b) {
@@ -175,7 +299,7 @@ std::optional<MEDIDA> medeMelhor(const ANDAR& foto, const FIGURA& f, std::string
   const auto tenta = [&](char forma, double ang, double d1, double d2) {
     FIGURA g{forma, f.l, f.c, d1, d2, ang};
     if (forma == 'c' || forma == 'q') g.d1 = g.d2 = std::sqrt(d1 * d2);
-    const std::optional<MEDIDA> m = mede(foto, g, encobrem, b);
+    const std::optional<MEDIDA> m = medePelosPicos(foto, g, encobrem, b);
     if (!m) return;
     double r2 = 0, w = 0;
     for (std::size_t i = 0; i < b.bordas.size(); ++i) {
@@ -205,7 +329,8 @@ std::optional<MEDIDA> medeMelhor(const ANDAR& foto, const FIGURA& f, std::string
       }
     }
   }
-  return melhor;
+  if (!melhor) return melhor;
+  return afinada(foto, *melhor, encobrem, b);
 }
 
 }  // namespace refine

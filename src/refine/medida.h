@@ -13,6 +13,7 @@ namespace refine {
 struct MEDIDA {
   FIGURA figura;
   double rampa = 0;                       // median slope of the edges, grey a pixel
+  double desfoque = 1;                    // variance of the slope's peak, square pixels
   double residuo = 0;                     // scatter of the edges about the outline, robust, pixels
   double quantas = 0;                     // edges that count, in pixels of outline
   double vista = 0;                       // share of the visible outline that has an edge

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <utility>
 
+#include <opencv2/imgproc.hpp>
+
 #include "refine/foto.h"
 
 namespace refine {
@@ -168,8 +170,7 @@ TEST(Medida, EncobertaEmParte) {
   EXPECT_LT(semQuem, 0.97 * comQuem);
 }
 
-// All profiles of a side fall alike between pixels: nothing evens their errors out,
-// and sizes are found to a quarter of a pixel only.
+// All profiles of a side fall alike between pixels: nothing evens their errors out.
 TEST(Medida, AoLongoDasLinhasEDasColunas) {
   std::mt19937 g(21);
   for (const char forma : {'q', 'r'}) {
@@ -179,8 +180,31 @@ TEST(Medida, AoLongoDasLinhasEDasColunas) {
       const CAMPO campo = preparaCampo(fotografaFormas({120, 120}, {certa}, {}, g));
       const std::optional<MEDIDA> m = ajustaEMede(campo, certa);
       ASSERT_TRUE(m.has_value());
-      confereMedida(*m, certa, 0.3);
+      confereMedida(*m, certa, 0.15);
     }
+  }
+}
+
+// Paler toward the rim, as rounded grains are: the steepest place of the blurred edge lies some
+// tenths of a pixel inside the outline.
+TEST(Medida, PalidaParaABeira) {
+  std::mt19937 g(22);
+  for (int k = 0; k < 12; ++k) {
+    const FIGURA certa = verdadeSorteada('c', 20, 40, g);
+    cv::Mat_<unsigned char> foto = fotografaFormas({120, 120}, {certa}, {0.8, 0.3, 0, 0}, g);
+    for (int l = 0; l < foto.rows; ++l) {
+      for (int c = 0; c < foto.cols; ++c) {
+        const double r = std::hypot(l - certa.l, c - certa.c) / (certa.d1 / 2);
+        const double escuro = (204.0 - foto(l, c)) / (204.0 - 76.5);
+        const double palido = escuro * 30 * std::fmin(r * r, 1.0);
+        foto(l, c) = static_cast<unsigned char>(foto(l, c) + palido);
+      }
+    }
+    cv::GaussianBlur(foto, foto, {0, 0}, 1.2);
+    const std::optional<MEDIDA> m = ajustaEMede(preparaCampo(foto), certa);
+    ASSERT_TRUE(m.has_value());
+    EXPECT_NEAR(m->figura.d1, certa.d1, 0.12);
+    EXPECT_NEAR(m->figura.d1, certa.d1, 3 * m->erro[2]);
   }
 }
 

@@ -7,6 +7,8 @@
 #include <numbers>
 #include <optional>
 
+#include "refine/ajuste/sistema.h"
+
 namespace refine {
 
 namespace {
@@ -31,40 +33,13 @@ VETOR derivadas(const AMOSTRA& a, LIBERDADE l) {
   return {a.derivada[0], a.derivada[1], a.derivada[2] + a.derivada[3], a.derivada[4], 0};
 }
 
-// Solves the symmetric system of N unknowns by the factors L D L^T; nothing when it has no unique
-// solution.
-template <std::size_t N>
-std::optional<VETOR> resolveDe(const SISTEMA& s, VETOR b) {
-  SISTEMA f;      // below the diagonal L, above it D L^T
-  VETOR inverso;  // of D
-  for (std::size_t i = 0; i < N; ++i) {
-    for (std::size_t j = 0; j < i; ++j) {
-      double x = s[i][j];
-      for (std::size_t k = 0; k < j; ++k) x -= f[i][k] * f[k][j];
-      f[j][i] = x;
-      f[i][j] = x * inverso[j];
-    }
-    double x = s[i][i];
-    for (std::size_t k = 0; k < i; ++k) x -= f[i][k] * f[k][i];
-    if (!(x > 1e-12)) return std::nullopt;
-    inverso[i] = 1 / x;
-    for (std::size_t k = 0; k < i; ++k) b[i] -= f[i][k] * b[k];
-  }
-  for (std::size_t i = N; i-- > 0;) {
-    b[i] *= inverso[i];
-    for (std::size_t k = i + 1; k < N; ++k) b[i] -= f[k][i] * b[k];
-  }
-  return b;
-}
-
 std::optional<VETOR> resolveSistema(const SISTEMA& s, const VETOR& b, int n) {
-  if (n == 3) return resolveDe<3>(s, b);
-  return n == 4 ? resolveDe<4>(s, b) : resolveDe<5>(s, b);
+  if (n == 3) return resolveSimetrico<3>(s, b);
+  return n == 4 ? resolveSimetrico<4>(s, b) : resolveSimetrico<5>(s, b);
 }
 
 // Blurred edges that curve are seen too far in, by curvature times variance of the blur over 2.
 double recuo(const AMOSTRA& a, const BORDA& b) {
-  constexpr double doDeclive = 1.0 / 3;  // what taking the slope over two pixels adds
   return a.curvatura * std::clamp(b.largura2 - doDeclive, 0.64, 9.0) / 2;
 }
 
@@ -72,52 +47,79 @@ double recuo(const AMOSTRA& a, const BORDA& b) {
 
 namespace {
 
-// The sums of the equations of `N` unknowns; the scatter only where it is asked for.
-template <std::size_t N, bool DISPERSAO>
+// How much an edge counts that lies `e` pixels outward from the contour.
+double peso(const AMOSTRA& a, const BORDA& b, double e, double ruido, double tolerancia) {
+  const double longe = e / tolerancia;
+  return std::min(1.0, b.rampa / (3 * ruido)) * a.arco * a.peso / (1 + longe * longe);
+}
+
+// The sums of the equations of `N` unknowns.
+template <std::size_t N>
 void somaEquacoes(double ruido, LIBERDADE l, const std::vector<double>& deslocamentos,
                   double tolerancia, const BANCADA& b, EQUACOES& q) {
-  const double inclinada = 1 / (3 * ruido);
-  const double perto = 1 / (tolerancia * tolerancia);
   for (std::size_t i = 0; i < b.bordas.size(); ++i) {
     const BORDA& borda = b.bordas[i];
     if (!borda.ha) continue;
     const AMOSTRA& a = b.amostras[i];
     const double e = deslocamentos[i];
-    const double peso =
-        std::min(1.0, borda.rampa * inclinada) * a.arco * a.peso / (1 + e * e * perto);
+    const double w = peso(a, borda, e, ruido, tolerancia);
     const VETOR d = derivadas(a, l);
     for (std::size_t j = 0; j < N; ++j) {
-      const double pd = peso * d[j];
+      const double pd = w * d[j];
       for (std::size_t k = 0; k <= j; ++k) q.matriz[j][k] += pd * d[k];
       q.lado[j] += pd * e;
-      if constexpr (DISPERSAO) {
-        for (std::size_t k = 0; k <= j; ++k) q.dispersao[j][k] += pd * e * (peso * e * d[k]);
-      }
     }
   }
-}
-
-template <bool DISPERSAO>
-EQUACOES equacoesCom(const ANDAR& andar, const FIGURA& f, const std::vector<double>& deslocamentos,
-                     double tolerancia, const BANCADA& b) {
-  const LIBERDADE l = liberdade(f.forma);
-  EQUACOES q;
-  q.n = l.n;
-  if (l.n == 3) {
-    somaEquacoes<3, DISPERSAO>(andar.ruido, l, deslocamentos, tolerancia, b, q);
-  } else if (l.n == 4) {
-    somaEquacoes<4, DISPERSAO>(andar.ruido, l, deslocamentos, tolerancia, b, q);
-  } else {
-    somaEquacoes<5, DISPERSAO>(andar.ruido, l, deslocamentos, tolerancia, b, q);
-  }
-  return q;
 }
 
 }  // namespace
 
 EQUACOES equacoes(const ANDAR& andar, const FIGURA& f, const std::vector<double>& deslocamentos,
                   double tolerancia, const BANCADA& b) {
-  return equacoesCom<true>(andar, f, deslocamentos, tolerancia, b);
+  const LIBERDADE l = liberdade(f.forma);
+  EQUACOES q;
+  q.n = l.n;
+  if (l.n == 3) {
+    somaEquacoes<3>(andar.ruido, l, deslocamentos, tolerancia, b, q);
+  } else if (l.n == 4) {
+    somaEquacoes<4>(andar.ruido, l, deslocamentos, tolerancia, b, q);
+  } else {
+    somaEquacoes<5>(andar.ruido, l, deslocamentos, tolerancia, b, q);
+  }
+  return q;
+}
+
+SISTEMA dispersao(const ANDAR& andar, const FIGURA& f, const std::vector<double>& deslocamentos,
+                  double tolerancia, int vizinhas, const BANCADA& b) {
+  const LIBERDADE l = liberdade(f.forma);
+  const auto n = static_cast<std::size_t>(l.n);
+  const std::size_t total = b.bordas.size();
+  std::vector<VETOR> partes(total);
+  for (std::size_t i = 0; i < total; ++i) {
+    if (!b.bordas[i].ha) continue;
+    const double e = deslocamentos[i];
+    const VETOR d = derivadas(b.amostras[i], l);
+    const double p = peso(b.amostras[i], b.bordas[i], e, andar.ruido, tolerancia) * e;
+    for (std::size_t j = 0; j < n; ++j) partes[i][j] = p * d[j];
+  }
+  SISTEMA s{};
+  const auto soma = [&](const VETOR& x, const VETOR& y, double quanto) {
+    for (std::size_t j = 0; j < n; ++j) {
+      for (std::size_t k = 0; k <= j; ++k) s[j][k] += quanto * (x[j] * y[k] + x[k] * y[j]) / 2;
+    }
+  };
+  const bool roda = f.forma == 'c' || f.forma == 'e';
+  for (std::size_t i = 0; i < total; ++i) {
+    soma(partes[i], partes[i], 1);
+    for (int v = 1; v <= vizinhas; ++v) {
+      std::size_t j = i + static_cast<std::size_t>(v);
+      if (j >= total && !roda) break;
+      j %= total;
+      if (b.amostras[j].lado != b.amostras[i].lado) break;
+      soma(partes[i], partes[j], 2 * (1 - static_cast<double>(v) / (vizinhas + 1)));
+    }
+  }
+  return s;
 }
 
 std::optional<VETOR> resolve(const EQUACOES& e, double amortecimento) {
@@ -128,7 +130,7 @@ std::optional<VETOR> resolve(const EQUACOES& e, double amortecimento) {
   return resolveSistema(s, e.lado, e.n);
 }
 
-std::optional<SISTEMA> covariancia(const EQUACOES& e) {
+std::optional<SISTEMA> covariancia(const EQUACOES& e, const SISTEMA& dispersao) {
   const auto n = static_cast<std::size_t>(e.n);
   SISTEMA inversa{};
   for (std::size_t j = 0; j < n; ++j) {
@@ -143,7 +145,7 @@ std::optional<SISTEMA> covariancia(const EQUACOES& e) {
     for (std::size_t k = 0; k < n; ++k) {
       for (std::size_t p = 0; p < n; ++p) {
         for (std::size_t q = 0; q < n; ++q) {
-          const double d = p >= q ? e.dispersao[p][q] : e.dispersao[q][p];
+          const double d = p >= q ? dispersao[p][q] : dispersao[q][p];
           c[j][k] += inversa[j][p] * d * inversa[q][k];
         }
       }
@@ -207,8 +209,8 @@ bool ajusta(const ANDAR& andar, FIGURA& f, const MODO& modo, BANCADA& b) {
     for (std::size_t i = 0; i < b.bordas.size(); ++i) {
       deslocamentos[i] = b.bordas[i].desvio + recuo(b.amostras[i], b.bordas[i]);
     }
-    const std::optional<VETOR> v = resolve(
-        equacoesCom<false>(andar, f, deslocamentos, 0.35 * alcance + 0.5, b), amortecimentoUsual);
+    const std::optional<VETOR> v =
+        resolve(equacoes(andar, f, deslocamentos, 0.35 * alcance + 0.5, b), amortecimentoUsual);
     if (!v) return false;
     const double movida = move(f, *v);
     if (perdida(andar, f)) return false;

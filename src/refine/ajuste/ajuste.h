@@ -15,6 +15,7 @@ struct BANCADA {
   std::vector<AMOSTRA> amostras;
   std::vector<BORDA> bordas;
   std::vector<double> deslocamentos;
+  PERFIS perfis;
 };
 
 // One way of fitting: how many samples and steps, and how far the profiles reach.
@@ -39,13 +40,11 @@ using VETOR = std::array<double, parametros>;
 using SISTEMA = std::array<VETOR, parametros>;
 
 // The weighted least squares of one step. `deslocamentos` are the places of the edges outward from
-// the contour; those farther than `tolerancia` count less and less. Sides: of the matrix (lower
-// half), and of each unknown.
+// the contour; those farther than `tolerancia` count less and less.
 struct EQUACOES {
-  SISTEMA matriz{};
+  SISTEMA matriz{};  // lower half
   VETOR lado{};
-  SISTEMA dispersao{};  // sum of the squares of what each edge adds to `lado`
-  int n = 0;            // unknowns: row, column, size or sizes, angle
+  int n = 0;  // unknowns: row, column, size or sizes, angle
 };
 EQUACOES equacoes(const ANDAR& andar, const FIGURA& f, const std::vector<double>& deslocamentos,
                   double tolerancia, const BANCADA& b);
@@ -53,8 +52,13 @@ EQUACOES equacoes(const ANDAR& andar, const FIGURA& f, const std::vector<double>
 // The solution of the damped equations; nothing when there is none.
 std::optional<VETOR> resolve(const EQUACOES& e, double amortecimento);
 
+// How the sums of `equacoes` scatter, from what each edge adds to them; edges up to `vizinhas`
+// samples apart on a side are taken as alike, the less the farther (Newey and West, 1987).
+SISTEMA dispersao(const ANDAR& andar, const FIGURA& f, const std::vector<double>& deslocamentos,
+                  double tolerancia, int vizinhas, const BANCADA& b);
+
 // Covariance of the unknowns from the scatter of the edges (the sandwich of Huber, 1967).
-std::optional<SISTEMA> covariancia(const EQUACOES& e);
+std::optional<SISTEMA> covariancia(const EQUACOES& e, const SISTEMA& dispersao);
 
 // Moves the shape by the step, no farther than is sound; returns the farthest that anything moved.
 double move(FIGURA& f, const VETOR& v);

@@ -38,6 +38,12 @@ PESO_DO_PASSO pesos(double h, int n) {
   return peso;
 }
 
+// faz(first sample, number) for all, a block at a time.
+template <class FAZ>
+void porBloco(std::size_t total, FAZ faz) {
+  for (std::size_t i = 0; i < total; i += bloco) faz(i, std::min(bloco, total - i));
+}
+
 BUSCA busca(const ALCANCE& como, const PESO_DO_PASSO& peso) {
   BUSCA b{};
   b.n = std::min(maximoDePassos, static_cast<int>(std::ceil(como.alcance / como.passo)));
@@ -160,35 +166,56 @@ void acha(const ANDAR& andar, const BUSCA& b, double passo, const float* greys, 
 
 }  // namespace
 
-void procuraBordas(const ANDAR& andar, std::span<const AMOSTRA> amostras, ALCANCE como,
-                   std::vector<BORDA>& bordas) {
+void lePerfis(const ANDAR& andar, std::span<const AMOSTRA> amostras, int meio, double passo,
+              PERFIS& p, std::vector<BORDA>& bordas) {
+  bordas.assign(amostras.size(), {});
+  p.meio = meio;
+  p.passo = passo;
+  p.salto = cheio(amostras.size());
+  p.greys.resize(static_cast<std::size_t>(2 * meio + 1) * p.salto);
+  porBloco(amostras.size(), [&](std::size_t i, std::size_t n) {
+    le(andar, amostras.subspan(i, n), meio, passo, std::span(bordas).subspan(i, n),
+       p.greys.data() + i, p.salto);
+  });
+}
+
+int passosDaBusca(const ALCANCE& como) {
+  const BUSCA b = busca(como, {});
+  return b.n + b.nitidez + b.vao;
+}
+
+void achaBordas(const ANDAR& andar, std::span<const AMOSTRA> amostras, const ALCANCE& como,
+                PERFIS& p, std::vector<BORDA>& bordas) {
   PESO_DO_PASSO peso{};
   const BUSCA b = busca(como, peso);
   peso = pesos(como.passo / como.alcance, b.n);
-  const int m = b.n + b.nitidez + b.vao;
-  const std::size_t total = amostras.size();
-  bordas.assign(total, {});
-  const std::span<BORDA> todas(bordas);
-  const auto porBloco = [&](auto faz) {
-    for (std::size_t i = 0; i < total; i += bloco) faz(i, std::min(bloco, total - i));
-  };
-  if (como.junta == 0) {
-    std::array<float, maximoDeGreys * bloco> greys;
-    porBloco([&](std::size_t i, std::size_t n) {
-      const std::size_t salto = cheio(n);
-      le(andar, amostras.subspan(i, n), m, como.passo, todas.subspan(i, n), greys.data(), salto);
-      acha(andar, b, como.passo, greys.data(), salto, todas.subspan(i, n));
-    });
+  if (como.junta > 0) junta(amostras, bordas, como.junta, 2 * p.meio + 1, p.greys, p.salto);
+  const auto inicio = static_cast<std::size_t>(p.meio - passosDaBusca(como)) * p.salto;
+  porBloco(amostras.size(), [&](std::size_t i, std::size_t n) {
+    acha(andar, b, como.passo, p.greys.data() + inicio + i, p.salto,
+         std::span(bordas).subspan(i, n));
+  });
+}
+
+void procuraBordas(const ANDAR& andar, std::span<const AMOSTRA> amostras, ALCANCE como,
+                   std::vector<BORDA>& bordas) {
+  if (como.junta > 0) {
+    PERFIS p;
+    lePerfis(andar, amostras, passosDaBusca(como), como.passo, p, bordas);
+    achaBordas(andar, amostras, como, p, bordas);
     return;
   }
-  const std::size_t salto = cheio(total);
-  std::vector<float> greys(static_cast<std::size_t>(2 * m + 1) * salto);
-  porBloco([&](std::size_t i, std::size_t n) {
-    le(andar, amostras.subspan(i, n), m, como.passo, todas.subspan(i, n), greys.data() + i, salto);
-  });
-  junta(amostras, bordas, como.junta, 2 * m + 1, greys, salto);
-  porBloco([&](std::size_t i, std::size_t n) {
-    acha(andar, b, como.passo, greys.data() + i, salto, todas.subspan(i, n));
+  PESO_DO_PASSO peso{};
+  const BUSCA b = busca(como, peso);
+  peso = pesos(como.passo / como.alcance, b.n);
+  const int m = passosDaBusca(como);
+  bordas.assign(amostras.size(), {});
+  std::array<float, maximoDeGreys * bloco> greys;
+  porBloco(amostras.size(), [&](std::size_t i, std::size_t n) {
+    const std::size_t salto = cheio(n);
+    const std::span<BORDA> destes = std::span(bordas).subspan(i, n);
+    le(andar, amostras.subspan(i, n), m, como.passo, destes, greys.data(), salto);
+    acha(andar, b, como.passo, greys.data(), salto, destes);
   });
 }
 

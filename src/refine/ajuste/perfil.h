@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <span>
 #include <vector>
 
@@ -19,6 +20,9 @@ struct BORDA {
   float fora = 0;
 };
 
+// What taking the slope over two pixels adds to `largura2`.
+inline constexpr double doDeclive = 1.0 / 3;
+
 // How the profiles are read.
 struct ALCANCE {
   double alcance;  // pixels to either side
@@ -29,6 +33,31 @@ struct ALCANCE {
   double primeira = 0;  // the innermost edge of at least this slope is taken, not the strongest
   int junta = 0;        // profiles of so many neighbours to either side are averaged, against noise
 };
+
+// Profiles side by side: point k of sample i, from -meio inside to meio outside, lies k * passo
+// pixels outward from the contour.
+struct PERFIS {
+  int meio = 0;
+  double passo = 0.5;
+  std::size_t salto = 0;
+  std::vector<float> greys;
+
+  float em(int k, std::size_t i) const {
+    return greys[static_cast<std::size_t>(k + meio) * salto + i];
+  }
+};
+
+// Reads the profile of every sample; those out of sight are told in `bordas`, which is replaced.
+void lePerfis(const ANDAR& andar, std::span<const AMOSTRA> amostras, int meio, double passo,
+              PERFIS& p, std::vector<BORDA>& bordas);
+
+// How many points to either side the edges of `como` need.
+int passosDaBusca(const ALCANCE& como);
+
+// The edges in profiles that were read with the step of `como`. With `junta` the profiles become
+// those averaged.
+void achaBordas(const ANDAR& andar, std::span<const AMOSTRA> amostras, const ALCANCE& como,
+                PERFIS& p, std::vector<BORDA>& bordas);
 
 // The edge at every sample of a contour, places and lengths in pixels of the reduction. The edge is
 // the strongest rise of grey outward, the farther from the contour the less it counts

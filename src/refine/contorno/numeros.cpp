@@ -104,6 +104,18 @@ double logaritmo(double x) {
   return 2 * z * s + e * std::numbers::ln2;
 }
 
+// Abramowitz and Stegun (1964), 26.2.17.
+double acumulada(double x) {
+  const double t = 1 / (1 + 0.2316419 * std::fabs(x));
+  double s = 1.330274429;
+  s = -1.821255978 + t * s;
+  s = 1.781477937 + t * s;
+  s = -0.356563782 + t * s;
+  s = 0.319381530 + t * s;
+  const double cauda = 0.3989422804014327 * exponencial(-x * x / 2) * t * s;
+  return x < 0 ? cauda : 1 - cauda;
+}
+
 double angulo(double y, double x) {
   const double ax = std::fabs(x);
   const double ay = std::fabs(y);

@@ -18,6 +18,9 @@ double exponencial(double x);
 // Natural logarithm; x > 0 and finite.
 double logaritmo(double x);
 
+// Share of the normal distribution below x, within 1e-7.
+double acumulada(double x);
+
 // Angle of the vector (x, y) in degrees, -180 to 180; 0 for the null vector.
 double angulo(double y, double x);
 

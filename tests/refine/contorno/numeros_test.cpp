@@ -74,4 +74,10 @@ TEST(Numeros, AnguloEhExatoNosEixos) {
   EXPECT_EQ(angulo(-3, 0), -90);
 }
 
+TEST(Numeros, AcumuladaEhADaBiblioteca) {
+  for (double x = -9; x <= 9; x += 0.01) {
+    ASSERT_NEAR(acumulada(x), 0.5 * std::erfc(-x / std::numbers::sqrt2), 1e-7) << x;
+  }
+}
+
 }  // namespace refine
