@@ -24,10 +24,10 @@ std::string duracao(double segundos) {
 
 std::string barra(const AVANCO& a, double decorridos) {
   const bool porPixels = a.pixelsTotal > 0;
-  const double feito = porPixels ? a.pixelsVistos / a.pixelsTotal
-                       : a.total > 0
-                           ? static_cast<double>(a.acabadas) / static_cast<double>(a.total)
-                           : 1;
+  const double feito =
+      porPixels     ? (a.pixelsVistos + a.pixelsEmCurso) / a.pixelsTotal
+      : a.total > 0 ? (static_cast<double>(a.acabadas) + a.emCurso) / static_cast<double>(a.total)
+                    : 1;
   constexpr int largura = 20;
   std::string s = "[";
   for (int i = 0; i < largura; ++i) s += i < feito * largura ? '#' : ' ';
@@ -42,18 +42,18 @@ std::string barra(const AVANCO& a, double decorridos) {
 void dizLinha(const AVANCO& a, const std::string& linha) {
   if (a.quieto) return;
   apaga(a);
-  std::puts(linha.c_str());
-  std::fflush(stdout);
+  std::fprintf(a.saida, "%s\n", linha.c_str());
+  std::fflush(a.saida);
 }
 
 void mostra(const AVANCO& a) {
   if (a.quieto || !a.terminal) return;
-  std::printf("\r\x1b[K%s", barra(a, agora() - a.inicio).c_str());
-  std::fflush(stdout);
+  std::fprintf(a.saida, "\r\x1b[K%s", barra(a, agora() - a.inicio).c_str());
+  std::fflush(a.saida);
 }
 
 void apaga(const AVANCO& a) {
-  if (!a.quieto && a.terminal) std::fputs("\r\x1b[K", stdout);
+  if (!a.quieto && a.terminal) std::fputs("\r\x1b[K", a.saida);
 }
 
 }  // namespace batch

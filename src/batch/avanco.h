@@ -1,25 +1,29 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdio>
 #include <string>
 
 #include "export/idioma.h"
 
 namespace batch {
 
-// How far the run is, on standard output: on a terminal a bar that is drawn over and over,
-// elsewhere a line for each photograph.
+// How far the run is, on standard output or another: on a terminal a bar that is drawn over and
+// over, elsewhere a line for each photograph.
 struct AVANCO {
   exporta::IDIOMA idioma = exporta::IDIOMA::pt;
   bool quieto = false;
+  std::FILE* saida = stdout;
   bool terminal = false;
   std::size_t total = 0;
   std::size_t acabadas = 0;
   std::size_t falharam = 0;
-  double pixelsTotal = 0;   // as far as known beforehand
-  double pixelsVistos = 0;  // of the photographs that have ended, known beforehand
-  double pixelsFeitos = 0;  // searched in this run
-  double inicio = 0;        // seconds, of the same clock as `agora`
+  double pixelsTotal = 0;    // as far as known beforehand
+  double pixelsVistos = 0;   // of the photographs that have ended, known beforehand
+  double pixelsEmCurso = 0;  // done of those that are running, likewise
+  double emCurso = 0;        // the same in photographs
+  double pixelsFeitos = 0;   // searched in this run
+  double inicio = 0;         // seconds, of the same clock as `agora`
 };
 
 // Seconds since some moment; never goes back.

@@ -4,11 +4,13 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <optional>
+#include <sstream>
 #include <system_error>
 
 #include "batch/avanco.h"
@@ -25,11 +27,13 @@
 #include "batch/preparo.h"
 #include "batch/processo/processo.h"
 #include "batch/processo/recursos.h"
+#include "batch/simulacao.h"
 #include "batch/tabelas.h"
 #include "export/valor.h"
 #include "linha/ajuda.h"
 #include "linha/geral.h"
 #include "linha/linha.h"
+#include "linha/nomes.h"
 #include "linha/traducao.h"
 
 namespace fs = std::filesystem;
@@ -53,6 +57,7 @@ struct LOTE {
   std::vector<ALVO> alvos;
   std::vector<double> pixels;  // of each photograph, as far as known beforehand
   std::vector<double> inicios;
+  std::vector<double> partes;  // how far each is that is running, 0 to 1
   std::vector<FIM_DA_FOTO> fins;
   AVANCO avanco;
 
@@ -89,6 +94,12 @@ void dizFim(LOTE& l, std::size_t i, double pixels, double segundos) {
   mostra(l.avanco);
 }
 
+void andou(LOTE& l, std::size_t i, double parte) {
+  l.avanco.emCurso += parte - l.partes[i];
+  l.avanco.pixelsEmCurso += (parte - l.partes[i]) * l.pixels[i];
+  l.partes[i] = parte;
+}
+
 void acabou(LOTE& l, std::size_t i, const TERMINO& t) {
   FIM_DA_FOTO& f = l.fins[i];
   const std::string& nome = l.alvos[i].nome;
@@ -108,6 +119,7 @@ void acabou(LOTE& l, std::size_t i, const TERMINO& t) {
     if (f.fim != fins::semLugar && !guarda) publicaFalha(l, nome, t.fala);
     abandona(l.obra, nome);
   }
+  andou(l, i, 0);
   ++l.avanco.acabadas;
   l.avanco.pixelsVistos += l.pixels[i];
   const double pixels = bem && e ? static_cast<double>(e->rows) * e->cols : 0;
@@ -122,6 +134,7 @@ bool fazTodas(LOTE& l, const RECEITA& receita, int aoMesmoTempo) {
   t.aoMesmoTempo = aoMesmoTempo;
   t.comeca = [&](std::size_t i) { l.inicios[i] = agora(); };
   t.faz = [&](std::size_t i) { return fazFotografia(receita, l.alvos[i]); };
+  t.andou = [&](std::size_t i, double parte) { andou(l, i, parte); };
   t.acabou = [&](std::size_t i, const TERMINO& fim) { acabou(l, i, fim); };
   double mostrada = 0;
   t.passaTempo = [&] {
@@ -188,6 +201,13 @@ void dizResultado(const LOTE& l, const std::string& tabelas) {
   }
 }
 
+// The summary that was left as JSON goes to standard output.
+void mostraJson(const LOTE& l) {
+  std::ostringstream s;
+  s << std::ifstream(l.obra.pasta / arquivoDoJson, std::ios::binary).rdbuf();
+  std::fputs(s.str().c_str(), stdout);
+}
+
 int interrompe(const LOTE& l) {
   apaga(l.avanco);
   std::fflush(stdout);
@@ -195,17 +215,19 @@ int interrompe(const LOTE& l) {
   return interrompida;
 }
 
-// Comes by a kernel.cfg where none was given; tudoBem, or how the run ends.
-int escolhe(LOTE& l) {
+// Comes by a kernel.cfg where none was given, in the output folder `onde.saida`; tudoBem, or how
+// the run ends.
+int escolhe(LOTE& l, const OBRA& onde) {
   if (!l.opcoes.kernel.empty()) return tudoBem;
   dizLinha(l.avanco, l.frase(falas::escolhendo));
   ESCOLHIDO e;
-  if (!escolheKernel(l.obra, l.opcoes, l.alvos, e)) return interrompe(l);
+  if (!escolheKernel(onde, l.opcoes, l.alvos, e)) return interrompe(l);
   if (!e.erro.empty()) return recusa(l.opcoes, e.erro, algoFalhou);
   dizLinha(l.avanco, emUmaLinha(e.dito));
   std::fflush(stdout);
   for (const std::string& aviso : e.avisos) std::fprintf(stderr, "%s\n", aviso.c_str());
-  l.opcoes.kernel = (fs::path(l.opcoes.saida) / arquivoDaEscolha).string();
+  const fs::path saida = onde.saida == l.obra.saida ? fs::path(l.opcoes.saida) : onde.saida;
+  l.opcoes.kernel = (saida / arquivoDaEscolha).string();
   return tudoBem;
 }
 
@@ -220,35 +242,85 @@ void atende(LOTE& l, const sugere::RECADO& recado) {
   if (recado.minCorr && o.minCorr.empty()) exporta::poeNumero(o.minCorr, *recado.minCorr);
 }
 
-// What comes after the building site is there and before it is taken away.
-int trabalha(LOTE& l, const std::string& versao, const std::string& comando) {
-  if (const int fim = escolhe(l); fim != tudoBem) return fim;
-  RECEITA receita{l.opcoes, l.obra, "", "", versao};
-  PREPARO preparo;
-  if (!prepara(receita, preparo)) return interrompe(l);
-  if (!preparo.erro.empty()) return recusa(l.opcoes, preparo.erro);
-  atende(l, preparo.recado);
-
+// How many photographs at a time.
+int quantosProcessos(LOTE& l, std::uint64_t bytesDosKernels) {
   double maior = 0;
   for (std::size_t i = 0; i < l.alvos.size(); ++i) {
     l.pixels[i] = tamanhoNoCabecalho(l.alvos[i].arquivo.string()).area();
     maior = std::max(maior, l.pixels[i]);
     l.avanco.pixelsTotal += l.pixels[i];
   }
-  int processos = l.opcoes.processos;
-  if (processos == 0) {
-    processos = quantasAoMesmoTempo(processadores(), memoriaLivre(), maior, preparo.bytes);
-  }
-  processos =
-      static_cast<int>(std::min<std::size_t>(static_cast<std::size_t>(processos), l.alvos.size()));
-  receita.fios = std::max(processadores() / processos, 1);
+  int n = l.opcoes.processos;
+  if (n == 0) n = quantasAoMesmoTempo(processadores(), memoriaLivre(), maior, bytesDosKernels);
+  return static_cast<int>(std::min<std::size_t>(static_cast<std::size_t>(n), l.alvos.size()));
+}
+
+void dizInicio(const LOTE& l, int processos) {
   dizLinha(l.avanco,
            cv::format(l.frase(falas::inicio), std::to_string(l.alvos.size()).c_str(), processos));
+}
+
+// Says what would be done. The building site is a folder of its own: nothing of the user's changes.
+int diriaFazer(LOTE& l, const std::string& versao) {
+  l.avanco.quieto = false;
+  const bool jaEscolhido = !l.opcoes.refaz && fs::exists(l.obra.saida / arquivoDaEscolha);
+  const OBRA aparte = {l.obra.pasta, l.obra.pasta, -1, false};
+  if (const int fim = escolhe(l, jaEscolhido ? l.obra : aparte); fim != tudoBem) return fim;
+  RECEITA receita{l.opcoes, l.obra, "", "", versao};
+  PREPARO preparo;
+  if (!prepara(receita, preparo)) return interrompe(l);
+  if (!preparo.erro.empty()) return recusa(l.opcoes, preparo.erro);
+  atende(l, preparo.recado);
+  dizInicio(l, quantosProcessos(l, preparo.bytes));
+  dizLinha(l.avanco,
+           cv::format(l.frase(falas::kernelsLidos), std::to_string(preparo.kernels).c_str()));
+  bool bem = true;
+  for (const ALVO& alvo : l.alvos) {
+    const SINA s = sina(receita, alvo);
+    bem = bem && s != SINA::ilegivel && s != SINA::semLugar;
+    dizLinha(l.avanco, emUmaLinha(dizSina(receita, alvo, s)));
+  }
+  dizLinha(l.avanco, l.frase(falas::nadaFeito));
+  return bem ? tudoBem : algoFalhou;
+}
+
+int simula(LOTE& l, const std::string& versao) {
+  std::string modelo = (fs::temp_directory_path() / "vorplex-lote-XXXXXX").string();
+  if (mkdtemp(modelo.data()) == nullptr) {
+    return recusa(l.opcoes, cv::format(l.frase(falas::saidaRuim), modelo.c_str(),
+                                       linha::erroDoSistema(errno, l.opcoes.idioma).c_str()));
+  }
+  l.obra.saida = fs::absolute(l.opcoes.saida);
+  l.obra.pasta = modelo;
+  std::error_code falha;
+  try {
+    const int estado = diriaFazer(l, versao);
+    fs::remove_all(l.obra.pasta, falha);
+    return estado;
+  } catch (...) {
+    fs::remove_all(l.obra.pasta, falha);
+    throw;
+  }
+}
+
+// What comes after the building site is there and before it is taken away.
+int trabalha(LOTE& l, const std::string& versao, const std::string& comando) {
+  if (const int fim = escolhe(l, l.obra); fim != tudoBem) return fim;
+  RECEITA receita{l.opcoes, l.obra, "", "", versao};
+  PREPARO preparo;
+  if (!prepara(receita, preparo)) return interrompe(l);
+  if (!preparo.erro.empty()) return recusa(l.opcoes, preparo.erro);
+  atende(l, preparo.recado);
+
+  const int processos = quantosProcessos(l, preparo.bytes);
+  receita.fios = std::max(processadores() / processos, 1);
+  dizInicio(l, processos);
   l.avanco.inicio = agora();
   if (!fazTodas(l, receita, processos)) return interrompe(l);
   std::string tabelas;
   if (!juntaTodas(l, comando, processos, tabelas)) return interrompe(l);
   dizResultado(l, tabelas);
+  if (l.opcoes.json && tabelas.empty()) mostraJson(l);
   return l.avanco.falharam > 0 || !tabelas.empty() ? algoFalhou : tudoBem;
 }
 
@@ -274,21 +346,26 @@ std::string comoComando(const std::vector<std::string>& args) {
 
 int executa(LOTE& l, const std::vector<std::string>& args, const std::string& versao) {
   const OPCOES_LOTE& o = l.opcoes;
+  const std::vector<std::string> ditas = o.entradas;
+  l.opcoes.entradas = linha::comNomesDe(stdin, ditas);
   l.alvos = achaAlvos(o.entradas, o.recursivo, o.saida);
   if (l.alvos.empty()) {
     std::string onde;
-    for (const std::string& e : o.entradas) onde += (onde.empty() ? "" : ", ") + e;
+    for (const std::string& e : ditas) onde += (onde.empty() ? "" : ", ") + e;
     return recusa(o, cv::format(l.frase(falas::semFotos), onde.c_str()));
   }
   l.pixels.resize(l.alvos.size());
   l.inicios.resize(l.alvos.size());
+  l.partes.resize(l.alvos.size());
   l.fins.resize(l.alvos.size());
   l.avanco.idioma = o.idioma;
   l.avanco.quieto = o.quieto;
-  l.avanco.terminal = isatty(STDOUT_FILENO) != 0;
+  l.avanco.saida = o.json ? stderr : stdout;
+  l.avanco.terminal = isatty(fileno(l.avanco.saida)) != 0;
   l.avanco.total = l.alvos.size();
 
   preparaSinais();
+  if (o.simula) return simula(l, versao);
   const std::string semObra = abreObra(l.obra, o.saida, o.idioma);
   if (!semObra.empty()) return recusa(o, semObra);
   try {

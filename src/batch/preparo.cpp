@@ -71,7 +71,7 @@ int confereKernels(const RECEITA& r, const std::string& conteudo) {
     pim::erro(diz(linha::frases::erro, r.opcoes.idioma), diz(falas::semGrupo, r.opcoes.idioma));
   }
   const std::uint64_t bytes = bytesDosKernels(kernels);
-  std::printf("%llu\n", static_cast<unsigned long long>(bytes));
+  std::printf("%llu %zu\n", static_cast<unsigned long long>(bytes), kernels.size());
   return 0;
 }
 
@@ -105,7 +105,9 @@ bool prepara(RECEITA& r, PREPARO& p) {
     return i == 0 ? confereParametros(r) : confereKernels(r, conteudo);
   };
   t.acabou = [&](std::size_t i, const TERMINO& fim) {
-    p.bytes = std::strtoull(fim.fala.c_str(), nullptr, 10);
+    char* resto = nullptr;
+    p.bytes = std::strtoull(fim.fala.c_str(), &resto, 10);
+    p.kernels = std::strtoull(resto, nullptr, 10);
     const std::string quem = i == 0 ? diz(falas::opcaoFiltra, o.idioma) : o.kernel;
     if (fim.estado != 0 && p.erro.empty()) p.erro = quem + ": " + motivo(fim, quem, o.idioma);
   };

@@ -14,6 +14,7 @@ struct PREPARO {
   std::string erro;         // why the run can't begin, or empty
   std::uint64_t bytes = 0;  // of the kernels
   sugere::RECADO recado;    // what kernel.cfg says beyond them
+  std::uint64_t kernels = 0;
 };
 
 // Reads kernel.cfg once, keeps a copy of it in the building site (changes during the run must not

@@ -13,6 +13,7 @@
 #include "detect/procura.h"
 #include "export/coco.h"
 #include "export/graoscsv.h"
+#include "export/parcial.h"
 #include "export/resumocsv.h"
 #include "export/valor.h"
 #include "filter/filtra.h"
@@ -161,6 +162,11 @@ void impConjunto(const OBRA& obra, const OPCOES_LOTE& o, const CONJUNTO& c) {
   conclui(std::move(tabela));
   conclui(std::move(coco));
   impResumoCsv(linhas, resume(total, o.peneiras), aqui("resumo.csv"), o.idioma);
+  if (o.json) {
+    exporta::PARCIAL p = exporta::abreParcial(aqui(arquivoDoJson));
+    p.pendente = resumoJson(linhas, resume(total, o.peneiras), c.falharam, o.idioma);
+    conclui(std::move(p));
+  }
   impPagina(pagina, aqui("relatorio.html"));
   for (const char* nome : arquivosDoConjunto) assume(obra, nome);
 }

@@ -9,6 +9,9 @@
 
 namespace batch {
 
+// The summary as JSON on the building site, when it is asked for.
+inline constexpr const char* arquivoDoJson = "resumo.json";
+
 // What stands over all photographs.
 
 struct CONJUNTO {

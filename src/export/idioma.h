@@ -24,6 +24,7 @@ namespace frases {
 
 inline constexpr FRASE foto = {"foto", "photograph"};
 inline constexpr FRASE total = {"total", "total"};
+inline constexpr FRASE falharam = {"falharam", "failed"};
 
 // Columns of a grain.
 inline constexpr FRASE indice = {"indice", "index"};

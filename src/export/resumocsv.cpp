@@ -137,4 +137,39 @@ void impResumoCsv(const std::vector<LINHA_RESUMO>& linhas, const measure::RESUMO
   conclui(std::move(p));
 }
 
+namespace {
+
+void poeObjeto(std::string& s, const std::vector<CELULA>& c, const std::string& margem) {
+  s += "{";
+  for (const CELULA& celula : c) {
+    s += (&celula == c.data() ? "\n  " : ",\n  ") + margem;
+    poeJson(s, celula.nome);
+    s += ": ";
+    poeJson(s, celula.valor);
+  }
+  s += '\n' + margem + '}';
+}
+
+}  // namespace
+
+std::string resumoJson(const std::vector<LINHA_RESUMO>& linhas, const measure::RESUMO& total,
+                       const std::vector<std::string>& falharam, IDIOMA idioma) {
+  const auto chave = [idioma](const FRASE& f) {
+    return '"' + std::string(diz(f, idioma)) + "\": ";
+  };
+  std::string s = "{\n  " + chave(frases::fotos) + "[";
+  for (const LINHA_RESUMO& linha : linhas) {
+    s += &linha == linhas.data() ? "\n    " : ",\n    ";
+    poeObjeto(s, celulas(linha.foto, linha.resumo, idioma), "    ");
+  }
+  s += (linhas.empty() ? "],\n  " : "\n  ],\n  ") + chave(frases::total);
+  poeObjeto(s, celulas(diz(frases::total, idioma), total, idioma), "  ");
+  s += ",\n  " + chave(frases::falharam) + '[';
+  for (const std::string& nome : falharam) {
+    if (&nome != falharam.data()) s += ", ";
+    poeJson(s, nome);
+  }
+  return s + "]\n}\n";
+}
+
 }  // namespace exporta

@@ -26,4 +26,9 @@ struct LINHA_RESUMO {
 void impResumoCsv(const std::vector<LINHA_RESUMO>& linhas, const measure::RESUMO& total,
                   const std::string& nome, IDIOMA idioma = IDIOMA::pt);
 
+// The same as JSON: an object with a list of those rows, the total and the names of the photographs
+// that failed; a row is an object with the names of the columns. What can't be said is null.
+std::string resumoJson(const std::vector<LINHA_RESUMO>& linhas, const measure::RESUMO& total,
+                       const std::vector<std::string>& falharam, IDIOMA idioma = IDIOMA::pt);
+
 }  // namespace exporta

@@ -49,6 +49,16 @@ UNIDADE unidadeDe(std::string_view nome) {
   return UNIDADE::px;
 }
 
+// A comma between two digits, as several languages write decimals, as a point.
+std::string comPontoDecimal(std::string s) {
+  const auto algarismo = [&s](std::size_t i) { return i < s.size() && s[i] >= '0' && s[i] <= '9'; };
+  const std::size_t i = s.find(',');
+  if (i != std::string::npos && i > 0 && algarismo(i - 1) && algarismo(i + 1)) s[i] = '.';
+  return s;
+}
+
+constexpr std::string_view pixelsPor = "px/";
+
 std::string motivoDoLado(double lado) {
   if (!std::isfinite(lado)) return "o tamanho do pixel deve ser finito";
   if (lado <= 0) return "o tamanho do pixel deve ser maior que zero";
@@ -58,7 +68,6 @@ std::string motivoDoLado(double lado) {
 
 std::string motivoDaUnidade(std::string_view nome) {
   if (nome.empty()) return "falta a unidade (um, mm, cm, m, in)";
-  if (nome[0] == ',') return "use ponto decimal, e nao virgula";
   return "unidade desconhecida (use um, mm, cm, m, in)";
 }
 
@@ -85,14 +94,19 @@ double area(double px2, const ESCALA& e) {
 }
 
 std::string paraEscala(const std::string& texto, ESCALA& e) {
-  const std::string_view s = semBrancos(texto);
+  const std::string comPonto = comPontoDecimal(texto);
+  const std::string_view s = semBrancos(comPonto);
   double lado = 0;
   const auto [fim, falha] = std::from_chars(s.data(), s.data() + s.size(), lado);
   if (falha == std::errc::result_out_of_range) return "o tamanho do pixel deve ir de 1e-9 a 1e9";
   if (falha != std::errc()) return "falta o tamanho do pixel, como em 0.05mm";
-  const std::string_view nome = semBrancos(s.substr(static_cast<std::size_t>(fim - s.data())));
-  std::string motivo = motivoDoLado(lado);
-  if (!motivo.empty() && (nome.empty() || nome[0] != ',')) return motivo;
+  std::string_view nome = semBrancos(s.substr(static_cast<std::size_t>(fim - s.data())));
+  if (nome.starts_with(pixelsPor)) {
+    nome = semBrancos(nome.substr(pixelsPor.size()));
+    lado = 1 / lado;
+  }
+  const std::string motivo = motivoDoLado(lado);
+  if (!motivo.empty()) return motivo;
   const UNIDADE unidade = unidadeDe(nome);
   if (unidade == UNIDADE::px) return motivoDaUnidade(nome);
   e = {lado, unidade};

@@ -26,10 +26,11 @@ double milimetros(UNIDADE u);
 double comprimento(double px, const ESCALA& e);
 double area(double px2, const ESCALA& e);
 
-// Reads the side of a pixel with its unit: "0.05mm", "12.5 um", "1e-3 in". The decimals follow a
-// point, blanks may stand around number and unit, units are um (or µm), mm, cm, m and in, in lower
-// case. The side must lie between 1e-9 and 1e9 of its unit. Returns the reason why the text was
-// refused, in Portuguese, and leaves `e` as it was; an empty text when all is well.
+// Reads the side of a pixel with its unit: "0.05mm", "12.5 um", "1e-3 in", or how many pixels there
+// are to a unit: "20px/mm". The decimals follow a point or comma, blanks may stand around number
+// and unit, units are um (or µm), mm, cm, m and in, in lower case. The side must lie between 1e-9
+// and 1e9 of its unit. Returns the reason why the text was refused, in Portuguese, and leaves `e`
+// as it was; an empty text when all is well.
 std::string paraEscala(const std::string& texto, ESCALA& e);
 
 // The scale that `texto` gives; pim::erro "Erro: Escala invalida TEXT: REASON" when it is refused.

@@ -14,6 +14,7 @@
 #include "linha/ajuda.h"
 #include "linha/geral.h"
 #include "linha/linha.h"
+#include "linha/nomes.h"
 #include "linha/traducao.h"
 #include "pim/imagem.h"
 #include "proposta/figura.h"
@@ -68,7 +69,8 @@ void dizAvisos(const OPCOES& o, const batch::AMOSTRA& a) {
 }
 
 int executa(const OPCOES& o) {
-  const std::vector<batch::ALVO> alvos = batch::achaAlvos(o.entradas, o.recursivo, "");
+  const std::vector<batch::ALVO> alvos =
+      batch::achaAlvos(linha::comNomesDe(stdin, o.entradas), o.recursivo, "");
   if (alvos.empty()) {
     std::string onde;
     for (const std::string& e : o.entradas) onde += (onde.empty() ? "" : ", ") + e;

@@ -14,7 +14,11 @@ enum OPCAO_DA_AMOSTRA { amostra = 256 };
 
 inline constexpr std::array<linha::OPERANDO, 1> operandos = {{
     {{"FOTO|PASTA...", "PHOTO|FOLDER..."},
-     {"fotografias, e pastas com fotografias", "photographs, and folders of photographs"},
+     {"fotografias, e pastas com fotografias; - lê os nomes da entrada padrão, um por linha, ou "
+      "separados por caracteres nulos",
+      "photographs, and folders of photographs; - reads their names from standard input, one a "
+      "line, "
+      "or separated by null characters"},
      linha::TIPO::fotos},
 }};
 

@@ -172,7 +172,11 @@ TEST(Barra, DizFeitasFalhasRitmoEQuantoResta) {
   a.pixelsVistos = 10e6;
   a.pixelsFeitos = 10e6;
   EXPECT_EQ(barra(a, 20), "[#####               ] 2/8, falhas: 1, 0.5 MP/s, resta 60 s");
+  a.pixelsEmCurso = 10e6;  // half of two that are running
+  a.emCurso = 1;
+  EXPECT_EQ(barra(a, 20), "[##########          ] 2/8, falhas: 1, 0.5 MP/s, resta 20 s");
   a.idioma = IDIOMA::en;
+  a.emCurso = 0;
   a.pixelsTotal = 0;  // by the number of photographs
   EXPECT_EQ(barra(a, 20), "[#####               ] 2/8, failed: 1, 0.5 MP/s, 60 s left");
   a.acabadas = 0;
@@ -241,6 +245,27 @@ TEST(ExecutaTarefas, UmaQueCaiNaoLevaAsOutras) {
   EXPECT_EQ(fins[5].estado, 1);
   EXPECT_TRUE(fins[5].fala.starts_with("tarefa 5\nErro: Palavra desconhecida ppp"));
   EXPECT_TRUE(fins[5].fala.ends_with("ppp no fim\n"));
+}
+
+TEST(ExecutaTarefas, OndeEstaoEhDitoEmSeparado) {
+  std::vector<std::vector<double>> partes(2);
+  std::vector<std::string> falas(2);
+  TAREFAS t;
+  t.quantas = 2;
+  t.faz = [](std::size_t i) {
+    anuncia("um");
+    anunciaParte(0.25);
+    anuncia("dois");
+    anunciaParte(i == 0 ? 0.5 : 7);
+    return 0;
+  };
+  t.andou = [&](std::size_t i, double parte) { partes[i].push_back(parte); };
+  t.acabou = [&](std::size_t i, const TERMINO& fim) { falas[i] = fim.fala; };
+  ASSERT_TRUE(executaTarefas(t));
+  ASSERT_FALSE(partes[0].empty() || partes[1].empty());
+  EXPECT_EQ(partes[0].back(), 0.5);
+  EXPECT_EQ(partes[1].back(), 1);
+  EXPECT_EQ(falas, (std::vector<std::string>{"um...\ndois...\n", "um...\ndois...\n"}));
 }
 
 }  // namespace

@@ -39,7 +39,7 @@ std::string temporario() {
   std::signal(SIGINT, SIG_DFL);
   setenv("LC_ALL", modo.ambiente.c_str(), 1);
   const std::string saida = modo.terminal ? l.terminal.nome : l.saida;
-  dup2(open("/dev/null", O_RDONLY), 0);
+  dup2(open(modo.entrada.empty() ? "/dev/null" : modo.entrada.c_str(), O_RDONLY), 0);
   dup2(open(saida.c_str(), O_WRONLY | O_NOCTTY), 1);
   dup2(open(l.erro.c_str(), O_WRONLY), 2);
   std::vector<std::string> linha = {VORPLEX_LOTE};

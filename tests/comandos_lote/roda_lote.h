@@ -21,6 +21,7 @@ struct MODO {
   bool semPoderes = false;     // as a user whom permissions bind; see apoio/executa.h
   long maiorArquivo = 0;       // bytes that a file may grow to; 0: no limit
   bool terminal = false;       // standard output is a terminal
+  std::string entrada;         // a file that is its standard input
   std::string ambiente = "C";  // what LC_ALL says
 };
 

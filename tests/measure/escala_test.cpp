@@ -19,7 +19,9 @@ TEST(Escala, NumeroEUnidadeComOuSemBranco) {
                         {"12.5\u00B5m", 12.5, UNIDADE::um}, {"12.5 \u03BCm", 12.5, UNIDADE::um},
                         {" 3cm ", 3, UNIDADE::cm},          {"2\tm", 2, UNIDADE::m},
                         {".5in", 0.5, UNIDADE::in},         {"1e-3mm", 0.001, UNIDADE::mm},
-                        {"1e-9m", 1e-9, UNIDADE::m},        {"1e9um", 1e9, UNIDADE::um}};
+                        {"1e-9m", 1e-9, UNIDADE::m},        {"1e9um", 1e9, UNIDADE::um},
+                        {"0,05mm", 0.05, UNIDADE::mm},      {"12,5 um", 12.5, UNIDADE::um},
+                        {"20px/mm", 0.05, UNIDADE::mm},     {"2,5 px/ cm", 0.4, UNIDADE::cm}};
   for (const CASO& caso : casos) {
     ESCALA e;
     EXPECT_EQ(paraEscala(caso.texto, e), "") << caso.texto;
@@ -31,8 +33,13 @@ TEST(Escala, NumeroEUnidadeComOuSemBranco) {
 
 TEST(Escala, TextoRecusadoDizPorqueENaoMudaNada) {
   const char* casos[][2] = {
-      {"12,5 um", "use ponto decimal, e nao virgula"},
-      {"0,05mm", "use ponto decimal, e nao virgula"},
+      {"1,2,3mm", "unidade desconhecida (use um, mm, cm, m, in)"},
+      {"0,mm", "o tamanho do pixel deve ser maior que zero"},
+      {",5mm", "falta o tamanho do pixel, como em 0.05mm"},
+      {"0px/mm", "o tamanho do pixel deve ser finito"},
+      {"-2px/mm", "o tamanho do pixel deve ser maior que zero"},
+      {"20px/", "falta a unidade (um, mm, cm, m, in)"},
+      {"20px/px", "unidade desconhecida (use um, mm, cm, m, in)"},
       {"0mm", "o tamanho do pixel deve ser maior que zero"},
       {"-0.1mm", "o tamanho do pixel deve ser maior que zero"},
       {"nan mm", "o tamanho do pixel deve ser finito"},
@@ -61,8 +68,8 @@ TEST(Escala, TextoRecusadoDizPorqueENaoMudaNada) {
 
 TEST(Escala, LeEscalaTerminaComTextoEMotivo) {
   EXPECT_EQ(leEscala("0.05mm").lado, 0.05);
-  EXPECT_EQ(erroDe([&] { leEscala("12,5 um"); }),
-            "Erro: Escala invalida 12,5 um: use ponto decimal, e nao virgula");
+  EXPECT_EQ(erroDe([&] { leEscala("12 km"); }),
+            "Erro: Escala invalida 12 km: unidade desconhecida (use um, mm, cm, m, in)");
 }
 
 TEST(Escala, SemEscalaTudoFicaEmPixels) {

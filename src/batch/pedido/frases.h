@@ -13,8 +13,9 @@ namespace falas {
 inline constexpr exporta::FRASE faltaFoto = {"Falta fotografia ou pasta",
                                              "No photograph or folder given"};
 inline constexpr exporta::FRASE escalaRuim = {
-    "Escala invalida %s (numero de 1e-9 a 1e9 e um, mm, cm, m ou in, como 0.05mm)",
-    "Invalid scale %s (a number from 1e-9 to 1e9 and um, mm, cm, m or in, such as 0.05mm)"};
+    "Escala invalida %s (numero de 1e-9 a 1e9 e um, mm, cm, m ou in, como 0.05mm ou 20px/mm)",
+    "Invalid scale %s (a number from 1e-9 to 1e9 and um, mm, cm, m or in, such as 0.05mm or "
+    "20px/mm)"};
 inline constexpr exporta::FRASE metodoRuim = {"Metodo invalido %s (apurado ou classico)",
                                               "Invalid method %s (refined or classic)"};
 inline constexpr exporta::FRASE filtraEhDoClassico = {
@@ -103,6 +104,18 @@ inline constexpr exporta::FRASE tabelasFalharam = {"Tabelas e relatorio nao fora
 inline constexpr exporta::FRASE interrompido = {
     "Interrompido; o mesmo comando continua de onde parou",
     "Interrupted; the same command goes on from here"};
+
+// What would be done.
+inline constexpr exporta::FRASE kernelsLidos = {"Kernels: %s", "Kernels: %s"};
+inline constexpr exporta::FRASE aProcurar = {"%s: a procurar", "%s: to be searched"};
+inline constexpr exporta::FRASE aEscolher = {"%s: a escolher e medir, a procura serve",
+                                             "%s: to be chosen and measured, the search serves"};
+inline constexpr exporta::FRASE aMedir = {"%s: a medir, a procura e a escolha servem",
+                                          "%s: to be measured, search and choice serve"};
+inline constexpr exporta::FRASE jaPronta = {"%s: ja pronta", "%s: done already"};
+inline constexpr exporta::FRASE aFalhar = {"%s: falharia: %s", "%s: would fail: %s"};
+inline constexpr exporta::FRASE nadaFeito = {"Nada foi feito", "Nothing was done"};
+
 inline constexpr exporta::FRASE tituloDaPagina = {"Granulometria de %s", "Granulometry of %s"};
 
 }  // namespace falas

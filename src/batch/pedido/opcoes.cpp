@@ -76,6 +76,8 @@ void guardaSinal(int letra, OPCOES_LOTE& o) {
   o.inverte |= letra == 'i';
   o.recursivo |= letra == 'r';
   o.refaz |= letra == refaz;
+  o.json |= letra == json;
+  o.simula |= letra == simula;
 }
 
 // Options that only one of the methods has, as far as they were given.
@@ -119,7 +121,8 @@ std::string leOpcoes(const std::vector<std::string>& args, OPCOES_LOTE& o,
   if (!errada.empty()) return errada;
   std::string briga = conflito(o, proprias);
   if (!briga.empty()) return briga;
-  const bool temKernel = !palavras.empty() && !(ehEntrada && ehEntrada(palavras.front()));
+  const bool nomes = !palavras.empty() && palavras.front() == "-";  // on standard input
+  const bool temKernel = !palavras.empty() && !nomes && !(ehEntrada && ehEntrada(palavras.front()));
   if (temKernel) o.kernel = palavras.front();
   o.entradas.assign(palavras.begin() + (temKernel ? 1 : 0), palavras.end());
   return o.entradas.empty() ? diz(falas::faltaFoto, o.idioma) : "";

@@ -32,6 +32,8 @@ struct OPCOES_LOTE {
   int processos = 0;  // photographs at a time; 0: to be chosen
   bool recursivo = false;
   bool refaz = false;
+  bool json = false;    // the summary on standard output, all else on standard error
+  bool simula = false;  // says what would be done
   bool quieto = false;
   bool ajuda = false;
   bool versao = false;

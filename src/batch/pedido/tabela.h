@@ -10,7 +10,7 @@
 
 namespace batch {
 
-enum OPCAO_DO_LOTE { metodo = 256, semBorda, refaz, amostra };
+enum OPCAO_DO_LOTE { metodo = 256, semBorda, refaz, amostra, json, simula };
 
 // In the order of measure::METODO, GRANDEZA and PESO.
 inline constexpr std::array<linha::FRASE, 2> metodos = {
@@ -26,7 +26,11 @@ inline constexpr std::array<linha::OPERANDO, 2> operandos = {{
       "the shapes and sizes to look for (without it, chosen by the photographs)"},
      linha::TIPO::kernel},
     {{"FOTO|PASTA...", "PHOTO|FOLDER..."},
-     {"fotografias, e pastas com fotografias", "photographs, and folders of photographs"},
+     {"fotografias, e pastas com fotografias; - lê os nomes da entrada padrão, um por linha, ou "
+      "separados por caracteres nulos",
+      "photographs, and folders of photographs; - reads their names from standard input, one a "
+      "line, "
+      "or separated by null characters"},
      linha::TIPO::fotos},
 }};
 
@@ -69,8 +73,11 @@ inline constexpr std::array<linha::OPCAO, 5> opcoesDaMedida = {{
     {'e',
      "escala",
      "scale",
-     {"lado de um pixel: um, mm, cm, m, in (sem ela, tudo em px)",
-      "side of a pixel: um, mm, cm, m, in (without it, all in px)"},
+     {"lado de um pixel, ou pixels por unidade, como 20px/mm: um, mm, cm, m, in (sem ela, tudo em "
+      "px)",
+      "side of a pixel, or pixels to a unit, such as 20px/mm: um, mm, cm, m, in (without it, all "
+      "in "
+      "px)"},
      {"0.05mm", "0.05mm"}},
     {'g',
      "grandeza",
@@ -99,7 +106,7 @@ inline constexpr std::array<linha::OPCAO, 5> opcoesDaMedida = {{
       "leaves out the grains that the picture's border cuts"}},
 }};
 
-inline constexpr std::array<linha::OPCAO, 3> opcoesDaCorrida = {{
+inline constexpr std::array<linha::OPCAO, 5> opcoesDaCorrida = {{
     {'o',
      "saida",
      "output",
@@ -117,6 +124,15 @@ inline constexpr std::array<linha::OPCAO, 3> opcoesDaCorrida = {{
      "refaz",
      "redo",
      {"faz de novo o que já está pronto", "does again what is done already"}},
+    {json,
+     "json",
+     "json",
+     {"escreve o resumo em JSON na saída padrão, e as mensagens na de erros",
+      "writes the summary as JSON to standard output, and messages to standard error"}},
+    {simula,
+     "simula",
+     "dry-run",
+     {"diz o que seria feito e não faz nada", "says what would be done and does nothing"}},
 }};
 
 inline constexpr std::array<linha::GRUPO, 5> grupos = {{

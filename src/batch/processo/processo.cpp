@@ -7,6 +7,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -16,6 +17,7 @@
 #include <exception>
 #include <list>
 #include <opencv2/core.hpp>
+#include <optional>
 #include <sstream>
 #include <string_view>
 #include <vector>
@@ -27,11 +29,14 @@
 #include "linha/linha.h"
 #include "linha/traducao.h"
 #include "pim/erro.h"
+#include "pim/texto.h"
 
 namespace batch {
 namespace {
 
 constexpr std::string_view passando = "...";  // after what a process is about to do
+
+constexpr char marcaDaParte = '\x1F';  // before how far a process is, in a line of its own
 
 constexpr std::array<int, 3> fatais = {SIGINT, SIGTERM, SIGHUP};
 
@@ -97,6 +102,19 @@ bool escuta(int fd, std::string& fala) {
   fala.append(bloco.data(), lidos);
   if (fala.size() > 2 * maiorFala) fala.erase(0, fala.size() - maiorFala);
   return n > 0;
+}
+
+// Takes the lines that tell how far the process is out of what it said; the last of them, if any.
+std::optional<double> retiraParte(std::string& fala) {
+  std::optional<double> parte;
+  for (std::size_t de = 0; (de = fala.find(marcaDaParte, de)) != std::string::npos;) {
+    const std::size_t fim = fala.find('\n', de);
+    if (fim == std::string::npos) break;  // the rest is still to come
+    double x = 0;
+    if (pim::paraNumero(fala.substr(de + 1, fim - de - 1), x)) parte = std::clamp(x, 0.0, 1.0);
+    fala.erase(de, fim + 1 - de);
+  }
+  return parte;
 }
 
 TERMINO recolhe(pid_t pid, std::string fala) {
@@ -184,7 +202,11 @@ void atende(const TAREFAS& t, std::list<ATIVA>& ativas, const std::vector<pollfd
   auto ativa = ativas.begin();
   for (const pollfd& p : fds) {
     const auto esta = ativa++;
-    if (p.revents == 0 || escuta(esta->leitura.fd, esta->fala)) continue;
+    if (p.revents == 0) continue;
+    const bool vive = escuta(esta->leitura.fd, esta->fala);
+    const std::optional<double> parte = retiraParte(esta->fala);
+    if (parte && t.andou) t.andou(esta->indice, *parte);
+    if (vive) continue;
     esta->leitura = DESCRITOR();
     t.acabou(esta->indice, recolhe(esta->pid, std::move(esta->fala)));
     ativas.erase(esta);
@@ -240,6 +262,11 @@ bool executaTarefas(const TAREFAS& t) {
 void anuncia(const std::string& passo) {
   std::printf("%s%s\n", passo.c_str(), passando.data());
   std::fflush(stdout);  // known even if this process does not come far
+}
+
+void anunciaParte(double parte) {
+  std::printf("%c%.4f\n", marcaDaParte, parte);
+  std::fflush(stdout);
 }
 
 std::string emUmaLinha(const std::string& texto) {

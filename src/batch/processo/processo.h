@@ -26,7 +26,8 @@ struct TAREFAS {
   std::function<void(std::size_t)> comeca;       // before the new process; may be empty
   std::function<int(std::size_t)> faz;           // in the new process; returns its exit status
   std::function<void(std::size_t, const TERMINO&)> acabou;
-  std::function<void()> passaTempo;  // at least once a second; may be empty
+  std::function<void(std::size_t, double)> andou;  // how far a task is, 0 to 1; may be empty
+  std::function<void()> passaTempo;                // at least once a second; may be empty
 };
 
 // Makes SIGINT, SIGTERM and SIGHUP wait until `executaTarefas` looks at them, unless they are
@@ -40,6 +41,9 @@ bool executaTarefas(const TAREFAS& t);
 
 // Says within a task what it is about to do, as a line that ends in "...".
 void anuncia(const std::string& passo);
+
+// Says within a task how far it is, from 0 to 1: to `andou`, and not in what it said.
+void anunciaParte(double parte);
 
 // Why a process did not end well, in the language: the last line that began with "Erro", without
 // "Erro: ", else what it had announced last, or `quem` when that is nothing, and its signal or
