@@ -209,7 +209,8 @@ TEST_F(Lote, FotoMudadaEnquantoEhFeitaFalha) {
   const LANCADA l = lancaLote(comando({"grande.pgm"}));
   for (int i = 0; i < 1000 && !existe("resultado/.vorplex-lote-obra/nova-grande"); ++i)
     usleep(1000);
-  grava("grande.pgm", pgm(cv::Mat_<unsigned char>(cv::repeat(imagem(1), 8, 8))));
+  grava("outra", pgm(cv::Mat_<unsigned char>(cv::repeat(imagem(1), 8, 8))));
+  fs::rename("outra", "grande.pgm");  // never to be seen half written
   const CORRIDA c = esperaLote(l);
   EXPECT_EQ(c.estado, 1);
   EXPECT_NE(c.erro.find("A fotografia mudou durante o processamento"), std::string::npos) << c.erro;
