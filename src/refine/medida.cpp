@@ -290,6 +290,29 @@ std::optional<MEDIDA> semSombra(const ANDAR& foto, const MEDIDA& m, ENCOBREM enc
   return s;
 }
 
+namespace {
+
+// An ellipse or rectangle whose sizes are as good as equal is a circle or square, if the edges lie
+// about as near to that.
+MEDIDA maisSimples(const ANDAR& foto, const MEDIDA& m, std::string_view familias, ENCOBREM encobrem,
+                   BANCADA& b) {
+  constexpr double erros = 2.5;  // apart, both sizes are surely not equal
+  constexpr double quaseIguais = 0.025;
+  constexpr double diferentes = 0.08;
+  const char forma = m.figura.forma == 'e' ? 'c' : 'q';
+  const bool duas = m.figura.forma == 'e' || m.figura.forma == 'r';
+  if (!duas || familias.find(forma) == std::string_view::npos) return m;
+  const double d = std::sqrt(m.figura.d1 * m.figura.d2);
+  const double longe = std::fabs(m.figura.d1 - m.figura.d2);
+  const double erro = std::sqrt(m.erro[2] * m.erro[2] + m.erro[3] * m.erro[3]);
+  if (longe > std::min(diferentes * d, std::max(quaseIguais * d, erros * erro))) return m;
+  const std::optional<MEDIDA> s = mede(
+      foto, {forma, m.figura.l, m.figura.c, d, d, forma == 'c' ? 0 : m.figura.ang}, encobrem, b);
+  return s && s->residuo <= 1.25 * m.residuo + 0.05 ? *s : m;
+}
+
+}  // namespace
+
 std::optional<MEDIDA> medeMelhor(const ANDAR& foto, const FIGURA& f, std::string_view familias,
                                  ENCOBREM encobrem, BANCADA& b) {
   std::optional<MEDIDA> melhor;
@@ -330,7 +353,7 @@ std::optional<MEDIDA> medeMelhor(const ANDAR& foto, const FIGURA& f, std::string
     }
   }
   if (!melhor) return melhor;
-  return afinada(foto, *melhor, encobrem, b);
+  return maisSimples(foto, afinada(foto, *melhor, encobrem, b), familias, encobrem, b);
 }
 
 }  // namespace refine

@@ -251,6 +251,33 @@ TEST(Medida, LetrasCertas) {
   }
 }
 
+// Noise makes every circle an ellipse of nearly equal sizes; true ones differ by more.
+TEST(Medida, QuaseIguaisSaoIguais) {
+  std::mt19937 g(13);
+  int certas = 0;
+  constexpr int quantas = 12;
+  for (int k = 0; k < quantas; ++k) {
+    const char forma = k % 2 == 0 ? 'c' : 'q';
+    const FIGURA certa = verdadeSorteada(forma, 16, 30, g);
+    const LUZ luz{0.8, 0.4, 1, 12};
+    const CAMPO campo = preparaCampo(fotografaFormas({120, 120}, {certa}, luz, g));
+    FIGURA inicio = desviada(certa, g);
+    inicio.forma = forma == 'c' ? 'e' : 'r';
+    BANCADA b;
+    const std::optional<MEDIDA> m = medeMelhor(campo.andares[0], inicio, "cqre", {}, b);
+    ASSERT_TRUE(m.has_value());
+    certas += m->figura.forma == forma ? 1 : 0;
+    FIGURA longa = certa;
+    longa.forma = inicio.forma;
+    longa.d1 *= 1.1;
+    const CAMPO outro = preparaCampo(fotografaFormas({120, 120}, {longa}, {0.8, 0.4, 1, 2}, g));
+    const std::optional<MEDIDA> n = medeMelhor(outro.andares[0], longa, "cqre", {}, b);
+    ASSERT_TRUE(n.has_value());
+    EXPECT_EQ(n->figura.forma, longa.forma);
+  }
+  EXPECT_GE(certas, quantas - 1);
+}
+
 TEST(Medida, SombraAoLado) {
   std::mt19937 g(12);
   const FIGURA grao{'c', 60, 60, 30, 30, 0};
