@@ -8,9 +8,12 @@
 namespace sugere {
 namespace {
 
-constexpr int menorRelance = 160;            // side of a view, pixels
-constexpr std::size_t bastamDeRelance = 10;  // grains, of which
-constexpr double parteDeRelance = 0.75;      // of the evidence is enough
+constexpr int menorRelance = 160;  // side of a view, pixels
+// So many grains with more than this part of the evidence decide at a glance, or fewer with more.
+constexpr std::size_t muitos = 10;
+constexpr double parteDeMuitos = 0.75;
+constexpr std::size_t poucos = 3;
+constexpr double parteDePoucos = 0.95;
 
 std::vector<INDICIO>& daPolaridade(OLHADA& o, bool inverte) {
   return inverte ? o.claros : o.escuros;
@@ -47,7 +50,8 @@ bool decidida(const std::vector<OLHADA>& v, std::size_t foto, bool inverte) {
     todos += evidencia(o.escuros) + evidencia(o.claros);
     quantos += estes.size();
   }
-  return quantos >= bastamDeRelance && destes > parteDeRelance * todos;
+  if (quantos < poucos) return false;
+  return destes > (quantos < muitos ? parteDePoucos : parteDeMuitos) * todos;
 }
 
 // Whether the photograph deserves a full look this way.
