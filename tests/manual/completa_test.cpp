@@ -112,6 +112,7 @@ const std::vector<CASO> casos = {
     {"vorplex-lote --met", "vorplex-lote --metodo"},
     {"vorplex-lote --metodo cl", "vorplex-lote --metodo classico "},
     {"vorplex-lote -w vo", "vorplex-lote -w volume "},
+    {"vorplex-lote f", "vorplex-lote foto.PNG "},
     {"vorplex-lote k", "vorplex-lote kernel.cfg "},
     {"vorplex-lote kernel.cfg f", "vorplex-lote kernel.cfg foto.PNG "},
     {"vorplex-lote -e 1mm kernel.cfg f", "vorplex-lote -e 1mm kernel.cfg foto.PNG "},

@@ -22,8 +22,10 @@ inline constexpr std::array<linha::FRASE, 3> pesos = {
 
 inline constexpr std::array<linha::OPERANDO, 2> operandos = {{
     {{"[kernel.cfg]", "[kernel.cfg]"},
-     {"as formas e os tamanhos que se procuram (sem ele, escolhidos pelas fotografias)",
-      "the shapes and sizes to look for (without it, chosen by the photographs)"},
+     {"as formas e os tamanhos que se procuram, como man kernel.cfg os conta (sem ele, escolhidos "
+      "pelas fotografias)",
+      "the shapes and sizes to look for, as man kernel.cfg tells (without it, chosen by the "
+      "photographs)"},
      linha::TIPO::kernel},
     {{"FOTO|PASTA...", "PHOTO|FOLDER..."},
      {"fotografias, e pastas com fotografias; - lê os nomes da entrada padrão, um por linha, ou "
