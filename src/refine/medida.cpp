@@ -38,8 +38,11 @@ struct ESTADO_DA_MEDIDA {
 };
 
 ESTADO_DA_MEDIDA olha(BANCADA& b) {
-  std::vector<float> larguras, rampas, longe;
-  double visto = 0, vista = 0;
+  std::vector<float> larguras;
+  std::vector<float> rampas;
+  std::vector<float> longe;
+  double visto = 0;
+  double vista = 0;
   for (std::size_t i = 0; i < b.bordas.size(); ++i) {
     const BORDA& x = b.bordas[i];
     if (!x.visivel) continue;
@@ -187,7 +190,8 @@ void leBordas(const ANDAR& foto, const AFINACAO& a, int amostras, ENCOBREM encob
   como.junta = quantosJuntar(foto, a.rampa, static_cast<std::size_t>(amostras));
   constexpr double maisLonge = 12;
   const double longe = std::min(maisLonge, std::max(como.alcance + 2 * sigma + 1, 3 * sigma + 1));
-  const int pontos = std::max(passosDaBusca(como), static_cast<int>(longe / passoFino + 0.5));
+  const int pontos =
+      std::max(passosDaBusca(como), static_cast<int>(std::lround(longe / passoFino)));
   amostra(a.f, amostras, b.amostras);
   lePerfis(foto, b.amostras, pontos, passoFino, b.perfis, b.bordas);
   esconde(encobrem, b);
@@ -313,47 +317,70 @@ MEDIDA maisSimples(const ANDAR& foto, const MEDIDA& m, std::string_view familias
 
 }  // namespace
 
-std::optional<MEDIDA> medeMelhor(const ANDAR& foto, const FIGURA& f, std::string_view familias,
-                                 ENCOBREM encobrem, BANCADA& b) {
+namespace {
+
+// How badly a family explains the edges just found, its parameters counting against it.
+double notaDaFamilia(char forma, double n, const BANCADA& b) {
+  double r2 = 0;
+  double w = 0;
+  for (std::size_t i = 0; i < b.bordas.size(); ++i) {
+    const BORDA& x = b.bordas[i];
+    if (!x.visivel) continue;
+    const double e = x.ha ? std::min(std::fabs(b.deslocamentos[i]), 2.0) : 2.0;
+    r2 += b.amostras[i].arco * b.amostras[i].peso * e * e;
+    w += b.amostras[i].arco * b.amostras[i].peso;
+  }
+  const double k = forma == 'c' ? 3 : forma == 'q' ? 4 : 5;
+  return n * logaritmo(r2 / std::max(w, 1.0) + 0.05) + 1.25 * k * logaritmo(n);
+}
+
+// Families that compete for the edges around a shape.
+struct DISPUTA {
+  const ANDAR& foto;
+  FIGURA inicio;
+  ENCOBREM encobrem;
   std::optional<MEDIDA> melhor;
   double menor = 0;
-  const bool curva = f.forma == 'c' || f.forma == 'e';
-  const double n = std::clamp(perimetro(f) / 3, 6.0, 60.0);
-  const auto tenta = [&](char forma, double ang, double d1, double d2) {
-    FIGURA g{forma, f.l, f.c, d1, d2, ang};
-    if (forma == 'c' || forma == 'q') g.d1 = g.d2 = std::sqrt(d1 * d2);
-    const std::optional<MEDIDA> m = medePelosPicos(foto, g, encobrem, b);
-    if (!m) return;
-    double r2 = 0, w = 0;
-    for (std::size_t i = 0; i < b.bordas.size(); ++i) {
-      const BORDA& x = b.bordas[i];
-      if (!x.visivel) continue;
-      const double e = x.ha ? std::min(std::fabs(b.deslocamentos[i]), 2.0) : 2.0;
-      r2 += b.amostras[i].arco * b.amostras[i].peso * e * e;
-      w += b.amostras[i].arco * b.amostras[i].peso;
-    }
-    const double k = forma == 'c' ? 3 : forma == 'q' ? 4 : 5;
-    const double nota = n * logaritmo(r2 / std::max(w, 1.0) + 0.05) + 1.25 * k * logaritmo(n);
-    if (!melhor || nota < menor) {
-      melhor = m;
-      menor = nota;
-    }
-  };
-  for (const char forma : familias) {
-    const bool outraCurva = forma == 'c' || forma == 'e';
-    // Equal areas; a side is sqrt(pi / 4) of an axis.
-    const double k = outraCurva == curva ? 1 : outraCurva ? 1.1283791670955126 : 0.886226925452758;
-    tenta(forma, f.ang, f.d1 * k, f.d2 * k);
-    if (forma == 'c') continue;
-    if (alongamento(f) < 1.3) {
-      for (const double giro : {22.5, 45.0, 67.5}) {
-        if (forma == 'q' || forma == 'r') tenta(forma, f.ang + giro, f.d1 * k, f.d2 * k);
-        if (forma == 'e') tenta(forma, f.ang + giro * 2, f.d1 * k * 1.05, f.d2 * k / 1.05);
-      }
+};
+
+void tenta(DISPUTA& d, char forma, double giro, double d1, double d2, BANCADA& b) {
+  const FIGURA& f = d.inicio;
+  FIGURA g{forma, f.l, f.c, d1, d2, f.ang + giro};
+  if (forma == 'c' || forma == 'q') g.d1 = g.d2 = std::sqrt(d1 * d2);
+  const std::optional<MEDIDA> m = medePelosPicos(d.foto, g, d.encobrem, b);
+  if (!m) return;
+  const double nota = notaDaFamilia(forma, std::clamp(perimetro(f) / 3, 6.0, 60.0), b);
+  if (d.melhor && nota >= d.menor) return;
+  d.melhor = m;
+  d.menor = nota;
+}
+
+// The family from a shape of equal area; round ones may lie at any angle.
+void tentaFamilia(DISPUTA& d, char forma, BANCADA& b) {
+  const FIGURA& f = d.inicio;
+  const bool antes = f.forma == 'c' || f.forma == 'e';
+  const bool curva = forma == 'c' || forma == 'e';
+  // A side is sqrt(pi / 4) of an axis.
+  const double k = curva == antes ? 1 : curva ? 1.1283791670955126 : 0.886226925452758;
+  tenta(d, forma, 0, f.d1 * k, f.d2 * k, b);
+  if (forma == 'c' || !(alongamento(f) < 1.3)) return;
+  for (const double giro : {22.5, 45.0, 67.5}) {
+    if (forma == 'e') {
+      tenta(d, forma, 2 * giro, f.d1 * k * 1.05, f.d2 * k / 1.05, b);
+    } else {
+      tenta(d, forma, giro, f.d1 * k, f.d2 * k, b);
     }
   }
-  if (!melhor) return melhor;
-  return maisSimples(foto, afinada(foto, *melhor, encobrem, b), familias, encobrem, b);
+}
+
+}  // namespace
+
+std::optional<MEDIDA> medeMelhor(const ANDAR& foto, const FIGURA& f, std::string_view familias,
+                                 ENCOBREM encobrem, BANCADA& b) {
+  DISPUTA d{foto, f, encobrem, {}, 0};
+  for (const char forma : familias) tentaFamilia(d, forma, b);
+  if (!d.melhor) return d.melhor;
+  return maisSimples(foto, afinada(foto, *d.melhor, encobrem, b), familias, encobrem, b);
 }
 
 }  // namespace refine

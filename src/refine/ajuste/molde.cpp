@@ -82,7 +82,9 @@ MEDIA media(const PERFIS& p, std::span<const double> pesos, JANELA janela) {
   std::vector<double> restos;
   for (std::size_t i = 0; i < pesos.size(); ++i) {
     if (!(pesos[i] > 0)) continue;
-    double s = 0, s2 = 0, r = 0;
+    double s = 0;
+    double s2 = 0;
+    double r = 0;
     for (int k = 0; k < n; ++k) {
       const double e = p.em(k + m.primeiro, i) - grey(k);
       s += e;
@@ -188,7 +190,8 @@ struct FILTRO {
 // Least squares of light, contrast and shift, the points about the edge weighing by a bell.
 FILTRO filtro(const MOLDE& m, double passo, int maior) {
   FILTRO f;
-  f.meio = std::min(maior, static_cast<int>((2 * m.sigma + 0.5 + std::fabs(m.onde)) / passo + 0.5));
+  const double longe = 2 * m.sigma + 0.5 + std::fabs(m.onde);
+  f.meio = std::min(maior, static_cast<int>(std::lround(longe / passo)));
   const double larga = 0.7 * m.sigma;
   std::array<std::array<double, 3>, 3> n{};
   std::vector<std::array<double, 3>> base;
@@ -236,7 +239,7 @@ void deslocaPorMolde(const PERFIS& perfis, const MOLDE& molde, std::span<const B
     double produto = 0;
     for (int k = -f.meio; k <= f.meio; ++k) {
       const double g = perfis.em(k + inicio, i);
-      const auto j = static_cast<std::size_t>(k + f.meio);
+      const auto j = static_cast<std::size_t>(k) + static_cast<std::size_t>(f.meio);
       contraste += f.contraste[j] * g;
       produto += f.deslocamento[j] * g;
     }
