@@ -16,7 +16,7 @@ endfunction()
 mostra(texto ${PREFIXO}/bin/Vorplex contaform)
 confere("the banner" "${texto}" "multi-formas v" ">")
 foreach(programa vorplex-lote vorplex-apura vorplex-sugere)
-  mostra(texto ${PREFIXO}/bin/${programa} --versao)
+  mostra(texto ${PREFIXO}/bin/${programa} --version)
   confere(${programa} "${texto}" "^${programa} " "\n$")
 endforeach()
 mostra(texto ${CMAKE_COMMAND} -E env PKG_CONFIG_PATH=${PREFIXO}/${LIB}/pkgconfig ${PKGCONF}
