@@ -42,9 +42,9 @@ std::set<std::string> textos(const std::vector<std::string>& pastas, const char*
 }
 
 // All that lies below the programs that speak English too.
-const std::vector<std::string> abaixo = {"pim",    "kernels", "motor",  "detect",  "draw",
-                                         "filter", "report",  "refine", "measure", "export",
-                                         "apura",  "page",    "batch"};
+const std::vector<std::string> abaixo = {
+    "pim",     "kernels", "motor", "detect", "draw",  "filter", "report",  "refine",
+    "measure", "export",  "apura", "page",   "batch", "sugere", "estampa", "proposta"};
 
 TEST(EmIngles, CadaErroQueOsSubprogramasDizemTemSuaTraducao) {
   const std::set<std::string> erros = textos(abaixo, "\n[^/\n]*\"(Erro[ :][^\"\n]*)\"");

@@ -18,6 +18,7 @@
 #include "batch/processo/recursos.h"
 #include "kernels/lekernels.h"
 #include "linha/linha.h"
+#include "linha/traducao.h"
 #include "pim/erro.h"
 
 namespace fs = std::filesystem;
@@ -54,14 +55,14 @@ int escolhe(const OPCOES_LOTE& o, const std::vector<ALVO>& alvos, const fs::path
 }
 
 // Puts the choice in its place; why it can't be, or an empty text.
-std::string publica(const OBRA& obra, const fs::path& nova) {
+std::string publica(const OBRA& obra, const fs::path& nova, exporta::IDIOMA idioma) {
   std::error_code falha;
   const fs::path lugar = obra.saida / arquivoDaEscolha;
   if (fs::exists(lugar, falha) && conteudo(lugar) != conteudo(nova)) {
     fs::rename(lugar, obra.saida / arquivoAnterior, falha);
   }
   if (!falha) fs::rename(nova, lugar, falha);
-  return falha ? falha.message() : "";
+  return falha ? linha::erroDoSistema(falha.value(), idioma) : "";
 }
 
 }  // namespace
@@ -91,7 +92,7 @@ bool escolheKernel(const OBRA& obra, const OPCOES_LOTE& o, const std::vector<ALV
   };
   if (!executaTarefas(t)) return false;
   if (!e.erro.empty()) return true;
-  const std::string porque = publica(obra, nova);
+  const std::string porque = publica(obra, nova, o.idioma);
   if (!porque.empty()) {
     e.erro = cv::format(diz(falas::saidaRuim, o.idioma), o.saida.c_str(), porque.c_str());
   }
