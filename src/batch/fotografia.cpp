@@ -37,6 +37,8 @@ namespace {
 
 using COLORIDA = cv::Mat_<pim::VEC3B>;
 
+constexpr std::size_t maisCandidatos = 100;  // of a photograph, for the report
+
 std::string frase(const RECEITA& r, const exporta::FRASE& f) {
   return diz(f, r.opcoes.idioma);
 }
@@ -67,22 +69,22 @@ bool dizAndamento(const RECEITA& r, const detect::ANDAMENTO& a) {
 }
 
 // What is searched: the photograph in grey, or its negative.
-cv::Mat_<unsigned char> vista(const RECEITA& r, const COLORIDA& foto) {
+cv::Mat_<unsigned char> vista(const RECEITA& r, const ALVO& alvo, const COLORIDA& foto) {
   cv::Mat_<unsigned char> cinza;
   pim::converte(foto, cinza);
-  if (r.opcoes.inverte) cinza = 255 - cinza;
+  if (claros(r.opcoes, alvo)) cinza = 255 - cinza;
   return cinza;
 }
 
 // What `correla` finds.
-std::vector<MAXLOCAL> procura(const RECEITA& r, const COLORIDA& foto) {
+std::vector<MAXLOCAL> procura(const RECEITA& r, const ALVO& alvo, const COLORIDA& foto) {
   comeca(r, falas::passoKernels);
   double minCorr = detect::minCorrPadrao;
   const std::string pedida = minCorrDaProcura(r.opcoes);
   if (!pedida.empty()) pim::convArg(minCorr, pedida);
   std::vector<MASCARA> kernels;
   leKernels(r.kernel, kernels, IMAGENS::nenhuma);
-  return detect::procura(vista(r, foto), kernels, minCorr,
+  return detect::procura(vista(r, alvo, foto), kernels, minCorr,
                          [&](const detect::ANDAMENTO& a) { return dizAndamento(r, a); });
 }
 
@@ -130,7 +132,7 @@ bool aproveita(const ESTADO& e, const fs::path& antiga, const std::string& arqui
 std::size_t mede(const RECEITA& r, const ALVO& alvo, cv::Size tamanho) {
   comeca(r, falas::passoMedida);
   const OPCOES_LOTE& o = r.opcoes;
-  const measure::FOTOGRAFIA foto = leFotografia(o, ".", alvo.nome, tamanho);
+  const measure::FOTOGRAFIA foto = leFotografia(o, ".", alvo, tamanho);
   impGraosCsv(foto, "graos.csv", o.idioma);
   impGeojson(foto, "graos.geojson", o.idioma);
   exporta::impEstiloQgis("graos.qml", o.idioma);
@@ -138,22 +140,32 @@ std::size_t mede(const RECEITA& r, const ALVO& alvo, cv::Size tamanho) {
   return foto.graos.size();
 }
 
+// What was corrected by hand in this photograph; null when nothing was.
+const corrige::CORRECOES* correcoesDe(const RECEITA& r, const std::string& fotoSoma) {
+  return r.correcoes == nullptr ? nullptr : acha(*r.correcoes, fotoSoma);
+}
+
 // Which of the detections are grains: leaves the .ho2 and what the method keeps beside it.
-void escolhe(const RECEITA& r, const COLORIDA& foto, const std::string& nome) {
+corrige::FEITAS escolhe(const RECEITA& r, const ALVO& alvo, const COLORIDA& foto,
+                        const std::string& soma) {
+  const std::string nome = "./" + alvo.nome;
   if (r.opcoes.metodo == measure::METODO::apurado) {
     comeca(r, falas::passoAjuste);
     refine::MODO_DE_APURAR modo = r.opcoes.modo;
     modo.fios = r.fios;
-    return apuraLista(vista(r, foto), nome, modo);
+    modo.candidatos = maisCandidatos;
+    return apuraLista(vista(r, alvo, foto), nome, modo, correcoesDe(r, soma));
   }
   comeca(r, falas::passoFiltro);
   impMaxLocais(filtra(r, nome + ".ho1", foto.size()), nome + ".ho2");
+  return {};
 }
 
 // The steps that are not taken over from `antigo`. Each list is read back from its file, which
 // rounds it, as those do who go on from the file.
-void detecta(const RECEITA& r, const ALVO& alvo, const ORIGEM& nova,
+void detecta(const RECEITA& r, const ALVO& alvo, ESTADO& novo,
              const std::optional<ESTADO>& antigo) {
+  const ORIGEM& nova = novo.origem;
   const fs::path antiga = pronta(r.obra, alvo.nome);
   const bool mesmaProcura = antigo && antigo->origem.procura == nova.procura;
   const bool mesmoFiltro = mesmaProcura && antigo->origem.filtro == nova.filtro;
@@ -163,7 +175,8 @@ void detecta(const RECEITA& r, const ALVO& alvo, const ORIGEM& nova,
   const bool temHo1 = serve(mesmaProcura, ".ho1");
   const bool temOutro = temHo1 && mesmoFiltro &&
                         (r.opcoes.metodo == measure::METODO::classico ||
-                         aproveita(*antigo, antiga, arquivoDosApurados));
+                         (aproveita(*antigo, antiga, arquivoDosApurados) &&
+                          aproveita(*antigo, antiga, arquivoDosCandidatos)));
   const bool temHo2 = serve(temOutro, ".ho2");
   const bool temRel = serve(temHo2, ".rel");
   const bool temPng = serve(temHo2, ".png");
@@ -174,9 +187,9 @@ void detecta(const RECEITA& r, const ALVO& alvo, const ORIGEM& nova,
     comeca(r, falas::passoLeitura);
     pim::le(foto, alvo.arquivo.string());
   }
-  if (!temHo1) impMaxLocais(procura(r, foto), nome + ".ho1");
+  if (!temHo1) impMaxLocais(procura(r, alvo, foto), nome + ".ho1");
   anunciaParte(parteDaProcura(r));
-  if (!temHo2) escolhe(r, foto, nome);
+  novo.correcoes = temHo2 ? antigo->correcoes : escolhe(r, alvo, foto, novo.foto);
   const std::vector<MAXLOCAL> v = lista(nome + ".ho2");
   if (!temRel) conta(r, v, nome);
   if (!temPng) traca(r, std::move(foto), v, nome);
@@ -190,19 +203,24 @@ std::string emTexto(const refine::MODO_DE_APURAR& m) {
 
 }  // namespace
 
-ORIGEM origem(const RECEITA& r, const std::string& fotoSoma) {
+ORIGEM origem(const RECEITA& r, const ALVO& alvo, const std::string& fotoSoma) {
   const OPCOES_LOTE& o = r.opcoes;
   ORIGEM e;
   SOMA soma;
   for (const std::string& s : {r.versao, fotoSoma, r.kernelSoma, minCorrDaProcura(o)}) {
     soma.poe(s);
   }
-  soma.poe(o.inverte ? "1" : "0");
+  soma.poe(claros(o, alvo) ? "1" : "0");
   e.procura = soma.texto();
   soma.poe(o.metodo == measure::METODO::apurado ? emTexto(o.modo) : o.filtra);
+  if (const corrige::CORRECOES* c = correcoesDe(r, fotoSoma); c != nullptr) {
+    soma.poe(corrige::emTexto(std::vector<corrige::CORRECOES>{
+        {c->soma, "", c->lista}}));  // whatever the photograph is called
+  }
   e.filtro = soma.texto();
-  soma.poe(cv::format("%a %s %d %d", o.escala.lado, nomeDaUnidade(o.escala.unidade),
-                      o.semBorda ? 1 : 0, static_cast<int>(o.idioma)));
+  const measure::ESCALA escala = escalaDe(o, alvo);
+  soma.poe(cv::format("%a %s %d %d", escala.lado, nomeDaUnidade(escala.unidade), o.semBorda ? 1 : 0,
+                      static_cast<int>(o.idioma)));
   e.medida = soma.texto();
   return e;
 }
@@ -251,7 +269,8 @@ int faz(const RECEITA& r, const ALVO& alvo) {
   }
   const std::string soma = exigeSoma(r, foto);
   ESTADO novo;
-  novo.origem = origem(r, soma);
+  novo.foto = soma;
+  novo.origem = origem(r, alvo, soma);
   const std::optional<ESTADO> antigo = r.opcoes.refaz ? std::nullopt : leEstado(antiga);
   if (antigo && antigo->origem.medida == novo.origem.medida &&
       completos(*antigo, antiga, alvo.nome, r.opcoes.metodo)) {
@@ -260,7 +279,7 @@ int faz(const RECEITA& r, const ALVO& alvo) {
 
   fs::create_directory(emObra(r.obra, alvo.nome));
   fs::current_path(emObra(r.obra, alvo.nome));
-  detecta(r, alvo, novo.origem, antigo);
+  detecta(r, alvo, novo, antigo);
   const cv::Size tamanho = tamanhoNoCabecalho("./" + alvo.nome + ".png");  // upright, as searched
   novo.rows = tamanho.height;
   novo.cols = tamanho.width;

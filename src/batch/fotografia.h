@@ -2,11 +2,13 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "batch/obra/alvos.h"
 #include "batch/obra/estado.h"
 #include "batch/obra/obra.h"
 #include "batch/pedido/opcoes.h"
+#include "corrige/correcoes.h"
 
 namespace batch {
 
@@ -17,7 +19,8 @@ struct RECEITA {
   std::string kernel;      // a copy of kernel.cfg that stays as it is during the run
   std::string kernelSoma;  // its checksum
   std::string versao;
-  int fios = 1;  // threads for each photograph
+  int fios = 1;                                                // threads for each photograph
+  const std::vector<corrige::CORRECOES>* correcoes = nullptr;  // by hand; null: none
 };
 
 // How a photograph ended: exit statuses of the process that did it.
@@ -30,7 +33,7 @@ inline constexpr int semLugar = 5;  // something else has the name of its folder
 }  // namespace fins
 
 // What the results of a photograph depend on, step by step. `fotoSoma` is its checksum.
-ORIGEM origem(const RECEITA& r, const std::string& fotoSoma);
+ORIGEM origem(const RECEITA& r, const ALVO& alvo, const std::string& fotoSoma);
 
 // Makes all results of a photograph in its working folder, which becomes the current directory;
 // files of earlier results are taken over where only what comes after them has changed. Announces

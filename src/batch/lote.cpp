@@ -10,23 +10,29 @@
 #include <filesystem>
 #include <fstream>
 #include <optional>
+#include <set>
 #include <sstream>
+#include <string_view>
 #include <system_error>
 
 #include "batch/avanco.h"
 #include "batch/escolha/escolhido.h"
 #include "batch/escolha/frases.h"
 #include "batch/fotografia.h"
+#include "batch/grupos/grupos.h"
 #include "batch/obra/alvos.h"
 #include "batch/obra/cabecalho.h"
 #include "batch/obra/estado.h"
 #include "batch/obra/obra.h"
 #include "batch/pedido/frases.h"
+#include "batch/pedido/leitura.h"
 #include "batch/pedido/opcoes.h"
 #include "batch/pedido/tabela.h"
 #include "batch/preparo.h"
 #include "batch/processo/processo.h"
 #include "batch/processo/recursos.h"
+#include "batch/proveniencia/proveniencia.h"
+#include "batch/proveniencia/repeticao.h"
 #include "batch/simulacao.h"
 #include "batch/tabelas.h"
 #include "export/valor.h"
@@ -35,6 +41,7 @@
 #include "linha/linha.h"
 #include "linha/nomes.h"
 #include "linha/traducao.h"
+#include "pim/erro.h"
 
 namespace fs = std::filesystem;
 
@@ -48,12 +55,17 @@ struct FIM_DA_FOTO {
   int fim = fins::falhou;
   std::string porque;  // when it failed
   std::size_t graos = 0;
+  std::string foto;           // its checksum
+  corrige::FEITAS correcoes;  // by hand
 };
 
 // A run.
 struct LOTE {
   OPCOES_LOTE opcoes;
   OBRA obra;
+  std::vector<corrige::CORRECOES> correcoes;
+  PROVENIENCIA proveniencia;
+  std::optional<PROVENIENCIA> antes;  // of the run that this one repeats
   std::vector<ALVO> alvos;
   std::vector<double> pixels;  // of each photograph, as far as known beforehand
   std::vector<double> inicios;
@@ -110,6 +122,8 @@ void acabou(LOTE& l, std::size_t i, const TERMINO& t) {
   const bool bem = f.fim == fins::feita || f.fim == fins::jaPronta;
   if (bem && e) {
     f.graos = e->graos;
+    f.foto = e->foto;
+    f.correcoes = e->correcoes;
     if (f.fim == fins::feita) l.avanco.pixelsFeitos += static_cast<double>(e->rows) * e->cols;
   } else {
     f.porque = semNome ? cv::format(l.frase(falas::semNome), pronta(l.obra, nome).c_str())
@@ -148,15 +162,30 @@ bool fazTodas(LOTE& l, const RECEITA& receita, int aoMesmoTempo) {
   return inteira;
 }
 
+// The date of a photograph that is repeated is that of the first time.
+FOTO_DA_PROVENIENCIA fotoDaProveniencia(const LOTE& l, std::size_t i) {
+  const std::string arquivo = l.alvos[i].arquivo.string();
+  FOTO_DA_PROVENIENCIA f{l.alvos[i].nome, l.alvos[i].arquivo.filename().string(), l.fins[i].foto,
+                         dataDoArquivo(arquivo)};
+  if (!l.antes) return f;
+  for (const FOTO_DA_PROVENIENCIA& a : l.antes->fotos) {
+    if (a.soma == f.soma && a.nome == f.nome) f.data = a.data;
+  }
+  return f;
+}
+
 // Tables and page, in a process of their own. False when interrupted; `porque` tells why they could
 // not be written.
 bool juntaTodas(const LOTE& l, const std::string& comando, int processos, std::string& porque) {
   CONJUNTO c;
   c.comando = comando;
   c.processos = processos;
+  c.correcoes = &l.correcoes;
+  c.proveniencia = l.proveniencia;
   for (std::size_t i = 0; i < l.alvos.size(); ++i) {
     if (l.fins[i].porque.empty()) {
       c.prontas.push_back(l.alvos[i]);
+      c.proveniencia.fotos.push_back(fotoDaProveniencia(l, i));
     } else {
       c.falharam.push_back(l.alvos[i].nome);
     }
@@ -175,6 +204,28 @@ bool juntaTodas(const LOTE& l, const std::string& comando, int processos, std::s
   return executaTarefas(t);
 }
 
+// How many corrections were made by hand, and those that this run had no photograph for.
+void dizCorrecoes(const LOTE& l) {
+  if (l.opcoes.correcoes.empty()) return;
+  corrige::FEITAS n;
+  std::set<std::string> vistas;
+  for (const FIM_DA_FOTO& f : l.fins) {
+    n += f.correcoes;
+    vistas.insert(f.foto);
+  }
+  const auto texto = [](std::size_t k) { return std::to_string(k); };
+  dizLinha(l.avanco, cv::format(l.frase(falas::corrigidos), texto(n.rejeitados).c_str(),
+                                texto(n.recuperados).c_str(), texto(n.desenhados).c_str(),
+                                texto(n.semPar).c_str()));
+  const auto faltam =
+      std::count_if(l.correcoes.begin(), l.correcoes.end(),
+                    [&](const corrige::CORRECOES& c) { return !vistas.contains(c.soma); });
+  if (faltam == 0) return;
+  std::fprintf(
+      stderr, "%s\n",
+      cv::format(l.frase(falas::corrigidasAusentes), std::to_string(faltam).c_str()).c_str());
+}
+
 void dizResultado(const LOTE& l, const std::string& tabelas) {
   std::size_t feitas = 0;
   std::size_t prontas = 0;
@@ -188,6 +239,7 @@ void dizResultado(const LOTE& l, const std::string& tabelas) {
   dizLinha(l.avanco, cv::format(l.frase(falas::fim), texto(l.alvos.size()).c_str(),
                                 texto(feitas).c_str(), texto(prontas).c_str(),
                                 texto(l.avanco.falharam).c_str(), texto(graos).c_str()));
+  dizCorrecoes(l);
   if (!calibrada(l.opcoes.escala)) dizLinha(l.avanco, l.frase(falas::semEscala));
   dizLinha(l.avanco, cv::format(l.frase(falas::resultados), emUmaLinha(l.opcoes.saida).c_str()));
   if (l.avanco.falharam > 0) std::fprintf(stderr, "%s\n", l.frase(falas::falharam));
@@ -213,6 +265,58 @@ int interrompe(const LOTE& l) {
   std::fflush(stdout);
   std::fprintf(stderr, "%s\n", l.frase(falas::interrompido));
   return interrompida;
+}
+
+// The command as a shell takes it.
+std::string comoComando(const std::vector<std::string>& args) {
+  const auto simples = [](unsigned char c) {
+    return std::isalnum(c) != 0 || c >= 128 ||
+           std::string("-_./=,:+").find(static_cast<char>(c)) != std::string::npos;
+  };
+  std::string s = "vorplex-lote";
+  for (const std::string& a : args) {
+    s += ' ';
+    if (!a.empty() && std::all_of(a.begin(), a.end(), simples)) {
+      s += a;
+      continue;
+    }
+    s += '\'';
+    for (const char c : a) s += c == '\'' ? "'\\''" : std::string(1, c);
+    s += '\'';
+  }
+  return s;
+}
+
+// From what the results are made, as far as it is known before.
+PROVENIENCIA proveniencia(const LOTE& l, const std::vector<std::string>& args,
+                          const std::string& versao) {
+  const OPCOES_LOTE& o = l.opcoes;
+  PROVENIENCIA p = l.proveniencia;  // corrections and groups have been read
+  p.versao = versao;
+  p.instrucoes = instrucoesDaMaquina();
+  p.argumentos = args;
+  p.idioma = o.idioma == exporta::IDIOMA::en ? "en" : "pt";
+  p.titulo = l.antes ? l.antes->titulo : tituloDaPagina(o);
+  if (calibrada(o.escala)) exporta::poeNumero(p.escala, o.escala.lado);
+  p.escala += nomeDaUnidade(o.escala.unidade);
+  return p;
+}
+
+// Compares a repetition with the first time; returns how it ended.
+int dizRepeticao(const LOTE& l) {
+  if (!l.antes) return tudoBem;
+  std::string porque;
+  const std::string nome = (fs::path(l.opcoes.saida) / arquivoDaProveniencia).string();
+  const PROVENIENCIA agora = leProveniencia(leTudo(nome, porque, l.opcoes.idioma));
+  const std::vector<std::string> outras = diferencas(*l.antes, agora);
+  if (outras.empty()) {
+    const std::string quantos = std::to_string(agora.resultados.size());
+    dizLinha(l.avanco, cv::format(l.frase(falas::repetiu), quantos.c_str()));
+    return tudoBem;
+  }
+  std::fprintf(stderr, "%s\n", l.frase(falas::naoRepetiu));
+  for (const std::string& s : outras) std::fprintf(stderr, "  %s\n", emUmaLinha(s).c_str());
+  return algoFalhou;
 }
 
 // Comes by a kernel.cfg where none was given, in the output folder `onde.saida`; tudoBem, or how
@@ -267,6 +371,7 @@ int diriaFazer(LOTE& l, const std::string& versao) {
   const OBRA aparte = {l.obra.pasta, l.obra.pasta, -1, false};
   if (const int fim = escolhe(l, jaEscolhido ? l.obra : aparte); fim != tudoBem) return fim;
   RECEITA receita{l.opcoes, l.obra, "", "", versao};
+  receita.correcoes = &l.correcoes;
   PREPARO preparo;
   if (!prepara(receita, preparo)) return interrompe(l);
   if (!preparo.erro.empty()) return recusa(l.opcoes, preparo.erro);
@@ -304,13 +409,16 @@ int simula(LOTE& l, const std::string& versao) {
 }
 
 // What comes after the building site is there and before it is taken away.
-int trabalha(LOTE& l, const std::string& versao, const std::string& comando) {
+int trabalha(LOTE& l, const std::string& versao, const std::vector<std::string>& args) {
   if (const int fim = escolhe(l, l.obra); fim != tudoBem) return fim;
   RECEITA receita{l.opcoes, l.obra, "", "", versao};
+  receita.correcoes = &l.correcoes;
   PREPARO preparo;
   if (!prepara(receita, preparo)) return interrompe(l);
   if (!preparo.erro.empty()) return recusa(l.opcoes, preparo.erro);
   atende(l, preparo.recado);
+  l.proveniencia = proveniencia(l, args, versao);
+  l.proveniencia.kernel = preparo.texto;
 
   const int processos = quantosProcessos(l, preparo.bytes);
   receita.fios = std::max(processadores() / processos, 1);
@@ -318,30 +426,56 @@ int trabalha(LOTE& l, const std::string& versao, const std::string& comando) {
   l.avanco.inicio = agora();
   if (!fazTodas(l, receita, processos)) return interrompe(l);
   std::string tabelas;
-  if (!juntaTodas(l, comando, processos, tabelas)) return interrompe(l);
+  if (!juntaTodas(l, comoComando(args), processos, tabelas)) return interrompe(l);
   dizResultado(l, tabelas);
-  if (l.opcoes.json && tabelas.empty()) mostraJson(l);
-  return l.avanco.falharam > 0 || !tabelas.empty() ? algoFalhou : tudoBem;
+  if (!tabelas.empty()) return algoFalhou;
+  if (l.opcoes.json) mostraJson(l);
+  const int repetida = dizRepeticao(l);
+  return l.avanco.falharam > 0 ? algoFalhou : repetida;
 }
 
-// The command as a shell takes it.
-std::string comoComando(const std::vector<std::string>& args) {
-  const auto simples = [](unsigned char c) {
-    return std::isalnum(c) != 0 || c >= 128 ||
-           std::string("-_./=,:+").find(static_cast<char>(c)) != std::string::npos;
-  };
-  std::string s = "vorplex-lote";
-  for (const std::string& a : args) {
-    s += ' ';
-    if (!a.empty() && std::all_of(a.begin(), a.end(), simples)) {
-      s += a;
-      continue;
-    }
-    s += '\'';
-    for (const char c : a) s += c == '\'' ? "'\\''" : std::string(1, c);
-    s += '\'';
+// Hands the text of a file that the command line names to `usa`, or `sabido` where that is known
+// already; returns why it can't be used, or an empty text.
+template <class USA>
+std::string comTexto(const OPCOES_LOTE& o, const std::string& nome,
+                     const std::optional<std::string>& sabido, USA usa) {
+  std::string porque;
+  const std::string texto = sabido ? *sabido : leTudo(nome, porque, o.idioma);
+  if (!porque.empty()) {
+    return cv::format(diz(falas::arquivoIlegivel, o.idioma), nome.c_str(), porque.c_str());
   }
-  return s;
+  try {
+    usa(texto);
+  } catch (const pim::ERRO& e) {
+    const std::string_view comeco = diz(linha::frases::erro, o.idioma);
+    const std::string dita = linha::traduzida(e.mensagem, o.idioma);
+    return nome + ": " + dita.substr(dita.starts_with(comeco) ? comeco.size() : 0);
+  }
+  return "";
+}
+
+// Reads corrections and groups; returns what is wrong with them, or an empty text.
+std::string lePedidos(LOTE& l) {
+  OPCOES_LOTE& o = l.opcoes;
+  PROVENIENCIA& p = l.proveniencia;
+  std::string erro;
+  if (!o.correcoes.empty()) {
+    erro = comTexto(o, o.correcoes, l.antes ? l.antes->correcoes : std::nullopt,
+                    [&](const std::string& texto) {
+                      l.correcoes = corrige::leCorrecoes(texto);
+                      p.correcoes = texto;
+                    });
+  }
+  if (!erro.empty() || o.grupos.empty()) return erro;
+  if (ehPorPastas(o.grupos)) {
+    agrupaPorPastas(l.alvos);
+    return "";
+  }
+  return comTexto(o, o.grupos, l.antes ? l.antes->grupos : std::nullopt,
+                  [&](const std::string& texto) {
+                    agrupaPorTabela(l.alvos, texto, o.escala);
+                    p.grupos = texto;
+                  });
 }
 
 int executa(LOTE& l, const std::vector<std::string>& args, const std::string& versao) {
@@ -354,6 +488,9 @@ int executa(LOTE& l, const std::vector<std::string>& args, const std::string& ve
     for (const std::string& e : ditas) onde += (onde.empty() ? "" : ", ") + e;
     return recusa(o, cv::format(l.frase(falas::semFotos), onde.c_str()));
   }
+  l.proveniencia.arquivoDoKernel = l.antes ? l.antes->arquivoDoKernel : o.kernel;
+  const std::string pedidosRuins = lePedidos(l);
+  if (!pedidosRuins.empty()) return recusa(o, pedidosRuins);
   l.pixels.resize(l.alvos.size());
   l.inicios.resize(l.alvos.size());
   l.partes.resize(l.alvos.size());
@@ -369,13 +506,23 @@ int executa(LOTE& l, const std::vector<std::string>& args, const std::string& ve
   const std::string semObra = abreObra(l.obra, o.saida, o.idioma);
   if (!semObra.empty()) return recusa(o, semObra);
   try {
-    const int estado = trabalha(l, versao, comoComando(args));
+    const int estado = trabalha(l, versao, args);
     fechaObra(l.obra);
     return estado;
   } catch (...) {
     fechaObra(l.obra);
     throw;
   }
+}
+
+// Does a recorded run again.
+int fazDeNovo(LOTE& l, const std::string& versao) {
+  const OPCOES_LOTE pedidas = l.opcoes;
+  std::string erro = comTexto(pedidas, pedidas.repete, {},
+                              [&](const std::string& texto) { l.antes = leProveniencia(texto); });
+  if (erro.empty()) l.opcoes = opcoesDaRepeticao(*l.antes, pedidas, erro);
+  if (!erro.empty()) return recusa(pedidas, erro);
+  return executa(l, l.antes->argumentos, versao);
 }
 
 }  // namespace
@@ -395,7 +542,9 @@ int lote(const std::vector<std::string>& args, const std::string& versao) {
   } else if (l.opcoes.versao) {
     std::printf("%s %s\n", programa.nome, versao.c_str());
   } else {
-    linha::emSuaLingua(l.opcoes.idioma, [&] { estado = executa(l, args, versao); });
+    linha::emSuaLingua(l.opcoes.idioma, [&] {
+      estado = l.opcoes.repete.empty() ? executa(l, args, versao) : fazDeNovo(l, versao);
+    });
   }
   const bool disse = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
   if (!disse && estado == tudoBem)

@@ -1,5 +1,6 @@
 #include "batch/medicao.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "apura/registros.h"
@@ -22,28 +23,65 @@ std::vector<measure::GRAO> leGraos(measure::METODO metodo, const fs::path& pasta
   return measure::medeTodos(v, tamanho.height, tamanho.width);
 }
 
+bool contem(const std::vector<refine::APURADO>& v, const refine::APURADO& a) {
+  return std::any_of(v.begin(), v.end(), [&](const refine::APURADO& b) {
+    const refine::FIGURA& f = a.figura;
+    const refine::FIGURA& g = b.figura;
+    return f.forma == g.forma && f.l == g.l && f.c == g.c && f.d1 == g.d1 && f.d2 == g.d2;
+  });
+}
+
 }  // namespace
 
-void apuraLista(const cv::Mat_<unsigned char>& vista, const std::string& base,
-                const refine::MODO_DE_APURAR& modo) {
+corrige::FEITAS apuraLista(const cv::Mat_<unsigned char>& vista, const std::string& base,
+                           const refine::MODO_DE_APURAR& modo,
+                           const corrige::CORRECOES* correcoes) {
   std::vector<MAXLOCAL> lista;
   leMaxLocais(lista, base + ".ho1");
-  const refine::APURACAO r = refine::apura(vista, lista, modo);
+  refine::APURACAO r = refine::apura(vista, lista, modo);
+  const std::vector<refine::APURADO> achados = r.graos;
+  corrige::FEITAS feitas;
+  if (correcoes != nullptr) feitas = corrige::aplica(vista, correcoes->lista, r.graos);
   std::vector<MAXLOCAL> graos;
   for (const measure::GRAO& g : measure::medeApurados(r.graos, vista.rows, vista.cols)) {
     graos.push_back(measure::registro(g));
   }
   impMaxLocais(graos, base + ".ho2");
   apura::impApurados(r.graos, arquivoDosApurados);
+  // What was taken away by hand can be brought back, too.
+  for (const refine::APURADO& a : achados) {
+    if (!contem(r.graos, a)) r.candidatos.push_back(a);
+  }
+  apura::impApurados(r.candidatos, arquivoDosCandidatos);
+  return feitas;
 }
 
-measure::FOTOGRAFIA leFotografia(const OPCOES_LOTE& o, const fs::path& pasta,
-                                 const std::string& nome, cv::Size tamanho) {
-  measure::FOTOGRAFIA foto{
-      nome,    tamanho.height, tamanho.width, o.escala, leGraos(o.metodo, pasta, nome, tamanho),
-      o.metodo};
+measure::ESCALA escalaDe(const OPCOES_LOTE& o, const ALVO& alvo) {
+  return alvo.escala.value_or(o.escala);
+}
+
+bool claros(const OPCOES_LOTE& o, const ALVO& alvo) {
+  return alvo.claros.value_or(o.inverte);
+}
+
+measure::FOTOGRAFIA leFotografia(const OPCOES_LOTE& o, const fs::path& pasta, const ALVO& alvo,
+                                 cv::Size tamanho) {
+  measure::FOTOGRAFIA foto{alvo.nome,
+                           tamanho.height,
+                           tamanho.width,
+                           escalaDe(o, alvo),
+                           leGraos(o.metodo, pasta, alvo.nome, tamanho),
+                           o.metodo};
   if (o.semBorda) std::erase_if(foto.graos, [](const measure::GRAO& g) { return g.tocaBorda; });
   return foto;
+}
+
+std::vector<measure::GRAO> leCandidatos(const fs::path& pasta, cv::Size tamanho,
+                                        std::size_t primeiro) {
+  const auto v = apura::leApurados((pasta / arquivoDosCandidatos).string());
+  std::vector<measure::GRAO> candidatos = measure::medeApurados(v, tamanho.height, tamanho.width);
+  for (measure::GRAO& g : candidatos) g.indice += primeiro;
+  return candidatos;
 }
 
 }  // namespace batch

@@ -9,35 +9,19 @@
 
 #include "batch/obra/soma.h"
 #include "batch/pedido/frases.h"
+#include "batch/pedido/leitura.h"
 #include "batch/processo/processo.h"
 #include "filter/filtra.h"
 #include "kernels/grupos.h"
 #include "kernels/lekernels.h"
 #include "linha/linha.h"
 #include "linha/traducao.h"
-#include "pim/arquivo.h"
 #include "pim/erro.h"
 
 namespace fs = std::filesystem;
 
 namespace batch {
 namespace {
-
-// The whole file, if it is one of at most 64 MiB; else `porque`.
-std::string leTudo(const std::string& nome, std::string& porque, exporta::IDIOMA idioma) {
-  constexpr std::size_t maximo = std::size_t{64} << 20U;
-  const pim::ARQUIVO arquivo(std::fopen(nome.c_str(), "rbe"));
-  if (!arquivo) {
-    porque = linha::erroDoSistema(errno, idioma);
-    return "";
-  }
-  std::string s(maximo + 1, '\0');
-  errno = 0;
-  s.resize(std::fread(s.data(), 1, s.size(), arquivo.get()));
-  if (std::ferror(arquivo.get()) != 0) porque = linha::erroDoSistema(errno, idioma);
-  if (s.size() > maximo) porque = linha::erroDoSistema(EFBIG, idioma);
-  return s;
-}
 
 int confereParametros(const RECEITA& r) {
   pim::ISTR parametros;
@@ -80,13 +64,14 @@ int confereKernels(const RECEITA& r, const std::string& conteudo) {
 bool prepara(RECEITA& r, PREPARO& p) {
   const OPCOES_LOTE& o = r.opcoes;
   std::string porque;
-  const std::string conteudo = leTudo(o.kernel, porque, o.idioma);
+  const std::string conteudo = o.kernelTexto ? *o.kernelTexto : leTudo(o.kernel, porque, o.idioma);
   if (!porque.empty()) {
     p.erro = cv::format(diz(falas::kernelIlegivel, o.idioma), o.kernel.c_str(), porque.c_str());
     return true;
   }
   SOMA soma;
   soma.poe(conteudo);
+  p.texto = conteudo;
   r.kernelSoma = soma.texto();
   const fs::path pasta = r.obra.pasta / "kernel";
   std::error_code falha;

@@ -15,6 +15,7 @@ struct PREPARO {
   std::uint64_t bytes = 0;  // of the kernels
   sugere::RECADO recado;    // what kernel.cfg says beyond them
   std::uint64_t kernels = 0;
+  std::string texto;  // the text of kernel.cfg
 };
 
 // Reads kernel.cfg once, keeps a copy of it in the building site (changes during the run must not

@@ -14,7 +14,7 @@ SINA sina(const RECEITA& r, const ALVO& alvo) {
   const std::filesystem::path pasta = pronta(r.obra, alvo.nome);
   const std::optional<ESTADO> e = r.opcoes.refaz ? std::nullopt : leEstado(pasta);
   if (!e) return SINA::procurar;
-  const ORIGEM nova = origem(r, *soma);
+  const ORIGEM nova = origem(r, alvo, *soma);
   const auto temArquivo = [&](const char* sufixo) {
     return intacto(*e, pasta, alvo.nome + sufixo);
   };

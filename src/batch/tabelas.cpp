@@ -8,6 +8,7 @@
 
 #include "batch/medicao.h"
 #include "batch/obra/estado.h"
+#include "batch/obra/soma.h"
 #include "batch/pedido/frases.h"
 #include "batch/processo/processo.h"
 #include "detect/procura.h"
@@ -20,6 +21,7 @@
 #include "measure/resumo.h"
 #include "page/figura.h"
 #include "page/pagina.h"
+#include "pim/arquivo.h"
 #include "pim/codecs.h"
 #include "pim/erro.h"
 #include "pim/texto.h"
@@ -30,11 +32,30 @@ namespace fs = std::filesystem;
 namespace batch {
 namespace {
 
-measure::FOTOGRAFIA leResultado(const OBRA& obra, const OPCOES_LOTE& o, const std::string& nome) {
-  const fs::path pasta = pronta(obra, nome);
+ESTADO estadoDe(const OBRA& obra, const ALVO& alvo) {
+  const fs::path pasta = pronta(obra, alvo.nome);
   const std::optional<ESTADO> e = leEstado(pasta);
   if (!e || !e->completo) pim::erro("Erro leitura ", (pasta / arquivoDoEstado).string());
-  return leFotografia(o, pasta, nome, cv::Size(e->cols, e->rows));
+  return *e;
+}
+
+// What the page shows of a photograph beside its grains.
+page::FOTO_DA_PAGINA naPagina(const OBRA& obra, const CONJUNTO& c, const ALVO& alvo,
+                              const ESTADO& e, measure::FOTOGRAFIA foto) {
+  page::FOTO_DA_PAGINA f;
+  f.nome = foto.nome;
+  f.tamanho = {foto.cols, foto.rows};
+  f.soma = e.foto;
+  f.grupo = alvo.grupo;
+  f.escala = foto.escala;
+  if (foto.metodo == measure::METODO::apurado) {
+    const std::size_t primeiro = foto.graos.empty() ? 0 : foto.graos.back().indice + 1;
+    f.candidatos = leCandidatos(pronta(obra, alvo.nome), f.tamanho, primeiro);
+  }
+  const corrige::CORRECOES* feitas = acha(*c.correcoes, e.foto);
+  if (feitas != nullptr) f.correcoes = feitas->lista;
+  f.graos = std::move(foto.graos);
+  return f;
 }
 
 // Makes the pictures of the page, each in a process of its own: one that has been taken away or
@@ -87,20 +108,6 @@ void poeLimiares(page::PAGINA& p, const OPCOES_LOTE& o) {
   }
 }
 
-// What was searched, as it was called: the first few of the folders and photographs.
-std::string titulo(const OPCOES_LOTE& o) {
-  constexpr std::size_t ditas = 3;
-  std::string s;
-  for (std::size_t i = 0; i < std::min(o.entradas.size(), ditas); ++i) {
-    fs::path p = fs::path(o.entradas[i]).lexically_normal();
-    if (!p.has_filename()) p = p.parent_path();  // a slash at the end
-    if (p == "." || p.filename() == "..") p = fs::weakly_canonical(p).filename();
-    s += (i == 0 ? "" : ", ") + p.string();
-  }
-  if (o.entradas.size() > ditas) s += ", ...";
-  return cv::format(diz(falas::tituloDaPagina, o.idioma), s.c_str());
-}
-
 // The last folder that all of the photographs are in.
 fs::path pastaComum(const std::vector<ALVO>& v) {
   if (v.empty()) return {};
@@ -116,7 +123,7 @@ fs::path pastaComum(const std::vector<ALVO>& v) {
 
 page::PAGINA comecaPagina(const OPCOES_LOTE& o, const CONJUNTO& c) {
   page::PAGINA p;
-  p.titulo = titulo(o);
+  p.titulo = c.proveniencia.titulo;
   p.idioma = o.idioma;
   p.escala = o.escala;
   p.grandeza = o.grandeza;
@@ -126,6 +133,7 @@ page::PAGINA comecaPagina(const OPCOES_LOTE& o, const CONJUNTO& c) {
   poeLimiares(p, o);
   p.comando = c.comando;
   p.falharam = c.falharam;
+  p.proveniencia = emJson(c.proveniencia, false);
   return p;
 }
 
@@ -135,7 +143,36 @@ void assume(const OBRA& obra, const char* nome) {
   if (falha) pim::erro("Erro gravacao arquivo ", (obra.saida / nome).string());
 }
 
+// Writes from what all was made, and checksums of all results.
+void impProveniencia(const OBRA& obra, const CONJUNTO& c) {
+  PROVENIENCIA p = c.proveniencia;
+  for (const ALVO& alvo : c.prontas) {
+    for (const auto& [nome, soma] : estadoDe(obra, alvo).arquivos) {
+      p.resultados[alvo.nome + '/' + nome] = soma;
+    }
+  }
+  for (const std::string nome : arquivosDoConjunto) {
+    if (nome == arquivoDaProveniencia) continue;
+    p.resultados[nome] = somaDoArquivo((obra.pasta / nome).string()).value_or("");
+  }
+  const std::string texto = emJson(p, true);
+  pim::gravaBytes((obra.pasta / arquivoDaProveniencia).string(), {texto.begin(), texto.end()});
+}
+
 }  // namespace
+
+std::string tituloDaPagina(const OPCOES_LOTE& o) {
+  constexpr std::size_t ditas = 3;
+  std::string s;
+  for (std::size_t i = 0; i < std::min(o.entradas.size(), ditas); ++i) {
+    fs::path p = fs::path(o.entradas[i]).lexically_normal();
+    if (!p.has_filename()) p = p.parent_path();  // a slash at the end
+    if (p == "." || p.filename() == "..") p = fs::weakly_canonical(p).filename();
+    s += (i == 0 ? "" : ", ") + p.string();
+  }
+  if (o.entradas.size() > ditas) s += ", ...";
+  return cv::format(diz(falas::tituloDaPagina, o.idioma), s.c_str());
+}
 
 void impConjunto(const OBRA& obra, const OPCOES_LOTE& o, const CONJUNTO& c) {
   const std::vector<std::string> figuras = fazFiguras(obra, c);
@@ -150,15 +187,21 @@ void impConjunto(const OBRA& obra, const OPCOES_LOTE& o, const CONJUNTO& c) {
   total.unidade = o.escala.unidade;
   std::vector<exporta::LINHA_RESUMO> linhas;
   page::PAGINA pagina = comecaPagina(o, c);
+  corrige::FEITAS feitas;
   for (std::size_t i = 0; i < c.prontas.size(); ++i) {
-    measure::FOTOGRAFIA foto = leResultado(obra, o, c.prontas[i].nome);
+    const ALVO& alvo = c.prontas[i];
+    const ESTADO e = estadoDe(obra, alvo);
+    measure::FOTOGRAFIA foto =
+        leFotografia(o, pronta(obra, alvo.nome), alvo, cv::Size(e.cols, e.rows));
+    feitas += e.correcoes;
     acrescenta(tabela, foto);
     acrescenta(coco, foto, c.prontas[i].arquivo.lexically_relative(pasta).generic_string());
     acumula(total, foto);
     linhas.push_back({foto.nome, resume(foto, o.grandeza, o.peso, o.peneiras)});
-    pagina.fotos.push_back(
-        {foto.nome, figuras[i], cv::Size(foto.cols, foto.rows), std::move(foto.graos)});
+    pagina.fotos.push_back(naPagina(obra, c, alvo, e, std::move(foto)));
+    pagina.fotos.back().figura = figuras[i];
   }
+  if (!o.correcoes.empty()) pagina.corrigidas = feitas;
   conclui(std::move(tabela));
   conclui(std::move(coco));
   impResumoCsv(linhas, resume(total, o.peneiras), aqui("resumo.csv"), o.idioma);
@@ -168,6 +211,7 @@ void impConjunto(const OBRA& obra, const OPCOES_LOTE& o, const CONJUNTO& c) {
     conclui(std::move(p));
   }
   impPagina(pagina, aqui("relatorio.html"));
+  impProveniencia(obra, c);
   for (const char* nome : arquivosDoConjunto) assume(obra, nome);
 }
 

@@ -84,6 +84,33 @@ void poeGrao(std::string& s, const measure::GRAO& g, std::vector<exporta::VALOR>
   s += ']';
 }
 
+template <class LISTA>
+void poeGraos(std::string& s, const char* nome, const LISTA& graos) {
+  std::vector<exporta::VALOR> valores;
+  abreMembro(s, nome, '[');
+  for (const measure::GRAO& g : graos) poeGrao(s, g, valores);
+  s += ']';
+}
+
+// As the file of corrections has them.
+void poeCorrecoes(std::string& s, const std::vector<corrige::CORRECAO>& v) {
+  abreMembro(s, "correcoes", '[');
+  for (const corrige::CORRECAO& c : v) {
+    s += s.back() == '[' ? "" : ",";
+    s += corrige::emTexto(c);
+  }
+  s += ']';
+}
+
+void poeFeitas(std::string& s, const corrige::FEITAS& f) {
+  abreMembro(s, "correcoes", '{');
+  poeMembro(s, "rejeita", f.rejeitados);
+  poeMembro(s, "recupera", f.recuperados);
+  poeMembro(s, "desenha", f.desenhados);
+  poeMembro(s, "semPar", f.semPar);
+  s += '}';
+}
+
 }  // namespace
 
 std::string ajustesEmJson(const PAGINA& pagina) {
@@ -100,6 +127,7 @@ std::string ajustesEmJson(const PAGINA& pagina) {
   poeLista(s, "peneiras", pagina.peneiras);
   poeLimiares(s, pagina);
   poeMembro(s, "apurado", pagina.metodo == measure::METODO::apurado ? 1 : 0);
+  if (pagina.corrigidas) poeFeitas(s, *pagina.corrigidas);
   std::vector<std::string> colunas =
       nomesDoGrao(pagina.metodo, pagina.escala.unidade, pagina.idioma);
   colunas.insert(colunas.begin(), diz(exporta::frases::foto, pagina.idioma));
@@ -114,15 +142,18 @@ std::string ajustesEmJson(const PAGINA& pagina) {
 
 std::string fotoEmJson(const FOTO_DA_PAGINA& foto, const std::string& miniatura) {
   std::string s = "{";
-  std::vector<exporta::VALOR> valores;
   poeMembro(s, "nome", foto.nome);
   poeMembro(s, "rows", foto.tamanho.height);
   poeMembro(s, "cols", foto.tamanho.width);
   poeMembro(s, "miniatura", miniatura);
   if (foto.figura.empty()) poeMembro(s, "semFigura", 1);
-  abreMembro(s, "graos", '[');
-  for (const measure::GRAO& g : foto.graos) poeGrao(s, g, valores);
-  s += "]}";
+  if (!foto.soma.empty()) poeMembro(s, "soma", foto.soma);
+  if (!foto.grupo.empty()) poeMembro(s, "grupo", foto.grupo);
+  if (foto.escala) poeMembro(s, "lado", foto.escala->lado);
+  if (!foto.correcoes.empty()) poeCorrecoes(s, foto.correcoes);
+  if (!foto.candidatos.empty()) poeGraos(s, "candidatos", foto.candidatos);
+  poeGraos(s, "graos", foto.graos);
+  s += '}';
   return emScript(s);
 }
 

@@ -18,7 +18,8 @@ std::string ajustesEmJson(const PAGINA& pagina);
 // index, letter, row, column, d1, d2, angle, correlation, area, equivalent diameter, perimeter,
 // lesser and greater diameter, aspect, 1 when it touches the border; of a fitted grain also
 // support, contrast, standard errors of row, column, d1, d2 and angle; all in px. semFigura when
-// its picture is lost.
+// its picture is lost. Where there is something to tell also soma, grupo, lado (of a pixel),
+// correcoes (as in their file) and candidatos (as graos).
 std::string fotoEmJson(const FOTO_DA_PAGINA& foto, const std::string& miniatura);
 
 }  // namespace page

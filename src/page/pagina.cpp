@@ -17,12 +17,14 @@ namespace {
 
 constexpr std::array<std::string_view, 2> estilos = {"leaflet.css", "estilo.css"};
 // In the order in which they run.
-constexpr std::array<std::string_view, 26> scripts = {
-    "chart.js",     "leaflet.js",  "textos.js", "apoio.js", "phi.js",     "medida.js",
-    "intervalo.js", "contorno.js", "tabela.js", "cores.js", "classes.js", "plugins.js",
-    "eixos.js",     "barras.js",   "curva.js",  "rosa.js",  "filtro.js",  "medidas.js",
-    "graficos.js",  "figuras.js",  "visor.js",  "fotos.js", "galeria.js", "papel.js",
-    "resumo.js",    "pagina.js"};
+constexpr std::array<std::string_view, 34> scripts = {
+    "chart.js",   "leaflet.js",      "textos.js",   "apoio.js",   "phi.js",
+    "medida.js",  "intervalo.js",    "contorno.js", "tabela.js",  "comparacao.js",
+    "formas.js",  "correcoes.js",    "cores.js",    "classes.js", "plugins.js",
+    "eixos.js",   "barras.js",       "curva.js",    "rosa.js",    "filtro.js",
+    "medidas.js", "graficos.js",     "figuras.js",  "desenho.js", "ferramentas.js",
+    "visor.js",   "fotos.js",        "galeria.js",  "papel.js",   "resumo.js",
+    "grupos.js",  "proveniencia.js", "barra.js",    "pagina.js"};
 
 void poe(exporta::PARCIAL& p, std::string_view texto) {
   p.pendente += texto;
@@ -81,6 +83,9 @@ void preenche(exporta::PARCIAL& p, const PAGINA& pagina, std::string_view nome) 
   if (nome == "estilos") poeElementos(p, "style", estilos);
   if (nome == "ajustes") poe(p, ajustesEmJson(pagina));
   if (nome == "falharam") poeFalharam(p, pagina);
+  if (nome == "proveniencia") {
+    poe(p, emScript(pagina.proveniencia.empty() ? "null" : pagina.proveniencia));
+  }
   if (nome == "fotos") {
     for (const FOTO_DA_PAGINA& foto : pagina.fotos) poeFoto(p, foto);
   }

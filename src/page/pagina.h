@@ -2,9 +2,11 @@
 
 #include <array>
 #include <opencv2/core.hpp>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "corrige/aplica.h"
 #include "export/idioma.h"
 #include "measure/distribuicao.h"
 #include "measure/escala.h"
@@ -24,6 +26,11 @@ struct FOTO_DA_PAGINA {
   cv::Size tamanho;    // of the photograph that the grains were found in; the picture is
                        // stretched to it
   std::vector<measure::GRAO> graos;
+  std::vector<measure::GRAO> candidatos = {};     // refused ones, which a reader may bring back
+  std::string soma = {};                          // checksum of the photograph; empty: unknown
+  std::vector<corrige::CORRECAO> correcoes = {};  // made by hand in this run
+  std::string grupo = {};                         // that it is compared in; empty: none
+  std::optional<measure::ESCALA> escala = {};     // its own, in the unit of the page's
 };
 
 // Names and texts may hold anything, invalid UTF-8 and markup too.
@@ -41,7 +48,9 @@ struct PAGINA {
   measure::METODO metodo = measure::METODO::classico;  // by which all grains were measured
   std::string comando;  // how the page was made, shown at its end; may be empty
   std::vector<FOTO_DA_PAGINA> fotos;
-  std::vector<std::string> falharam;  // names of photographs that are not in the numbers
+  std::vector<std::string> falharam;          // names of photographs that are not in the numbers
+  std::string proveniencia;                   // JSON: from what it was made; empty: nothing is told
+  std::optional<corrige::FEITAS> corrigidas;  // by hand, in all photographs; nothing: none asked
 };
 
 // Writes the page aside, as `nome`.parcial, and gives it its name when it is complete. pim::erro

@@ -115,8 +115,29 @@ std::vector<APURADO> semColisoes(std::vector<APURADO> v, const MODO_DE_APURAR& m
 // Smaller ones have no edges of their own: what fits there is noise.
 constexpr double menorDiametro = 4;
 
-std::vector<APURADO> apuraBoas(const CAMPO& campo, const std::vector<DETECCAO>& boas,
-                               const MODO_DE_APURAR& modo, const PESOS& pesos) {
+bool cabe(const FIGURA& f, const MODO_DE_APURAR& modo) {
+  const double d = diametro(f);
+  return d >= modo.menor && d <= modo.maior;
+}
+
+// The best of those whose support `p` does not do.
+std::vector<APURADO> candidatos(const JUIZO& j, const std::vector<CANDIDATO>& v,
+                                const std::vector<double>& p, const MODO_DE_APURAR& modo) {
+  std::vector<APURADO> recusados;
+  for (std::size_t i = 0; i < p.size(); ++i) {
+    const std::size_t k = j.escolhidos[i];
+    const FIGURA& f = j.figuras[k];
+    if (p[i] >= menorApoio(modo.sensibilidade) || !cabe(f, modo)) continue;
+    recusados.push_back({normal(f), v[k].correl, p[i], j.exames[k].contraste, {}});
+  }
+  std::stable_sort(recusados.begin(), recusados.end(),
+                   [](const APURADO& a, const APURADO& b) { return a.apoio > b.apoio; });
+  recusados.resize(std::min(recusados.size(), modo.candidatos));
+  return recusados;
+}
+
+APURACAO apuraBoas(const CAMPO& campo, const std::vector<DETECCAO>& boas,
+                   const MODO_DE_APURAR& modo, const PESOS& pesos) {
   constexpr double folga = 0.85;  // measuring may still change the size
   std::vector<CANDIDATO> v = ajustaTodos(campo, boas, modoDeAjustar(modo), pesos);
   std::erase_if(v, [&](const CANDIDATO& c) {
@@ -136,12 +157,11 @@ std::vector<APURADO> apuraBoas(const CAMPO& campo, const std::vector<DETECCAO>& 
   std::vector<APURADO> graos;
   for (std::size_t i = 0; i < medidos.size(); ++i) {
     if (!medidos[i].inteiro) continue;
-    const double d = diametro(medidos[i].inteiro->figura);
-    if (d < modo.menor || d > modo.maior) continue;
+    if (!cabe(medidos[i].inteiro->figura, modo)) continue;
     const std::size_t k = j.escolhidos[quais[i]];
     graos.push_back(apurado(*medidos[i].inteiro, v[k], j.exames[k], p[quais[i]]));
   }
-  return semColisoes(std::move(graos), modo);
+  return {semColisoes(std::move(graos), modo), candidatos(j, v, p, modo), 0};
 }
 
 }  // namespace
@@ -154,16 +174,18 @@ double menorApoio(double sensibilidade) {
 APURACAO apura(const cv::Mat_<unsigned char>& imagem, const std::vector<MAXLOCAL>& lista,
                const MODO_DE_APURAR& modo, const PESOS& pesos) {
   exigeFamilias(modo.familias);
-  APURACAO r;
+  std::size_t recusados = 0;
   std::vector<DETECCAO> boas;
   for (const MAXLOCAL& m : lista) {
     if (!servePara(m, imagem.rows, imagem.cols)) {
-      ++r.recusados;
+      ++recusados;
       continue;
     }
     boas.push_back({modo.semLetras ? figura(m) : emFamilia(figura(m), modo.familias), m.correl});
   }
-  if (!boas.empty()) r.graos = apuraBoas(preparaCampo(imagem), boas, modo, pesos);
+  APURACAO r;
+  if (!boas.empty()) r = apuraBoas(preparaCampo(imagem), boas, modo, pesos);
+  r.recusados = recusados;
   return r;
 }
 

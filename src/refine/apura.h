@@ -21,6 +21,7 @@ struct MODO_DE_APURAR {
   double sobreposicao = 0.3;   // share of its area that a grain may have in common with others
   double sensibilidade = 0.5;  // 0: few and sure, 1: many
   bool semLetras = false;      // families stay as the detections have them
+  std::size_t candidatos = 0;  // of the shapes whose support did not do, the best so many are told
   int fios = 1;                // threads; results don't depend on it
 };
 
@@ -37,7 +38,10 @@ struct APURADO {
 
 struct APURACAO {
   std::vector<APURADO> graos;  // by decreasing support
-  std::size_t recusados = 0;   // detections that are no shapes in this picture, and were left out
+  // Chosen by their score, refused by their support; by decreasing support. Fitted, not measured:
+  // their standard errors are 0.
+  std::vector<APURADO> candidatos;
+  std::size_t recusados = 0;  // detections that are no shapes in this picture, and were left out
 };
 
 // The least support of a grain at a sensitivity: 0.33 in the middle, towards 0.9 and 0.05 at the

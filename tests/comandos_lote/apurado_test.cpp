@@ -41,8 +41,8 @@ TEST_F(Lote, SemOutraOrdemOsGraosSaoOsDoVorplexApura) {
     EXPECT_TRUE(deixado(nome, std::string(nome) + ".png") == leTudo("mao.png"));
   }
   EXPECT_EQ(dentroDe("resultado/f1"),
-            (TEXTOS{".vorplex-apurado", ".vorplex-lote", "f1.ho1", "f1.ho2", "f1.png", "f1.rel",
-                    "graos.csv", "graos.geojson", "graos.qml", "rois.zip"}));
+            (TEXTOS{".vorplex-apurado", ".vorplex-candidatos", ".vorplex-lote", "f1.ho1", "f1.ho2",
+                    "f1.png", "f1.rel", "graos.csv", "graos.geojson", "graos.qml", "rois.zip"}));
 }
 
 TEST_F(Lote, AsOpcoesDoVorplexApuraValemTambemAqui) {

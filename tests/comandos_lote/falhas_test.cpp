@@ -252,9 +252,7 @@ const std::vector<USO> usos = {
     {"Nada", {}, "Erro: Falta fotografia ou pasta"},
     {"SemFoto", {"kernel.cfg"}, "Erro: Falta fotografia ou pasta"},
     {"Opcao", {"--nada", "kernel.cfg", "fotos"}, "Erro: Opcao desconhecida --nada"},
-    {"SemKernel",
-     {"nenhum.cfg", "fotos"},
-     "Erro: nenhum.cfg inexistente ou ilegivel (nao existe)"},
+    {"SemKernel", {"nenhum.cfg", "fotos"}, "Erro: nenhum.cfg inexistente ou ilegivel (nao existe)"},
     {"KernelRuim", {"ruim.cfg", "fotos"}, "Erro: ruim.cfg: Palavra desconhecida triangulo"},
     {"KernelSemGrupo",
      {"sem grupo.cfg", "fotos"},
@@ -353,7 +351,7 @@ TEST_F(Lote, SemLugarParaAPaginaFicamAsTabelasVelhas) {
             std::string::npos)
       << c.erro;
   EXPECT_EQ(leTudo("resultado/resumo.csv"), resumo);
-  EXPECT_EQ(dentroDe("resultado").size(), 6U);  // two folders, four files of the set
+  EXPECT_EQ(dentroDe("resultado").size(), 7U);  // two folders, five files of the set
 }
 
 TEST_F(Lote, DiscoCheio) {

@@ -32,8 +32,8 @@ TEST_F(Lote, OsArquivosSaoOsMesmosFeitosAMao) {
     const std::string foto = std::string("fotos/") + nome + ".pgm";
     confereAMao(foto, foto, nome);
   }
-  EXPECT_EQ(dentroDe("resultado"),
-            (TEXTOS{"coco.json", "f0", "f1", "graos.csv", "relatorio.html", "resumo.csv"}));
+  EXPECT_EQ(dentroDe("resultado"), (TEXTOS{"coco.json", "f0", "f1", "graos.csv",
+                                           "proveniencia.json", "relatorio.html", "resumo.csv"}));
   EXPECT_EQ(dentroDe("resultado/f1"),
             (TEXTOS{".vorplex-lote", "f1.ho1", "f1.ho2", "f1.png", "f1.rel", "graos.csv",
                     "graos.geojson", "graos.qml", "rois.zip"}));

@@ -4,6 +4,7 @@ say with the tables and with src/measure.
 leitor.py FOLDER [PICTURES]    with PICTURES, screenshots and prints are left in that folder
 """
 import csv
+import itertools
 import json
 import math
 import os
@@ -93,7 +94,7 @@ def confere_medidas(inicial, outras):
 
 
 def confere_paginas():
-    for nome in ("cheia", "ingles", "apurada", "area", "umgrao", "semgraos", "vazia"):
+    for nome in ("cheia", "ingles", "apurada", "grupos", "area", "umgrao", "semgraos", "vazia"):
         with open(f"{pasta}/{nome}.json", encoding="utf-8") as f:
             inicial, tres, nove, outras = json.load(f)
         for largura, altura in ((400, 800), (1280, 900)):
@@ -292,6 +293,78 @@ def confere_barras():
     curva, marcas = n.avalia("vorplex.graficos.curva.data.datasets.map(s => s.data)")
     assert curva[0]["y"] == 0 and curva[-1]["y"] == 100
     assert curva[0]["x"] <= marcas[0]["x"] and marcas[-1]["x"] <= curva[-1]["x"]
+    em_ordem()
+
+
+def distancia(a, b):
+    """Of Kolmogorov and Smirnov, between lists of (size, weight)."""
+    tudo = sorted([(x, w / sum(v for _, v in a)) for x, w in a] + [(x, -w / sum(v for _, v in b)) for x, w in b])
+    soma = maior = 0
+    for k, (x, w) in enumerate(tudo):
+        soma += w
+        if k + 1 == len(tudo) or tudo[k + 1][0] != x:
+            maior = max(maior, abs(soma))
+    return maior
+
+
+def confere_grupos():
+    """The curves, percentiles and test of two groups, from the table."""
+    n.abre(f"{pasta}/grupos.html")
+    cabeca, *linhas = tabela("grupos")
+    foto, tamanho = cabeca.index("photograph"), cabeca.index("equivalent_diameter_mm")
+    apoio = cabeca.index("support")
+    fotos = [[(float(r[tamanho]), 1) for r in linhas if r[foto] == f"{k}.jpg" and float(r[apoio]) >= 0.33]
+             for k in range(8)]
+    norte, sul = fotos[::2], fotos[1::2]
+    dito = n.avalia("vorplex.grupos.map(g => [g.nome, g.graos.length, g.distribuicao.d[50]])")
+    for (nome, quantos, d50), grupo, certo in zip(dito, (norte, sul), ("north", "south <b>")):
+        x = sorted(v for f in grupo for v, _ in f)
+        assert (nome, quantos) == (certo, len(x)), dito
+        lugar = len(x) / 2 - 0.5
+        i = int(lugar)
+        igual(d50, x[i] + (lugar - i) * (x[min(i + 1, len(x) - 1)] - x[i]), "D50 of a group")
+    espera(lambda: n.avalia("vorplex.testes?.length") == 1, "no test")
+    teste = n.avalia("vorplex.testes[0]")
+    igual(teste["d"], distancia(sum(norte, []), sum(sul, [])), "distance")
+    ks = []
+    for escolha in itertools.combinations(range(8), 4):
+        ks.append(distancia(*(sum((f for k, f in enumerate(norte + sul) if (k in escolha) is sim), [])
+                              for sim in (True, False))))
+    igual(teste["p"], sum(k >= teste["d"] * (1 - 1e-12) for k in ks) / len(ks), "p")
+    assert teste["modos"] == 70 and teste["p"] < 0.05, teste
+    assert n.avalia("vorplex.compara([[{tamanho: 1, peso: 1}]], [[{tamanho: 2, peso: 1}]]).p") is None
+    # Two halves of the same grains are told apart about as often as p says.
+    mesmo = n.avalia("vorplex.compara(vorplex.grupos[0].fotos.slice(0, 2).map(f => f.graos),"
+                     "vorplex.grupos[0].fotos.slice(2).map(f => f.graos))")
+    assert mesmo["p"] > 0.1 and mesmo["modos"] == 6, mesmo
+    # Many photographs: dealings are drawn, the same ones every time.
+    muitas = ("vorplex.compara(...[0, 1].map(s => Array.from({length: 12}, (_, k) => Array.from({length: 9}, (_, i) =>"
+              "({tamanho: 1 + (i * 7 + k * 3 + s) % 10, peso: 1})))))")
+    um, outro = n.avalia(muitas), n.avalia(muitas)
+    assert um == outro and um["modos"] == 1000 and 0.001 <= um["p"] <= 1, (um, outro)
+    assert texto("#corrigidas").startswith("Corrected by hand: 2 grains rejected, 1 brought back. Without")
+    n.abre(f"{pasta}/ingles.html")
+    assert n.avalia("document.getElementById('bloco-grupos').hidden")
+    em_ordem()
+
+
+def confere_desenhados():
+    """Shapes drawn on the page have the measures that src/measure gives."""
+    n.abre(f"{pasta}/grupos.html")
+    campos = ["letra", "li", "ci", "d1", "d2", "ang", "area", "equivalente", "perimetro", "menor", "maior",
+              "alongamento", "borda"]
+    pares = n.avalia(f"""vorplex.fotos.flatMap(f => f.graos.map(g => [g, vorplex.graoDesenhado(
+      {{letra: g.letra, li: g.li, ci: g.ci, d1: g.d1, d2: g.d2, ang: g.ang}}, f, 0)]
+      .map(x => {json.dumps(campos)}.map(c => x[c]))))""")
+    assert len(pares) == 480
+    for medido, desenhado in pares:
+        if medido[0] == "q":
+            medido[5] %= 90  # the usual way of writing it
+        igual(desenhado, medido, "drawn")
+    iou = n.avalia("""(() => {const f = vorplex.fotos[0], c = (ci, d) => vorplex.graoDesenhado(
+      {letra: 'c', li: 100, ci, d1: d, d2: d, ang: 0}, f, 0);
+      return [[c(50, 20), c(50, 20)], [c(50, 20), c(50, 10)], [c(50, 20), c(90, 20)]].map(p => vorplex.semelhanca(...p));})()""")
+    assert iou[0] == 1 and abs(iou[1] - 0.25) < 0.02 and iou[2] == 0, iou
     em_ordem()
 
 
@@ -496,11 +569,13 @@ try:
         confere_limiares()
         confere_apurada()
         confere_barras()
+        confere_grupos()
+        confere_desenhados()
         confere_downloads()
         confere_visores()
         confere_papel()
         confere_faltas()
         confere_barra()
-        print("7 pages")
+        print("8 pages")
 finally:
     n.fecha()

@@ -112,6 +112,30 @@ TEST(Foto, SemFiguraEhDito) {
             R"({"nome":"","rows":2,"cols":3,"miniatura":"","semFigura":1,"graos":[]})");
 }
 
+TEST(Foto, OQueHaDeMaisVaiAntesDosGraos) {
+  FOTO_DA_PAGINA foto{"a", "figura", {60, 50}, doisGraos()};
+  foto.candidatos = {foto.graos[1]};
+  foto.graos.clear();
+  foto.soma = "0123456789abcdef";
+  foto.grupo = "</script>";
+  foto.escala = ESCALA{0.5, UNIDADE::mm};
+  foto.correcoes = {{corrige::GESTO::rejeita, {'q', 1, 2, 3, 3, 4}}};
+  EXPECT_EQ(
+      fotoEmJson(foto, ""),
+      R"({"nome":"a","rows":50,"cols":60,"miniatura":"","soma":"0123456789abcdef",)"
+      R"("grupo":"\u003c/script>","lado":0.5,"correcoes":[{"angulo":4.0,"coluna":2.0,)"
+      R"("d1":3.0,"d2":3.0,"forma":"q","gesto":"rejeita","linha":1.0}],"candidatos":)"
+      R"([[1,"c",30,25,12,12,0,0.1,113.09733552923255,12,37.69911184307752,12,12,1,0]],"graos":[]})");
+}
+
+TEST(Ajustes, OQueFoiCorrigidoAMao) {
+  PAGINA p;
+  EXPECT_FALSE(contem(ajustesEmJson(p), "correcoes"));
+  p.corrigidas = {3, 1, 2, 0};
+  EXPECT_TRUE(contem(ajustesEmJson(p),
+                     R"("correcoes":{"rejeita":3,"recupera":1,"desenha":2,"semPar":0},)"));
+}
+
 TEST(Pagina, NomesHostisNaoViramMarcas) {
   const PASTA pasta;
   PAGINA p = umaFoto("<img src=x onerror='mau()'>\"\n</script><script>mau()</script>\xFF");

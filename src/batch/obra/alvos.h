@@ -1,15 +1,21 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
+
+#include "measure/escala.h"
 
 namespace batch {
 
 // A photograph to be done.
 struct ALVO {
-  std::filesystem::path arquivo;  // absolute
-  std::string nome;               // of its folder of results, and of the files in it
+  std::filesystem::path arquivo;               // absolute
+  std::string nome;                            // of its folder of results, and of the files in it
+  std::string grupo = {};                      // empty: none
+  std::optional<measure::ESCALA> escala = {};  // its own, else that of the run
+  std::optional<bool> claros = {};             // bright grains on dark ground, else as the run says
 };
 
 // Whether the name ends as those of pictures do: pgm, ppm, pnm, png, jpg, jpeg, tif, tiff, bmp, in

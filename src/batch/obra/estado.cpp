@@ -24,7 +24,9 @@ std::vector<std::string> arquivosDaFoto(const std::string& nome, measure::METODO
   std::vector<std::string> v = {nome + ".ho1", nome + ".ho2",   nome + ".rel", nome + ".png",
                                 "graos.csv",   "graos.geojson", "graos.qml"};
   if (comGraos) v.emplace_back("rois.zip");
-  if (metodo == measure::METODO::apurado) v.emplace_back(arquivoDosApurados);
+  if (metodo == measure::METODO::apurado) {
+    v.insert(v.end(), {arquivoDosApurados, arquivoDosCandidatos});
+  }
   return v;
 }
 
@@ -40,7 +42,10 @@ void impEstado(const ESTADO& e, const fs::path& pasta) {
   if (e.completo) {
     std::fprintf(f, "procura %s\nfiltro %s\nmedida %s\n", e.origem.procura.c_str(),
                  e.origem.filtro.c_str(), e.origem.medida.c_str());
-    std::fprintf(f, "tamanho %d %d\ngraos %zu\n", e.rows, e.cols, e.graos);
+    std::fprintf(f, "tamanho %d %d\ngraos %zu\nfoto %s\n", e.rows, e.cols, e.graos, e.foto.c_str());
+    const corrige::FEITAS& c = e.correcoes;
+    std::fprintf(f, "correcoes %zu %zu %zu %zu\n", c.rejeitados, c.recuperados, c.desenhados,
+                 c.semPar);
     for (const auto& [quem, soma] : e.arquivos) {
       std::fprintf(f, "arquivo %s %s\n", soma.c_str(), quem.c_str());
     }
@@ -63,6 +68,11 @@ std::optional<ESTADO> leEstado(const fs::path& pasta) {
     if (chave == "medida") partes >> e.origem.medida;
     if (chave == "tamanho") partes >> e.rows >> e.cols;
     if (chave == "graos") partes >> e.graos;
+    if (chave == "foto") partes >> e.foto;
+    if (chave == "correcoes") {
+      corrige::FEITAS& c = e.correcoes;
+      partes >> c.rejeitados >> c.recuperados >> c.desenhados >> c.semPar;
+    }
     if (chave == "completo") e.completo = true;
     if (chave == "arquivo") {
       std::string soma;

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "corrige/aplica.h"
 #include "measure/grao.h"
 
 namespace batch {
@@ -21,14 +22,17 @@ inline constexpr const char* arquivoDoEstado = ".vorplex-lote";
 inline constexpr const char* arquivoDasMensagens = "mensagens.txt";
 
 // What stands beside the folders of results.
-inline constexpr std::array<const char*, 4> arquivosDoConjunto = {"graos.csv", "coco.json",
-                                                                  "resumo.csv", "relatorio.html"};
+inline constexpr const char* arquivoDaProveniencia = "proveniencia.json";
+inline constexpr std::array<const char*, 5> arquivosDoConjunto = {
+    "graos.csv", "coco.json", "resumo.csv", "relatorio.html", arquivoDaProveniencia};
 
 // The kernel.cfg of a run that was given none, beside them too.
 inline constexpr const char* arquivoDaEscolha = "kernel.cfg";
 
 // The fitted grains in full, from which the measures are made.
 inline constexpr const char* arquivoDosApurados = ".vorplex-apurado";
+// What was refused, in the same form, for whoever wants to bring a shape back.
+inline constexpr const char* arquivoDosCandidatos = ".vorplex-candidatos";
 
 // The files of a photograph called `nome`, in the order in which they are made. Without grains
 // there is no rois.zip, and only fitted grains are kept in full.
@@ -48,7 +52,9 @@ struct ESTADO {
   ORIGEM origem;
   int rows = 0;  // of the photograph
   int cols = 0;
+  std::string foto;                             // checksum of the photograph
   std::size_t graos = 0;                        // measured
+  corrige::FEITAS correcoes;                    // made by hand
   std::map<std::string, std::string> arquivos;  // checksum of each
 };
 

@@ -26,6 +26,11 @@ inline constexpr exporta::FRASE modoEhDoApurado = {
     "--familias, --tamanhos, --sobreposicao, --sensibilidade e --sem-letras pertencem ao metodo "
     "apurado",
     "--families, --sizes, --overlap, --sensitivity and --keep-letters belong to method refined"};
+inline constexpr exporta::FRASE correcoesSaoDoApurado = {"--correcoes pertence ao metodo apurado",
+                                                         "--corrections belongs to method refined"};
+inline constexpr exporta::FRASE arquivoVazio = {"Arquivo sem nome", "File without a name"};
+inline constexpr exporta::FRASE arquivoIlegivel = {"%s inexistente ou ilegivel (%s)",
+                                                   "%s can't be read (%s)"};
 inline constexpr exporta::FRASE minCorrRuim = {"Correlacao minima invalida %s",
                                                "Invalid smallest correlation %s"};
 inline constexpr exporta::FRASE grandezaRuim = {
@@ -95,6 +100,15 @@ inline constexpr exporta::FRASE juntando = {"Escrevendo tabelas e relatorio...",
 inline constexpr exporta::FRASE fim = {
     "Fotografias: %s (feitas %s, ja prontas %s, falhas %s); graos: %s",
     "Photographs: %s (done %s, done already %s, failed %s); grains: %s"};
+inline constexpr exporta::FRASE corrigidos = {
+    "Corrigido a mao: rejeitados %s, trazidos de volta %s, desenhados %s, sem par %s",
+    "Corrected by hand: rejected %s, brought back %s, drawn %s, without a match %s"};
+inline constexpr exporta::FRASE corrigidasAusentes = {
+    "Aviso: ha correcoes de %s fotografias que nao estao nesta corrida",
+    "Warning: there are corrections of %s photographs that are not in this run"};
+inline constexpr exporta::FRASE repetiu = {"Repetido: %s arquivos com os mesmos bytes",
+                                           "Repeated: %s files of the same bytes"};
+inline constexpr exporta::FRASE naoRepetiu = {"Difere (antes / agora):", "Differs (then / now):"};
 inline constexpr exporta::FRASE semEscala = {"Sem escala: todas as medidas em pixels (px)",
                                              "No scale: all measures in pixels (px)"};
 inline constexpr exporta::FRASE resultados = {"Resultados em %s", "Results in %s"};

@@ -47,6 +47,7 @@ const exporta::FRASE* guardaValor(int letra, const std::string& valor, OPCOES_LO
   switch (letra) {
     case 'o':
       o.saida = valor;
+      o.saidaDada = true;
       return valor.empty() ? &falas::saidaVazia : nullptr;
     case 'e':
       return paraEscala(valor, o.escala).empty() ? nullptr : &falas::escalaRuim;
@@ -64,6 +65,15 @@ const exporta::FRASE* guardaValor(int letra, const std::string& valor, OPCOES_LO
       return linha::lePalavra(valor, pesos, o.peso) ? nullptr : &falas::pesoRuim;
     case amostra:
       return leAmostra(valor, o.amostra) ? nullptr : &falas::amostraRuim;
+    case repete:
+      o.repete = valor;
+      return valor.empty() ? &falas::arquivoVazio : nullptr;
+    case comCorrecoes:
+      o.correcoes = valor;
+      return valor.empty() ? &falas::arquivoVazio : nullptr;
+    case comGrupos:
+      o.grupos = valor;
+      return valor.empty() ? &falas::arquivoVazio : nullptr;
     case 'p':
       return lePeneiras(valor, o.peneiras) ? nullptr : &falas::peneirasRuins;
     default:
@@ -102,6 +112,7 @@ const exporta::FRASE* guarda(const linha::OPCAO& op, const std::string& valor, O
 std::string conflito(const OPCOES_LOTE& o, const PROPRIAS& p) {
   const bool apurado = o.metodo == measure::METODO::apurado;
   if (apurado && p.filtra) return diz(falas::filtraEhDoClassico, o.idioma);
+  if (!apurado && !o.correcoes.empty()) return diz(falas::correcoesSaoDoApurado, o.idioma);
   return !apurado && p.modo ? diz(falas::modoEhDoApurado, o.idioma) : "";
 }
 
@@ -121,6 +132,10 @@ std::string leOpcoes(const std::vector<std::string>& args, OPCOES_LOTE& o,
   if (!errada.empty()) return errada;
   std::string briga = conflito(o, proprias);
   if (!briga.empty()) return briga;
+  if (!o.repete.empty()) {
+    o.entradas = palavras;
+    return "";
+  }
   const bool nomes = !palavras.empty() && palavras.front() == "-";  // on standard input
   const bool temKernel = !palavras.empty() && !nomes && !(ehEntrada && ehEntrada(palavras.front()));
   if (temKernel) o.kernel = palavras.front();

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,9 +16,12 @@ namespace batch {
 
 // What the command line of vorplex-lote asks for.
 struct OPCOES_LOTE {
-  std::string kernel;                 // kernel.cfg; empty: to be chosen by the photographs
-  std::vector<std::string> entradas;  // photographs and folders, as given
+  std::string kernel;                      // kernel.cfg; empty: to be chosen by the photographs
+  std::optional<std::string> kernelTexto;  // what it says, where that is known already
+  std::vector<std::string> entradas;       // photographs and folders, as given
   std::string saida = "resultado";
+  bool saidaDada = false;  // it was named
+  std::string repete;      // a proveniencia.json to do again; empty: none
   measure::ESCALA escala;
   measure::METODO metodo = measure::METODO::apurado;
   refine::MODO_DE_APURAR modo;  // of that method
@@ -27,6 +31,8 @@ struct OPCOES_LOTE {
   measure::PESO peso = measure::PESO::numero;
   std::vector<double> peneiras;
   std::size_t amostra = 8;  // photographs that are looked at for the choice
+  std::string correcoes;    // file of corrections by hand; empty: none
+  std::string grupos;       // "pastas", "folders" or a table; empty: none
   bool semBorda = false;
   bool inverte = false;
   int processos = 0;  // photographs at a time; 0: to be chosen
@@ -46,7 +52,7 @@ using EH_ENTRADA = std::function<bool(const std::string& palavra)>;
 // Options may stand anywhere before "--"; the first word that is none is kernel.cfg unless
 // `ehEntrada` says otherwise, the others are photographs. Returns what is wrong, in the language
 // asked for, or an empty text. What only the sub-programs can judge (the parameters of filtra,
-// kernel.cfg) is not looked at.
+// kernel.cfg) is not looked at. With `repete` all words are photographs, and there may be none.
 std::string leOpcoes(const std::vector<std::string>& args, OPCOES_LOTE& o,
                      const EH_ENTRADA& ehEntrada = {});
 

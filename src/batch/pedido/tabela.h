@@ -10,7 +10,17 @@
 
 namespace batch {
 
-enum OPCAO_DO_LOTE { metodo = 256, semBorda, refaz, amostra, json, simula };
+enum OPCAO_DO_LOTE {
+  metodo = 256,
+  semBorda,
+  refaz,
+  amostra,
+  json,
+  simula,
+  comCorrecoes,
+  comGrupos,
+  repete
+};
 
 // In the order of measure::METODO, GRANDEZA and PESO.
 inline constexpr std::array<linha::FRASE, 2> metodos = {
@@ -71,7 +81,7 @@ inline constexpr std::array<linha::OPCAO, 6> opcoesDaProcura = {{
      {"entra nas pastas dentro das pastas", "enters the folders inside the folders"}},
 }};
 
-inline constexpr std::array<linha::OPCAO, 5> opcoesDaMedida = {{
+inline constexpr std::array<linha::OPCAO, 7> opcoesDaMedida = {{
     {'e',
      "escala",
      "scale",
@@ -101,6 +111,22 @@ inline constexpr std::array<linha::OPCAO, 5> opcoesDaMedida = {{
      {"aberturas crescentes, como 0.5,1,2,4, na unidade da escala",
       "ascending apertures, such as 0.5,1,2,4, in the unit of the scale"},
      {"LISTA", "LIST"}},
+    {comCorrecoes,
+     "correcoes",
+     "corrections",
+     {"do método apurado: aplica as correções à mão que o relatório salvou",
+      "of method refined: applies the corrections by hand that the report has saved"},
+     {"correcoes.json", "correcoes.json"},
+     {},
+     linha::TIPO::lista},
+    {comGrupos,
+     "grupos",
+     "groups",
+     {"compara grupos: pastas, ou uma tabela foto,grupo,escala,polaridade",
+      "compares groups: folders, or a table photograph,group,scale,polarity"},
+     {"pastas|CSV", "folders|CSV"},
+     {},
+     linha::TIPO::lista},
     {semBorda,
      "sem-borda",
      "no-border",
@@ -108,7 +134,7 @@ inline constexpr std::array<linha::OPCAO, 5> opcoesDaMedida = {{
       "leaves out the grains that the picture's border cuts"}},
 }};
 
-inline constexpr std::array<linha::OPCAO, 5> opcoesDaCorrida = {{
+inline constexpr std::array<linha::OPCAO, 6> opcoesDaCorrida = {{
     {'o',
      "saida",
      "output",
@@ -122,6 +148,18 @@ inline constexpr std::array<linha::OPCAO, 5> opcoesDaCorrida = {{
      {"fotografias ao mesmo tempo (default: o que a máquina permite)",
       "photographs at a time (default: what the machine allows)"},
      {"N", "N"}},
+    {repete,
+     "repete",
+     "repeat",
+     {"faz de novo a corrida de um proveniencia.json e diz o que difere (na pasta repeticao, se "
+      "não "
+      "se diz outra)",
+      "does the run of a proveniencia.json again and tells what differs (in folder repeticao "
+      "unless "
+      "another is named)"},
+     {"proveniencia.json", "proveniencia.json"},
+     {},
+     linha::TIPO::lista},
     {refaz,
      "refaz",
      "redo",

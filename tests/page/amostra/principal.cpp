@@ -191,7 +191,8 @@ std::string esperado(const PAGINA& pagina, const MINIMOS& minimos) {
       const auto k = std::find(letras.begin(), letras.end(), g.figura.forma) - letras.begin();
       const double minimo = minimos[static_cast<std::size_t>(k)];
       if ((g.medido ? g.medido->apoio : std::stod(decimais)) < minimo) continue;
-      medidas.push_back(medida(g, pagina.escala, pagina.grandeza, pagina.peso));
+      medidas.push_back(
+          medida(g, foto.escala.value_or(pagina.escala), pagina.grandeza, pagina.peso));
       medidas.back().foto = quantas;
     }
   }
@@ -259,14 +260,46 @@ void escreve(const PAGINA& pagina, const std::string& nome) {
   TABELA_GRAOS tabela =
       abreGraosCsv(nome + ".csv", pagina.escala.unidade, pagina.idioma, pagina.metodo);
   for (const FOTO_DA_PAGINA& f : pagina.fotos) {
-    acrescenta(tabela,
-               {f.nome, f.tamanho.height, f.tamanho.width, pagina.escala, f.graos, pagina.metodo});
+    acrescenta(tabela, {f.nome, f.tamanho.height, f.tamanho.width, f.escala.value_or(pagina.escala),
+                        f.graos, pagina.metodo});
   }
   conclui(std::move(tabela));
   std::ofstream(nome + ".json") << '[' << esperado(pagina, pagina.limiares) << ','
                                 << esperado(pagina, todosIguais(0.3)) << ','
                                 << esperado(pagina, todosIguais(0.9)) << ','
                                 << esperadoComOutras(pagina) << "]\n";
+}
+
+// Two groups of four photographs; the grains of the second are a fifth larger, half of it by the
+// scale of its photographs. What was refused and corrected by hand is there too.
+void escreveGrupos(const std::string& pasta, std::mt19937& sorteio) {
+  PAGINA p;
+  p.idioma = IDIOMA::en;
+  p.titulo = "Two beaches";
+  p.escala = {0.05, UNIDADE::mm};
+  p.metodo = METODO::apurado;
+  p.minCorr = 0.02;
+  p.limiares.fill(0.33);
+  p.corrigidas = {2, 1, 0, 3};
+  const cv::Size tamanho(800, 600);
+  for (int k = 0; k < 8; ++k) {
+    std::vector<MAXLOCAL> v = sorteiaGraos(sorteio, 60, tamanho.height, tamanho.width);
+    for (MAXLOCAL& m : v) {
+      if (k % 2 == 0) continue;
+      m.d1 *= 1.1F;
+      m.d2 *= 1.1F;
+    }
+    FOTO_DA_PAGINA f = novaFoto(pasta, cv::format("%d.jpg", k), v, tamanho);
+    f.graos = medeApurados(apura(sorteio, v), tamanho.height, tamanho.width);
+    f.candidatos = medeApurados(apura(sorteio, sorteiaGraos(sorteio, 5, 600, 800)), 600, 800);
+    for (GRAO& g : f.candidatos) g.indice += f.graos.size();
+    f.soma = cv::format("%016d", k);
+    f.grupo = k % 2 == 0 ? "north" : "south <b>";
+    f.escala = measure::ESCALA{k % 2 == 0 ? 0.05 : 0.055, UNIDADE::mm};
+    p.fotos.push_back(std::move(f));
+  }
+  p.fotos[0].correcoes = {{corrige::GESTO::rejeita, {'c', 10, 20.5, 30, 30, 0}}};
+  escreve(p, pasta + "/grupos");
 }
 
 void escrevePequenas(const std::string& pasta) {
@@ -309,6 +342,8 @@ void escrevePequenas(const std::string& pasta) {
     f.graos = medeApurados(apura(sorteio, v), f.tamanho.height, f.tamanho.width);
   }
   escreve(apurada, pasta + "/apurada");
+
+  escreveGrupos(pasta, sorteio);
 
   PAGINA area = p;
   area.falharam = {"um"};

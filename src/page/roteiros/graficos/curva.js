@@ -10,8 +10,9 @@
   vorplex.pontosDaCurva = ({graos, acumulada}, {min, max}) => {
     if (graos.length === 0) return [];
     const passo = Math.max(1, Math.floor(graos.length / 1000));
-    const pontos = graos.map((g, i) => ({x: g.tamanho, y: 100 * acumulada[i]}))
-      .filter((_, i) => i % passo === 0 || i === graos.length - 1);
+    const ponto = (i) => ({x: graos[i].tamanho, y: 100 * acumulada[i]});
+    const pontos = Array.from({length: Math.ceil(graos.length / passo)}, (_, k) => ponto(k * passo));
+    pontos.push(ponto(graos.length - 1));
     const [menor, maior] = [graos[0].tamanho, graos.at(-1).tamanho];
     return [{x: min, y: 0}, {x: menor, y: 0}, ...pontos, {x: maior, y: 100}, {x: max, y: 100}];
   };

@@ -55,6 +55,6 @@
 
   vorplex.legenda = () => ({
     position: 'bottom', onClick: null,
-    labels: {boxWidth: 14, boxHeight: 12, padding: 8, color: vorplex.tema.tinta},
+    labels: {boxWidth: 12, boxHeight: 12, padding: 7, font: {size: 11}, color: vorplex.tema.tinta},
   });
 }

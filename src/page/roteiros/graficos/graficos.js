@@ -95,7 +95,7 @@
 
   // On paper a plot takes half the width, with letters of their full size.
   window.addEventListener('beforeprint', () => {
-    for (const chart of Object.values(vorplex.graficos)) chart.resize(330, 245);
+    for (const chart of Object.values(vorplex.graficos)) chart.resize(330, 228);
   });
   window.addEventListener('afterprint', () => {
     for (const chart of Object.values(vorplex.graficos)) chart.resize();

@@ -63,9 +63,6 @@ vorplex.percentis = [5, 10, 16, 25, 30, 50, 60, 75, 84, 90, 95];
     return foto;
   });
 
-  // The grains of a photograph in the order of their index.
-  vorplex.daFoto = (foto) => foto.graos;
-
   vorplex.graos = vorplex.ordena(vorplex.fotos.flatMap((foto) => foto.graos));
 
   // The share of the weight below each of the ascending grains, half its own included.

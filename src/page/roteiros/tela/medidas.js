@@ -24,6 +24,7 @@
     escolhas[qual] = valor;
     vorplex.ordena(vorplex.graos);
     vorplex.refazGraficos();
+    vorplex.quandoRefazGraficos?.();
     vorplex.fechaGaleria();
     dizEscolhas();
     vorplex.atualiza();

@@ -10,6 +10,17 @@
     vorplex.mostraPeneiras(selecao);
   };
 
+  // Intervals take long where there are many grains: they wait until the slider rests.
+  const MUITOS = 3000;
+  const pedeIntervalos = (selecao) => {
+    vorplex.intervalosAosPoucos(selecao, ajustes.peneiras, (intervalos) => {
+      selecao.intervalos = intervalos;
+      mostraNumeros(selecao);
+      vorplex.mostraFaixa(selecao);
+    });
+  };
+  const pedeIntervalosLogo = vorplex.depoisDe(200, pedeIntervalos);
+
   // Everything after a change.
   vorplex.atualiza = () => {
     const graos = vorplex.graos.filter(vorplex.passa);
@@ -21,13 +32,10 @@
     mostraNumeros(selecao);
     vorplex.mostraWentworth(selecao);
     vorplex.mostraGraficos(selecao);
+    vorplex.mostraGrupos(graos);
     vorplex.mostraFotos(graos);
     vorplex.refazGaleria();
-    vorplex.intervalosAosPoucos(selecao, ajustes.peneiras, (intervalos) => {
-      selecao.intervalos = intervalos;
-      mostraNumeros(selecao);
-      vorplex.mostraFaixa(selecao);
-    });
+    if (graos.length > MUITOS) pedeIntervalosLogo(selecao); else pedeIntervalos(selecao);
   };
 
   // Once a frame, however often the slider speaks.
@@ -44,5 +52,6 @@
   if (ajustes.comando !== '') {
     document.getElementById('comando').append(t('feito'), elemento('code', {}, ajustes.comando));
   }
+  vorplex.retomaCorrecoes();
   vorplex.atualiza();
 }

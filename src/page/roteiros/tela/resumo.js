@@ -36,7 +36,7 @@
   const linha = (nome, ...valores) => elemento('tr', {}, elemento('th', {scope: 'row'}, nome),
     ...valores.map((v) => elemento('td', {class: 'n'}, v)));
   const cabeca = (...nomes) => elemento('thead', {}, elemento('tr', {}, ...nomes.map((nome, k) =>
-    elemento('th', k > 0 ? {class: 'n', scope: 'col'} : {scope: 'col'}, nome))));
+    elemento('th', {class: `${k > 0 ? 'n' : ''} ${nome === unidade ? 'simbolo' : ''}`, scope: 'col'}, nome))));
 
   // The graphic measures; marked where the finest and coarsest grain stand for percentiles that the
   // curve does not reach. Without a scale there is no mean in phi.

@@ -23,6 +23,7 @@
       this._fillStroke(this._ctx, camada);
     },
     _fillStroke(ctx, camada) {
+      ctx.setLineDash([]);
       ctx.globalAlpha = 0.8;
       ctx.lineWidth = camada.options.weight + 2;
       ctx.strokeStyle = '#fff';
@@ -33,11 +34,12 @@
 
   const estilo = (g, escolhido) => ({
     color: cores[g.letra], weight: escolhido ? 4 : 2, opacity: 1, fillColor: cores[g.letra],
-    fillOpacity: escolhido ? 0.35 : 0.08,
+    fillOpacity: escolhido ? 0.35 : 0.08, dashArray: g.candidato ? '4 4' : null,
   });
 
   // Place and sizes; of a fitted grain with their standard errors.
-  const comErro = (texto, erro) => apurado ? `${texto} ± ${numero(erro, 2)}` : texto;
+  // None is known of what was drawn and not yet fitted.
+  const comErro = (texto, erro) => apurado && erro > 0 ? `${texto} ± ${numero(erro, 2)}` : texto;
   const tamanho = (g, d, erro) => apurado ?
     `${comErro(medida(d * g.foto.lado), erro * g.foto.lado)} ${unidade}` : comUnidade(g, d);
   const centro = (g) => apurado ?
@@ -91,21 +93,45 @@
     // The wheel scrolls the page until the reader has chosen the picture.
     mapa.on('focus', () => mapa.scrollWheelZoom.enable());
     mapa.on('blur', () => mapa.scrollWheelZoom.disable());
-    visor.camadas = new Map(foto.graos.map((g) => {
-      const pontos = vorplex.contorno(g);
-      const camada = L.polygon(pontos.map(([x, y]) => [-y, x]),
-                               {...estilo(g, false), contorno: pontos, smoothFactor: 0});
-      camada.bindTooltip(() => elemento('span', {}, vorplex.dizGrao(g)), {sticky: true});
-      camada.on('click', () => escolhe(visor, g, false));
-      return [g, camada];
-    }));
+    visor.camadas = new Map();
     visor.mapa = mapa;
     visor.tamanho = new ResizeObserver(() => mapa.invalidateSize({animate: false}));
     visor.tamanho.observe(visor.lugar);
+    mudaFerramenta(visor);
+  };
+
+  const novaCamada = (visor, g) => {
+    const pontos = vorplex.contorno(g);
+    const camada = L.polygon(pontos.map(([x, y]) => [-y, x]),
+                             {...estilo(g, false), contorno: pontos, smoothFactor: 0});
+    camada.bindTooltip(() => elemento('span', {}, vorplex.dizGrao(g)), {sticky: true});
+    camada.on('click', () => {
+      if (visor.ferramenta === 'rejeita') corrige(visor, g);
+      else if (visor.ferramenta === '') escolhe(visor, g, false);
+    });
+    return camada;
+  };
+
+  // Rejects a grain, or brings a candidate back.
+  const corrige = (visor, g) => {
+    if (!g.candidato) vorplex.rejeita(g);
+    escolhe(visor, g.candidato ? vorplex.recupera(g) : null, false);
+  };
+
+  const mudaFerramenta = (visor) => {
+    visor.paraDeDesenhar?.();
+    visor.paraDeDesenhar = null;
+    if (!visor.mapa) return;
+    if (vorplex.letras.includes(visor.ferramenta)) {
+      visor.paraDeDesenhar = vorplex.desenhaNoMapa(visor.mapa, visor.ferramenta, (figura) =>
+        escolhe(visor, vorplex.desenha(figura, visor.foto), false));
+    }
     mostra(visor);
   };
 
   const fecha = (visor) => {
+    visor.paraDeDesenhar?.();
+    visor.paraDeDesenhar = null;
     visor.tamanho.disconnect();
     visor.mapa.remove();
     visor.mapa = null;
@@ -114,13 +140,19 @@
 
   // Shows the outlines of the selected grains.
   const mostra = (visor) => {
-    const quantos = vorplex.daFoto(visor.foto).reduce((s, g) => s + vorplex.passa(g), 0);
-    visor.contagem.textContent = plural(quantos);
-    if (visor.escolhido && !vorplex.passa(visor.escolhido)) escolhe(visor, null, false);
-    for (const botao of visor.botoes) botao.disabled = quantos === 0;
+    const graos = vorplex.daFoto(visor.foto).filter(vorplex.passa);
+    visor.contagem.textContent = plural(graos.length);
+    for (const botao of visor.botoes) botao.disabled = graos.length === 0;
+    if (!visor.mapa && !visor.escolhido) return;
+    const vistos = new Set(visor.comCandidatos ? [...graos, ...vorplex.candidatosDa(visor.foto)] : graos);
+    if (visor.escolhido && !vistos.has(visor.escolhido)) escolhe(visor, null, false);
     if (!visor.mapa) return;
     for (const [g, camada] of visor.camadas) {
-      if (vorplex.passa(g)) camada.addTo(visor.mapa); else camada.remove();
+      if (!vistos.has(g)) camada.remove();
+    }
+    for (const g of vistos) {
+      if (!visor.camadas.has(g)) visor.camadas.set(g, novaCamada(visor, g));
+      visor.camadas.get(g).addTo(visor.mapa);
     }
   };
 
@@ -135,7 +167,8 @@
       if (procura) visor.mapa.panInside([-g.li, g.ci], {padding: [40, 40]});
     }
     visor.ficha.replaceChildren(...(g === null ? [t('escolhaGrao')] :
-      [elemento('p', {class: 'indice'}, `${t('grao')} ${g.indice}`), registro(g)]));
+      [elemento('p', {class: 'indice'}, `${t(g.candidato ? 'candidato' : 'grao')} ${g.indice}`),
+       ...vorplex.acoesDoGrao(g, () => corrige(visor, g)), registro(g)]));
   };
 
   const anda = (visor, passo) => {
@@ -164,8 +197,9 @@
       elemento('summary', {}, elemento('bdi', {}, foto.nome), ' ', visor.contagem,
         foto.semFigura ? ` · ${t('semFigura')}` : ''),
       elemento('div', {class: 'corpo'}, visor.lugar,
-        elemento('aside', {}, elemento('div', {class: 'passos'},
-          elemento('h3', {}, t('registro')), ...visor.botoes), visor.ficha)));
+        elemento('aside', {}, vorplex.novasFerramentas(visor, () => mudaFerramenta(visor)),
+          elemento('div', {class: 'passos'},
+            elemento('h3', {}, t('registro')), ...visor.botoes), visor.ficha)));
     visor.raiz.addEventListener('toggle', () => {
       if (visor.raiz.open && !visor.mapa) abre(visor);
       if (!visor.raiz.open && visor.mapa) fecha(visor);
