@@ -15,7 +15,7 @@ class [[gnu::visibility("default")]] Error : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// A search ended because its progress callback returned false.
+// A search or refinement ended because its callback returned false.
 class [[gnu::visibility("default")]] Cancelled : public Error {
  public:
   using Error::Error;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <limits>
 #include <string>
 #include <vector>
@@ -36,8 +37,11 @@ struct Refined {
 // Fits detections, as they come from a search and not yet filtered, to the edges of the picture,
 // and chooses those that are grains, by decreasing support. Grains are darker than their ground.
 // Detections that are no shapes of at least 1 pixel with their centre in the picture are left out.
-// About 24 bytes a pixel. Error for options out of range.
+// About 24 bytes a pixel. Error for options out of range, Cancelled when `keep_going` returns
+// false: it is called every few milliseconds in the thread that called, and what it throws arrives
+// as it is.
 std::vector<Refined> refine(const Image& image, const std::vector<Detection>& detections,
-                            const RefineOptions& options = {});
+                            const RefineOptions& options = {},
+                            const std::function<bool()>& keep_going = {});
 
 }  // namespace vorplex

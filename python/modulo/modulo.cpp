@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -76,10 +77,14 @@ DETECCOES filtra(py::ssize_t linhas, py::ssize_t colunas, const DETECCOES& d,
 }
 
 py::array_t<APURADO> apura(const py::array_t<std::uint8_t>& a, const DETECCOES& d,
-                           const vorplex::RefineOptions& opcoes) {
+                           const vorplex::RefineOptions& opcoes, bool avisa) {
+  const py::none ninguem;
+  AVISO aviso{ninguem};
+  std::function<bool()> segue;
+  if (avisa) segue = [&aviso] { return aviso({0, 1, 0}); };
   const vorplex::Image img = imagem(a);
   const std::vector<vorplex::Detection> entrada = deteccoes(d);
-  return matriz(semInterpretador([&] { return vorplex::refine(img, entrada, opcoes); }));
+  return matriz(semInterpretador([&] { return vorplex::refine(img, entrada, opcoes, segue); }));
 }
 
 py::dict sugere(const std::vector<py::array_t<std::uint8_t>>& fotos, std::optional<bool> claros,

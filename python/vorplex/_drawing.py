@@ -26,7 +26,7 @@ def draw(
     Parameters
     ----------
     image : array_like
-        uint8, uint16 or float32; grey, RGB or RGBA.
+        Of uint8, uint16 or float32; grey, RGB or RGBA.
     detections : ndarray, DataFrame or dict
         Detections, filtered or refined, or grains.
     outline : {"exact", "thin", "bold"}

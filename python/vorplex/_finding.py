@@ -111,7 +111,7 @@ def search(
     Parameters
     ----------
     image : array_like
-        uint8, uint16 or float32; grey, RGB or RGBA. Grains are darker than their ground.
+        Of uint8, uint16 or float32; grey, RGB or RGBA. Grains are darker than their ground.
     kernels : Kernels
         What to look for.
     min_corr : float, default 0.001
@@ -250,12 +250,12 @@ def refine(
     Fit detections to the edges of the image, and keep those that are grains.
 
     What ``vorplex-apura`` does: each detection is fitted to the edges, judged by what is seen along
-    its outline, and measured to fractions of a pixel, with standard errors.
+    its outline, and measured to fractions of a pixel, with standard errors. Ctrl-C ends it.
 
     Parameters
     ----------
     image : array_like
-        uint8, uint16 or float32; grey, RGB or RGBA. Grains are darker than their ground.
+        Of uint8, uint16 or float32; grey, RGB or RGBA. Grains are darker than their ground.
     detections : ndarray, DataFrame or dict
         Detections as they come from `search`, not filtered. Those that are no shapes of at least 1
         pixel with their centre in the image are left out.
@@ -317,7 +317,7 @@ def refine(
     options.keep_shapes = keep_shapes
     options.threads = _processors(threads)
     given = _arrays.rows(detections, _vorplex.detection_dtype, "detections")
-    return _vorplex.refine(_arrays.grey(image), given, options)
+    return _vorplex.refine(_arrays.grey(image), given, options, _main_thread())
 
 
 class Suggestion(NamedTuple):

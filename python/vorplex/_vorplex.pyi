@@ -94,7 +94,10 @@ def filter(
     thresholds: list[tuple[float, float]],
 ) -> npt.NDArray[np.void]: ...
 def refine(
-    image: npt.NDArray[np.uint8], detections: npt.NDArray[np.void], options: RefineOptions
+    image: npt.NDArray[np.uint8],
+    detections: npt.NDArray[np.void],
+    options: RefineOptions,
+    watched: bool,
 ) -> npt.NDArray[np.void]: ...
 def measure(
     detections: npt.NDArray[np.void], rows: int, columns: int, scale: str

@@ -1,5 +1,7 @@
 #include "vorplex/refine.h"
 
+#include <exception>
+
 #include "api/registros.h"
 #include "api/traduz.h"
 #include "refine/apura.h"
@@ -28,6 +30,20 @@ bool parte(double x) {
   return m;
 }
 
+// What the callback throws is kept in `lancado` and ends the work, as does false.
+pim::PAUSA pausaDe(const std::function<bool()>& keep_going, std::exception_ptr& lancado) {
+  if (!keep_going) return {};
+  return [&] {
+    bool segue = false;
+    try {
+      segue = keep_going();
+    } catch (...) {
+      lancado = std::current_exception();
+    }
+    if (!segue) throw Cancelled("cancelled");
+  };
+}
+
 Refined apurado(const ::refine::APURADO& a) {
   const ::refine::FIGURA& f = a.figura;
   return {{a.correl, f.forma, f.l, f.c, f.d1, f.d2, f.ang},
@@ -43,15 +59,23 @@ Refined apurado(const ::refine::APURADO& a) {
 }  // namespace
 
 std::vector<Refined> refine(const Image& image, const std::vector<Detection>& detections,
-                            const RefineOptions& options) {
-  return api::traduz([&] {
-    const ::refine::APURACAO r =
-        ::refine::apura(api::matriz(image), api::maxLocais(detections), modo(options));
-    std::vector<Refined> saida;
-    saida.reserve(r.graos.size());
-    for (const ::refine::APURADO& a : r.graos) saida.push_back(apurado(a));
-    return saida;
-  });
+                            const RefineOptions& options, const std::function<bool()>& keep_going) {
+  std::exception_ptr lancado;
+  try {
+    return api::traduz([&] {
+      ::refine::MODO_DE_APURAR m = modo(options);
+      m.pausa = pausaDe(keep_going, lancado);
+      const ::refine::APURACAO r =
+          ::refine::apura(api::matriz(image), api::maxLocais(detections), m);
+      std::vector<Refined> saida;
+      saida.reserve(r.graos.size());
+      for (const ::refine::APURADO& a : r.graos) saida.push_back(apurado(a));
+      return saida;
+    });
+  } catch (const Cancelled&) {
+    if (lancado) std::rethrow_exception(lancado);
+    throw;
+  }
 }
 
 }  // namespace vorplex

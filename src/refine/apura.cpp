@@ -58,7 +58,7 @@ MODO_DE_AJUSTAR modoDeAjustar(const MODO_DE_APURAR& modo) {
   const auto tem = [&](char forma) {
     return !modo.semLetras && modo.familias.find(forma) != std::string::npos;
   };
-  return {tem('e'), tem('r'), modo.fios};
+  return {tem('e'), tem('r'), modo.fios, false, modo.pausa};
 }
 
 double diametro(const FIGURA& f) {
@@ -71,17 +71,18 @@ std::vector<MEDIDO> medeTodos(const CAMPO& campo, const std::vector<FIGURA>& fig
   std::vector<MEDIDO> medidos(figuras.size());
   VIZINHOS aceitos(32);
   for (const FIGURA& f : figuras) aceitos.poe(f);
-  paraTodos<MESA_DE_EXAME>(figuras.size(), modo.fios, [&](std::size_t i, MESA_DE_EXAME& m) {
-    const FIGURA& f = figuras[i];
-    quemEncobre(f, aceitos, 1, m);
-    std::erase_if(m.encobrem,
-                  [&](const FIGURA& g) { return g.l == f.l && g.c == f.c && g.d1 == f.d1; });
-    const std::string familias = modo.semLetras ? std::string(1, f.forma) : modo.familias;
-    const ANDAR& foto = campo.andares[0];
-    medidos[i].inteiro = medeMelhor(foto, f, familias, m.encobrem, m.bancada);
-    if (!medidos[i].inteiro) return;
-    medidos[i].semSombra = semSombra(foto, *medidos[i].inteiro, m.encobrem, m.bancada);
-  });
+  paraTodos<MESA_DE_EXAME>(
+      figuras.size(), modo.fios, modo.pausa, [&](std::size_t i, MESA_DE_EXAME& m) {
+        const FIGURA& f = figuras[i];
+        quemEncobre(f, aceitos, 1, m);
+        std::erase_if(m.encobrem,
+                      [&](const FIGURA& g) { return g.l == f.l && g.c == f.c && g.d1 == f.d1; });
+        const std::string familias = modo.semLetras ? std::string(1, f.forma) : modo.familias;
+        const ANDAR& foto = campo.andares[0];
+        medidos[i].inteiro = medeMelhor(foto, f, familias, m.encobrem, m.bancada);
+        if (!medidos[i].inteiro) return;
+        medidos[i].semSombra = semSombra(foto, *medidos[i].inteiro, m.encobrem, m.bancada);
+      });
   tiraSombras(medidos);
   return medidos;
 }
@@ -144,7 +145,7 @@ APURACAO apuraBoas(const CAMPO& campo, const std::vector<DETECCAO>& boas,
     const double d = diametro(c.figura);
     return d < std::max(folga * modo.menor, menorDiametro) || d > modo.maior / folga;
   });
-  const JUIZO j = julga(campo, v, {modo.sobreposicao, modo.fios}, pesos.sozinha);
+  const JUIZO j = julga(campo, v, {modo.sobreposicao, modo.fios, modo.pausa}, pesos.sozinha);
   const std::vector<double> p = apoios(j, pesos.acompanhada);
   std::vector<FIGURA> figuras;
   std::vector<std::size_t> quais;  // places among the chosen

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "detect/maxlocal.h"
+#include "pim/pausa.h"
 #include "refine/contorno/figura.h"
 #include "refine/tracos/pesos.h"
 
@@ -23,6 +24,7 @@ struct MODO_DE_APURAR {
   bool semLetras = false;      // families stay as the detections have them
   std::size_t candidatos = 0;  // of the shapes whose support did not do, the best so many are told
   int fios = 1;                // threads; results don't depend on it
+  pim::PAUSA pausa;            // called meanwhile
 };
 
 // A grain, with fractions of a pixel.

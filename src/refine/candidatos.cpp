@@ -122,7 +122,7 @@ std::optional<ESBOCADOS> ajustaGrosso(const CAMPO& campo, FIGURA& f, float corre
 std::vector<CANDIDATO> ajustaTodos(const CAMPO& campo, const std::vector<DETECCAO>& lista,
                                    const MODO_DE_AJUSTAR& modo, const PESOS& pesos) {
   std::vector<ESBOCO> v(lista.size());
-  paraTodos<BANCADA>(v.size(), modo.fios, [&](std::size_t k, BANCADA& b) {
+  paraTodos<BANCADA>(v.size(), modo.fios, modo.pausa, [&](std::size_t k, BANCADA& b) {
     FIGURA f = lista[k].figura;
     v[k].correl = lista[k].correl;
     const std::optional<ESBOCADOS> visto = ajustaGrosso(campo, f, v[k].correl, b);
@@ -133,7 +133,7 @@ std::vector<CANDIDATO> ajustaTodos(const CAMPO& campo, const std::vector<DETECCA
   });
   tiraIguais(v);
   if (!modo.todos) peneira(v);
-  paraTodos<BANCADA>(v.size(), modo.fios, [&](std::size_t k, BANCADA& b) {
+  paraTodos<BANCADA>(v.size(), modo.fios, modo.pausa, [&](std::size_t k, BANCADA& b) {
     if (modo.elipses && v[k].figura.forma == 'c') v[k].figura.forma = 'e';
     if (modo.retangulos && v[k].figura.forma == 'q') v[k].figura.forma = 'r';
     if (!ajustaNaFoto(campo, fino, v[k].figura, b)) {
@@ -144,7 +144,7 @@ std::vector<CANDIDATO> ajustaTodos(const CAMPO& campo, const std::vector<DETECCA
   });
   tiraIguais(v);
   std::vector<CANDIDATO> examinados(v.size());
-  paraTodos<BANCADA>(v.size(), modo.fios, [&](std::size_t k, BANCADA& b) {
+  paraTodos<BANCADA>(v.size(), modo.fios, modo.pausa, [&](std::size_t k, BANCADA& b) {
     const FIGURA& f = v[k].figura;
     const ANDAR& andar = campo.andarPara(menorMetade(f));
     examinados[k] = {f, v[k].correl, examina(andar, noAndar(f, andar.nivel), v[k].correl, {}, b)};

@@ -3,6 +3,7 @@
 #include <optional>
 #include <vector>
 
+#include "pim/pausa.h"
 #include "refine/ajuste/campo.h"
 #include "refine/contorno/figura.h"
 #include "refine/tracos/pesos.h"
@@ -28,6 +29,7 @@ struct MODO_DE_AJUSTAR {
   bool retangulos = true;  // freedom more fits meet in the same shape
   int fios = 1;            // threads
   bool todos = false;      // none is sifted out after the coarse fit
+  pim::PAUSA pausa;        // called between the fits
 };
 
 // Fits a shape of the picture coarsely and tells what is seen then; nothing when the shape got

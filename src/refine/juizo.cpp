@@ -21,7 +21,7 @@ void olhaDeNovo(const CAMPO& campo, const std::vector<CANDIDATO>& v, const MODO_
   for (const std::size_t k : j.escolhidos) {
     if (j.notas[k] >= notaDeQuemEncobre) aceitos.poe(j.figuras[k]);
   }
-  paraTodos<MESA_DE_EXAME>(v.size(), modo.fios, [&](std::size_t k, MESA_DE_EXAME& m) {
+  paraTodos<MESA_DE_EXAME>(v.size(), modo.fios, modo.pausa, [&](std::size_t k, MESA_DE_EXAME& m) {
     if (j.notas[k] < menorNota - 2) return;
     quemEncobre(j.figuras[k], aceitos, modo.sobreposicao, m);
     if (m.encobrem.empty()) return;

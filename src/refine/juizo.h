@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "pim/pausa.h"
 #include "refine/ajuste/ajuste.h"
 #include "refine/candidatos.h"
 #include "refine/contorno/vizinhos.h"
@@ -14,6 +15,7 @@ namespace refine {
 struct MODO_DE_JULGAR {
   double sobreposicao = 0.3;  // share of its area that a grain may have in common with others
   int fios = 1;               // threads; results don't depend on it
+  pim::PAUSA pausa;           // called between the looks
 };
 
 // Candidates as they are judged, one entry each: the shape, what was seen of it and its score. And

@@ -7,13 +7,16 @@
 #include <thread>
 #include <vector>
 
+#include "pim/pausa.h"
+
 namespace refine {
 
 // Calls faz(i, mesa) for every i below `n`, on `fios` threads, each with a workspace `MESA` of its
 // own. Which thread does what is left to chance, so `faz` must write to places of its own alone.
-// The first exception that one throws is thrown here when all have ended.
+// `pausa`, which may be empty, is called between pieces of work in the thread that calls. The first
+// exception that one throws is thrown here when all have ended.
 template <class MESA, class FAZ>
-void paraTodos(std::size_t n, int fios, FAZ faz) {
+void paraTodos(std::size_t n, int fios, const pim::PAUSA& pausa, FAZ faz) {
   constexpr std::size_t lote = 64;
   std::atomic<std::size_t> proximo{0};
   std::vector<std::exception_ptr> falhas(static_cast<std::size_t>(std::max(fios, 1)));
@@ -21,6 +24,7 @@ void paraTodos(std::size_t n, int fios, FAZ faz) {
     try {
       MESA mesa;
       for (std::size_t de = 0; (de = proximo.fetch_add(lote)) < n;) {
+        if (fio == 0 && pausa) pausa();
         for (std::size_t i = de; i < std::min(n, de + lote); ++i) faz(i, mesa);
       }
     } catch (...) {

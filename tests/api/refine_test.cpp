@@ -64,3 +64,18 @@ TEST(Refine, OpcoesForaDosLimitesSaoRecusadas) {
   EXPECT_EQ(erroCom([](auto& o) { o.sensitivity = -0.1; }), "sensitivity out of range");
   EXPECT_EQ(erroCom([](auto& o) { o.threads = 0; }), "number of threads out of range");
 }
+
+TEST(Refine, CanceladoOuComOQueOAvisoLanca) {
+  const auto img = fotoDeGraos();
+  const auto v = achados(img);
+  int vezes = 0;
+  vorplex::refine(vista(img), v, {}, [&] { return ++vezes > 0; });
+  EXPECT_GT(vezes, 3);
+  for (int fica = 0; fica < vezes; ++fica) {
+    int chamadas = 0;
+    EXPECT_THROW(vorplex::refine(vista(img), v, {}, [&] { return chamadas++ < fica; }),
+                 vorplex::Cancelled);
+    EXPECT_EQ(chamadas, fica + 1);
+  }
+  EXPECT_THROW(vorplex::refine(vista(img), v, {}, []() -> bool { throw 42; }), int);
+}

@@ -18,7 +18,7 @@ TEST(Paralelo, CadaIndiceUmaVez) {
   for (const std::size_t n : {0U, 1U, 63U, 64U, 65U, 1000U}) {
     for (const int fios : {-1, 0, 1, 2, 5, 20}) {
       std::vector<int> vezes(n);
-      refine::paraTodos<MESA_CONTADA>(n, fios, [&](std::size_t i, MESA_CONTADA& m) {
+      refine::paraTodos<MESA_CONTADA>(n, fios, {}, [&](std::size_t i, MESA_CONTADA& m) {
         ++vezes[i];
         ++m.vezes;
       });
@@ -29,7 +29,7 @@ TEST(Paralelo, CadaIndiceUmaVez) {
 
 TEST(Paralelo, MesaEhDeUmFioSo) {
   std::vector<int> antes(1000);
-  refine::paraTodos<MESA_CONTADA>(1000, 4,
+  refine::paraTodos<MESA_CONTADA>(1000, 4, {},
                                   [&](std::size_t i, MESA_CONTADA& m) { antes[i] = m.vezes++; });
   // Each thread counts from 0: as many zeros as threads that found work.
   int zeros = 0;
@@ -45,7 +45,7 @@ TEST(Paralelo, ExcecaoPassaDepoisDeTodosAcabarem) {
       if (i == 130) throw std::runtime_error("130");
       ++feitos;
     };
-    EXPECT_THROW(refine::paraTodos<MESA_CONTADA>(100000, fios, faz), std::runtime_error);
+    EXPECT_THROW(refine::paraTodos<MESA_CONTADA>(100000, fios, {}, faz), std::runtime_error);
     EXPECT_LT(feitos, 100000 - 1) << "the others stop soon";
   }
 }

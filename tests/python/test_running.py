@@ -57,18 +57,28 @@ INTERRUPTED = """
 import time, sys, numpy as np, vorplex
 image = np.random.default_rng(7).integers(100, 200, (1500, 1500), np.uint8)
 kernels = vorplex.kernels({text!r})
+found = np.zeros(200000, vorplex.detection_dtype)
+found["shape"], found["d1"], found["d2"], found["correlation"] = b"e", 60, 30, 0.5
+found["row"], found["column"] = np.random.default_rng(8).integers(50, 1450, (2, len(found)))
 print("ready", flush=True)
 try:
-    vorplex.search(image, kernels, 0.5{more})
+    {work}
     print("found")
 except KeyboardInterrupt:
     print("interrupted", time.clock_gettime(time.CLOCK_MONOTONIC))
 """
 
 
-@pytest.mark.parametrize("more", ["", ", progress=lambda p: True"])
-def test_ctrl_c(more):
-    program = INTERRUPTED.format(text=LONG, more=more)
+@pytest.mark.parametrize(
+    "work",
+    [
+        "vorplex.search(image, kernels, 0.5)",
+        "vorplex.search(image, kernels, 0.5, progress=lambda p: True)",
+        "vorplex.refine(image, found)",
+    ],
+)
+def test_ctrl_c(work):
+    program = INTERRUPTED.format(text=LONG, work=work)
     with subprocess.Popen([sys.executable, "-c", program], stdout=subprocess.PIPE) as child:
         assert child.stdout.readline() == b"ready\n"
         time.sleep(0.3)
