@@ -83,6 +83,12 @@ echo 'passoang 30 escoitava 5 escala 0.5 a 1 circulo 32 quadrado 32 retangulo 48
   >docs/kernel.cfg
 apt update
 apt install ./pacotes/vorplex_*.deb
+for programa in Vorplex vorplex-apura vorplex-lote vorplex-sugere; do
+  for pasta in man man/pt; do
+    gzip -t "/usr/share/$pasta/man1/$programa.1.gz" || falha "no manual page of $programa in $pasta"
+  done
+  [ -s "/usr/share/bash-completion/completions/$programa" ] || falha "no completion of $programa"
+done
 echo "installed: $(dpkg -l | grep -c ^ii) packages, of vorplex: $(dpkg-query -W -f '${Installed-Size} KiB' vorplex)"
 echo 'circulo 20' >k.cfg
 Vorplex kernel k.cfg k.png >/dev/null || falha "it does not find its module without /proc"
