@@ -237,9 +237,9 @@ void deslocaPorMolde(const PERFIS& perfis, const MOLDE& molde, std::span<const B
     inicio = std::clamp(inicio, f.meio - perfis.meio, perfis.meio - f.meio);
     double contraste = 0;
     double produto = 0;
-    for (int k = -f.meio; k <= f.meio; ++k) {
-      const double g = perfis.em(k + inicio, i);
-      const auto j = static_cast<std::size_t>(k) + static_cast<std::size_t>(f.meio);
+    int k = inicio - f.meio;
+    for (std::size_t j = 0; j < f.contraste.size(); ++j, ++k) {
+      const double g = perfis.em(k, i);
       contraste += f.contraste[j] * g;
       produto += f.deslocamento[j] * g;
     }
