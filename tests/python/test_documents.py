@@ -4,6 +4,8 @@ import doctest
 import inspect
 import pkgutil
 
+import pytest
+
 import vorplex
 
 
@@ -35,3 +37,12 @@ def test_everything_is_documented():
             assert section in text, (name, section)
         for parameter in inspect.signature(thing).parameters:
             assert parameter in text.split("Parameters\n")[1], (name, parameter)
+
+
+def test_form_of_docstrings():
+    """That of numpydoc, where it is installed; a longer summary is asked of none."""
+    validate = pytest.importorskip("numpydoc.validate").validate
+    for name in vorplex.__all__:
+        if inspect.isfunction(getattr(vorplex, name)):
+            errors = validate("vorplex." + name)["errors"]
+            assert [error for error in errors if error[0] != "ES01"] == [], name
