@@ -72,7 +72,9 @@ TEST(Escolha, FamiliasEProporcoesQueContam) {
 TEST(Escolha, PoucosGraosDeMuitaAreaContam) {
   std::vector<INDICIO> graos = muitos(200, grao('c', 10, 10));
   graos.push_back(grao('r', 80, 20));
-  EXPECT_TRUE(procura(sugere::escolhe({{inteira(0), graos, {}}}, 1), 'r', 2.5));
+  const ESCOLHA e = sugere::escolhe({{inteira(0), graos, {}}}, 1);
+  EXPECT_TRUE(procura(e, 'r', 2.5));
+  EXPECT_EQ(e.linhas.size(), 2U);
 }
 
 TEST(Escolha, TamanhosVistosEFolga) {
