@@ -16,7 +16,10 @@ bool tem(const std::string& texto, const std::string& parte) {
 
 std::map<std::string, std::string> resultados(const std::string& pasta) {
   std::map<std::string, std::string> m = arvore(pasta);
-  std::erase_if(m, [](const auto& x) { return tem(x.first, "relatorio.html"); });  // tells the date
+  // They tell the command.
+  std::erase_if(m, [](const auto& x) {
+    return tem(x.first, "relatorio.html") || tem(x.first, "proveniencia.json");
+  });
   return m;
 }
 
