@@ -25,6 +25,7 @@ constexpr auto comecos = std::to_array<FRASE>({
     {"Erro leitura imagem ", "Can't read image "},
     {"Erro leitura da pasta corrente: ", "Can't read the current folder: "},
     {"Erro leitura forma", "Can't read the shape"},
+    {"Erro leitura pesos ", "Can't read weights "},
     {"Erro leitura ", "Can't read "},
     {"Erro gravacao arquivo ", "Can't write file "},
     {"Erro gravacao da saida padrao", "Can't write to standard output"},
@@ -60,6 +61,7 @@ constexpr auto comecos = std::to_array<FRASE>({
     {"Erro: Memoria de kernels demais em ", "Too much memory for kernels in "},
     {"Erro: Memoria insuficiente", "Not enough memory"},
     {"Erro: Modulo de imagens: ", "Image module: "},
+    {"Erro: Modulo do mapa: ", "Map module: "},
     {"Erro: NegPosUm divisao zero", "NegPosUm division by zero"},
     {"Erro: Numero de registros impossivel ", "Impossible number of records "},
     {"Erro: Numero invalido ", "Invalid number "},
@@ -76,6 +78,10 @@ constexpr auto comecos = std::to_array<FRASE>({
 
 // How one ends, after ": ".
 constexpr auto motivos = std::to_array<FRASE>({
+    {"nao sao pesos de um mapa", "these are not the weights of a map"},
+    {"camada ilegivel", "a layer can't be read"},
+    {"camadas que nao se encaixam", "layers that don't fit each other"},
+    {"peso infinito", "an infinite weight"},
     {"MAT-file incompleto", "MAT-file cut short"},
     {"MAT-file precisa ser arquivo comum", "a MAT-file must be an ordinary file"},
     {"MAT-file sem matriz numerica de duas dimensoes",

@@ -10,6 +10,7 @@
 #include "batch/pedido/tabela.h"
 #include "manual/completa.h"
 #include "manual/roff.h"
+#include "mapa/tabela.h"
 #include "proposta/tabela.h"
 #include "shell/tabela.h"
 
@@ -20,8 +21,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::array<linha::PROGRAMA, 4> programas = {shell::programa, apura::programa,
-                                                      batch::programa, proposta::programa};
+constexpr std::array<linha::PROGRAMA, 5> programas = {
+    shell::programa, apura::programa, mapa::programa, batch::programa, proposta::programa};
 
 std::string le(const fs::path& nome) {
   std::ostringstream s;

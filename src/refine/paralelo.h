@@ -13,11 +13,11 @@ namespace refine {
 
 // Calls faz(i, mesa) for every i below `n`, on `fios` threads, each with a workspace `MESA` of its
 // own. Which thread does what is left to chance, so `faz` must write to places of its own alone.
-// `pausa`, which may be empty, is called between pieces of work in the thread that calls. The first
-// exception that one throws is thrown here when all have ended.
+// They are handed out `lote` at a time. `pausa`, which may be empty, is called between pieces of
+// work in the thread that calls. The first exception that one throws is thrown here when all have
+// ended.
 template <class MESA, class FAZ>
-void paraTodos(std::size_t n, int fios, const pim::PAUSA& pausa, FAZ faz) {
-  constexpr std::size_t lote = 64;
+void paraTodos(std::size_t n, int fios, const pim::PAUSA& pausa, FAZ faz, std::size_t lote = 64) {
   std::atomic<std::size_t> proximo{0};
   std::vector<std::exception_ptr> falhas(static_cast<std::size_t>(std::max(fios, 1)));
   const auto trabalha = [&](std::size_t fio) {

@@ -28,7 +28,8 @@ const std::string compartilhado = VORPLEX_SHARE;
 // as it stands.
 std::string preparoDoBash() {
   std::string s = "PS1=; LC_ALL=C\n";
-  for (const char* p : {"Vorplex", "vorplex-lote", "vorplex-apura", "vorplex-sugere"}) {
+  for (const char* p :
+       {"Vorplex", "vorplex-lote", "vorplex-apura", "vorplex-mapa", "vorplex-sugere"}) {
     s += "source '" + compartilhado + "/bash/" + p + "'\n";
   }
   return s +

@@ -15,7 +15,7 @@ endfunction()
 
 mostra(texto ${PREFIXO}/bin/Vorplex contaform)
 confere("the banner" "${texto}" "multi-formas v" ">")
-foreach(programa vorplex-lote vorplex-apura vorplex-sugere)
+foreach(programa vorplex-lote vorplex-apura vorplex-sugere vorplex-mapa)
   mostra(texto ${PREFIXO}/bin/${programa} --version)
   confere(${programa} "${texto}" "^${programa} " "\n$")
 endforeach()
