@@ -3,15 +3,13 @@
 
 #include "fim/fim.h"
 #include "pim/erro.h"
-#include "shell/ajuda.h"
 #include "shell/despacho.h"
 
 int main(int argc, char** argv) {
   std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);  // nothing said is lost when the process aborts
   cv::setNumThreads(1);
   return fim::executa([&] {
-    const bool ajuda = shell::pedeAjuda(argc, argv);
-    const int estado = ajuda ? shell::mostraAjuda(argc, argv) : despacha(argc, argv);
+    const int estado = despacha(argc, argv);
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
       pim::erro("Erro gravacao da saida padrao");
     }

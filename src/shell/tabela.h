@@ -2,10 +2,10 @@
 
 #include <array>
 
-#include "linha/geral.h"
 #include "linha/programa.h"
 
-// The command line of Vorplex: what its programs are called, for help, manual and completion.
+// The command line of Vorplex: what its programs are called, for manual and completion. It has no
+// options.
 
 namespace shell {
 
@@ -72,14 +72,6 @@ inline constexpr std::array<linha::COMANDO, 9> comandos = {{
      {}},
 }};
 
-inline constexpr std::array<linha::OPCAO, 3> opcoes = {{
-    linha::opcoesGerais[0],
-    linha::opcoesGerais[2],
-    linha::opcoesGerais[3],
-}};
-
-inline constexpr std::array<linha::GRUPO, 1> grupos = {{{linha::geral.titulo, opcoes}}};
-
 inline constexpr linha::PROGRAMA programa = {
     "Vorplex",
     {"programas para granulometria multi-formas em fotografias; o nome de um deles vai em "
@@ -88,7 +80,7 @@ inline constexpr linha::PROGRAMA programa = {
      "programs for multi-shape granulometry in photographs; the name of one in any letter case"},
     comandos,
     {},
-    grupos,
+    {},
     {"0 tudo bem, 1 erro, 134 asserção falhou", "0 all well, 1 error, 134 failed assertion"}};
 
 }  // namespace shell

@@ -128,7 +128,6 @@ const std::vector<CASO> casos = {
     {"Vorplex correla f", "Vorplex correla foto.PNG "},
     {"Vorplex Correla foto.PNG k", "Vorplex Correla foto.PNG kernel.cfg "},
     {"Vorplex FILTRA foto.PNG l", "Vorplex FILTRA foto.PNG lista.ho1 "},
-    {"Vorplex --aj", "Vorplex --ajuda "},
 };
 
 void enche() {
