@@ -192,6 +192,9 @@ void detecta(const RECEITA& r, const ALVO& alvo, ESTADO& novo,
   novo.correcoes = temHo2 ? antigo->correcoes : escolhe(r, alvo, foto, novo.foto);
   const std::vector<MAXLOCAL> v = lista(nome + ".ho2");
   if (!temRel) conta(r, v, nome);
+  novo.sinais = temPng ? antigo->sinais
+                       : sinais(vista(r, alvo, foto),
+                                leGraos(r.opcoes.metodo, ".", alvo.nome, foto.size()), r.alcance);
   if (!temPng) traca(r, std::move(foto), v, nome);
 }
 
@@ -219,8 +222,8 @@ ORIGEM origem(const RECEITA& r, const ALVO& alvo, const std::string& fotoSoma) {
   }
   e.filtro = soma.texto();
   const measure::ESCALA escala = escalaDe(o, alvo);
-  soma.poe(cv::format("%a %s %d %d", escala.lado, nomeDaUnidade(escala.unidade), o.semBorda ? 1 : 0,
-                      static_cast<int>(o.idioma)));
+  soma.poe(cv::format("%a %s %d %d", escala.lado, nomeDaUnidade(escala.unidade),
+                      static_cast<int>(o.borda), static_cast<int>(o.idioma)));
   e.medida = soma.texto();
   return e;
 }

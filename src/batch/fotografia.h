@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "batch/avisos/sinais.h"
 #include "batch/obra/alvos.h"
 #include "batch/obra/estado.h"
 #include "batch/obra/obra.h"
@@ -21,6 +22,7 @@ struct RECEITA {
   std::string versao;
   int fios = 1;                                                // threads for each photograph
   const std::vector<corrige::CORRECOES>* correcoes = nullptr;  // by hand; null: none
+  ALCANCE alcance = {};                                        // of the kernels
 };
 
 // How a photograph ended: exit statuses of the process that did it.

@@ -176,12 +176,14 @@ FOTO_DA_PROVENIENCIA fotoDaProveniencia(const LOTE& l, std::size_t i) {
 
 // Tables and page, in a process of their own. False when interrupted; `porque` tells why they could
 // not be written.
-bool juntaTodas(const LOTE& l, const std::string& comando, int processos, std::string& porque) {
+bool juntaTodas(const LOTE& l, const std::string& comando, int processos, const ALCANCE& alcance,
+                std::string& porque) {
   CONJUNTO c;
   c.comando = comando;
   c.processos = processos;
   c.correcoes = &l.correcoes;
   c.proveniencia = l.proveniencia;
+  c.alcance = alcance;
   for (std::size_t i = 0; i < l.alvos.size(); ++i) {
     if (l.fins[i].porque.empty()) {
       c.prontas.push_back(l.alvos[i]);
@@ -247,6 +249,10 @@ void dizResultado(const LOTE& l, const std::string& tabelas) {
     if (l.fins[i].porque.empty()) continue;
     std::fprintf(stderr, "  %s: %s\n", emUmaLinha(l.alvos[i].arquivo.string()).c_str(),
                  l.fins[i].porque.c_str());
+  }
+  std::ifstream avisos(l.obra.pasta / arquivoDosAvisos, std::ios::binary);
+  for (std::string aviso; std::getline(avisos, aviso);) {
+    std::fprintf(stderr, "%s\n", cv::format(l.frase(falas::aviso), aviso.c_str()).c_str());
   }
   if (!tabelas.empty()) {
     recusa(l.opcoes, cv::format(l.frase(falas::tabelasFalharam), tabelas.c_str()));
@@ -426,7 +432,7 @@ int trabalha(LOTE& l, const std::string& versao, const std::vector<std::string>&
   l.avanco.inicio = agora();
   if (!fazTodas(l, receita, processos)) return interrompe(l);
   std::string tabelas;
-  if (!juntaTodas(l, comoComando(args), processos, tabelas)) return interrompe(l);
+  if (!juntaTodas(l, comoComando(args), processos, receita.alcance, tabelas)) return interrompe(l);
   dizResultado(l, tabelas);
   if (!tabelas.empty()) return algoFalhou;
   if (l.opcoes.json) mostraJson(l);

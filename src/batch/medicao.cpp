@@ -10,7 +10,6 @@
 namespace fs = std::filesystem;
 
 namespace batch {
-namespace {
 
 std::vector<measure::GRAO> leGraos(measure::METODO metodo, const fs::path& pasta,
                                    const std::string& nome, cv::Size tamanho) {
@@ -22,6 +21,8 @@ std::vector<measure::GRAO> leGraos(measure::METODO metodo, const fs::path& pasta
   leMaxLocais(v, (pasta / (nome + ".ho2")).string());
   return measure::medeTodos(v, tamanho.height, tamanho.width);
 }
+
+namespace {
 
 bool contem(const std::vector<refine::APURADO>& v, const refine::APURADO& a) {
   return std::any_of(v.begin(), v.end(), [&](const refine::APURADO& b) {
@@ -72,7 +73,8 @@ measure::FOTOGRAFIA leFotografia(const OPCOES_LOTE& o, const fs::path& pasta, co
                            escalaDe(o, alvo),
                            leGraos(o.metodo, pasta, alvo.nome, tamanho),
                            o.metodo};
-  if (o.semBorda) std::erase_if(foto.graos, [](const measure::GRAO& g) { return g.tocaBorda; });
+  foto.borda = o.borda;
+  ponderaBorda(foto.graos, foto.rows, foto.cols, o.borda);
   return foto;
 }
 

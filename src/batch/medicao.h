@@ -23,8 +23,12 @@ corrige::FEITAS apuraLista(const cv::Mat_<unsigned char>& vista, const std::stri
 measure::ESCALA escalaDe(const OPCOES_LOTE& o, const ALVO& alvo);
 bool claros(const OPCOES_LOTE& o, const ALVO& alvo);
 
-// The grains of a photograph from its folder of results, measured; those at the border are left out
-// when the options say so.
+// All grains of a photograph from its folder of results, measured.
+std::vector<measure::GRAO> leGraos(measure::METODO metodo, const std::filesystem::path& pasta,
+                                   const std::string& nome, cv::Size tamanho);
+
+// The grains of a photograph from its folder of results, measured, and weighted by the border
+// as the options say.
 measure::FOTOGRAFIA leFotografia(const OPCOES_LOTE& o, const std::filesystem::path& pasta,
                                  const ALVO& alvo, cv::Size tamanho);
 

@@ -1,10 +1,12 @@
 #include "batch/preparo.h"
 
 #include <cerrno>
+#include <cmath>
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <numbers>
+#include <sstream>
 #include <vector>
 
 #include "batch/obra/soma.h"
@@ -12,6 +14,7 @@
 #include "batch/pedido/leitura.h"
 #include "batch/processo/processo.h"
 #include "filter/filtra.h"
+#include "filter/limiares.h"
 #include "kernels/grupos.h"
 #include "kernels/lekernels.h"
 #include "linha/linha.h"
@@ -26,7 +29,15 @@ namespace {
 int confereParametros(const RECEITA& r) {
   pim::ISTR parametros;
   parametros.texto = r.opcoes.filtra;
-  leParametros(parametros);
+  const LIMIARES l = leParametros(parametros);
+  for (const LIMIAR& um : {l.circulo, l.retangulo, l.quadrado, l.elipse}) {
+    // NaN stands for what the parameters don't say.
+    for (const double x : {um.minCorr, um.maxInter}) {
+      if (x <= 1 || std::isnan(x)) continue;
+      pim::erro(diz(linha::frases::erro, r.opcoes.idioma),
+                cv::format(diz(falas::limiarRuim, r.opcoes.idioma), x));
+    }
+  }
   return 0;
 }
 
@@ -44,7 +55,19 @@ std::uint64_t bytesDosKernels(const std::vector<MASCARA>& kernels) {
   return kernels.size() * sizeof(MASCARA) + maior;
 }
 
-// Says how many bytes the kernels take.
+// The sizes that are searched, on all levels of the pyramid.
+ALCANCE alcance(const std::vector<MASCARA>& kernels) {
+  ALCANCE a;
+  for (const MASCARA& m : kernels) {
+    const bool redonda = m.forma == 'c' || m.forma == 'e';
+    const double d = std::sqrt(m.d1 * m.d2 * (redonda ? 1 : 4 / std::numbers::pi));
+    if (a.menor == 0 || d < a.menor) a.menor = d;
+    a.maior = std::max(a.maior, d * std::pow(2, m.sPir));
+  }
+  return a;
+}
+
+// Says how many bytes the kernels take, and which sizes they have.
 int confereKernels(const RECEITA& r, const std::string& conteudo) {
   const fs::path kernel = r.kernel;
   fs::current_path(kernel.parent_path());  // messages give the name alone
@@ -55,7 +78,9 @@ int confereKernels(const RECEITA& r, const std::string& conteudo) {
     pim::erro(diz(linha::frases::erro, r.opcoes.idioma), diz(falas::semGrupo, r.opcoes.idioma));
   }
   const std::uint64_t bytes = bytesDosKernels(kernels);
-  std::printf("%llu %zu\n", static_cast<unsigned long long>(bytes), kernels.size());
+  const ALCANCE a = alcance(kernels);
+  std::printf("%llu %zu %.9g %.9g\n", static_cast<unsigned long long>(bytes), kernels.size(),
+              a.menor, a.maior);
   return 0;
 }
 
@@ -90,9 +115,7 @@ bool prepara(RECEITA& r, PREPARO& p) {
     return i == 0 ? confereParametros(r) : confereKernels(r, conteudo);
   };
   t.acabou = [&](std::size_t i, const TERMINO& fim) {
-    char* resto = nullptr;
-    p.bytes = std::strtoull(fim.fala.c_str(), &resto, 10);
-    p.kernels = std::strtoull(resto, nullptr, 10);
+    std::istringstream(fim.fala) >> p.bytes >> p.kernels >> r.alcance.menor >> r.alcance.maior;
     const std::string quem = i == 0 ? diz(falas::opcaoFiltra, o.idioma) : o.kernel;
     if (fim.estado != 0 && p.erro.empty()) p.erro = quem + ": " + motivo(fim, quem, o.idioma);
   };

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
 #include <optional>
 #include <system_error>
 #include <utility>
 
+#include "batch/avisos/avisos.h"
 #include "batch/medicao.h"
 #include "batch/obra/estado.h"
 #include "batch/obra/soma.h"
@@ -56,6 +58,16 @@ page::FOTO_DA_PAGINA naPagina(const OBRA& obra, const CONJUNTO& c, const ALVO& a
   if (feitas != nullptr) f.correcoes = feitas->lista;
   f.graos = std::move(foto.graos);
   return f;
+}
+
+// What a photograph says beside its grains.
+OBSERVADO observado(const measure::FOTOGRAFIA& foto, const ESTADO& e) {
+  OBSERVADO visto;
+  for (const measure::GRAO& g : foto.graos) {
+    if (g.vezes > 0) visto.diametros.push_back(g.equivalente);
+  }
+  visto.sinais.push_back(e.sinais);
+  return visto;
 }
 
 // Makes the pictures of the page, each in a process of its own: one that has been taken away or
@@ -130,11 +142,28 @@ page::PAGINA comecaPagina(const OPCOES_LOTE& o, const CONJUNTO& c) {
   p.peso = o.peso;
   p.peneiras = o.peneiras;
   p.metodo = o.metodo;
+  p.borda = o.borda;
   poeLimiares(p, o);
   p.comando = c.comando;
   p.falharam = c.falharam;
   p.proveniencia = emJson(c.proveniencia, false);
   return p;
+}
+
+void junta(OBSERVADO& todos, const OBSERVADO& um) {
+  todos.diametros.insert(todos.diametros.end(), um.diametros.begin(), um.diametros.end());
+  todos.sinais.insert(todos.sinais.end(), um.sinais.begin(), um.sinais.end());
+}
+
+std::vector<std::string> ditos(const OBSERVADO& o, const ALCANCE& a, exporta::IDIOMA idioma) {
+  std::vector<std::string> v;
+  for (const AVISO& aviso : avisos(o, a)) v.push_back(frase(aviso, idioma));
+  return v;
+}
+
+void impAvisos(const std::vector<std::string>& avisos, const std::string& nome) {
+  std::ofstream arquivo(nome, std::ios::binary);
+  for (const std::string& aviso : avisos) arquivo << aviso << '\n';
 }
 
 void assume(const OBRA& obra, const char* nome) {
@@ -186,6 +215,7 @@ void impConjunto(const OBRA& obra, const OPCOES_LOTE& o, const CONJUNTO& c) {
   total.peso = o.peso;
   total.unidade = o.escala.unidade;
   std::vector<exporta::LINHA_RESUMO> linhas;
+  OBSERVADO todos;
   page::PAGINA pagina = comecaPagina(o, c);
   corrige::FEITAS feitas;
   for (std::size_t i = 0; i < c.prontas.size(); ++i) {
@@ -194,20 +224,27 @@ void impConjunto(const OBRA& obra, const OPCOES_LOTE& o, const CONJUNTO& c) {
     measure::FOTOGRAFIA foto =
         leFotografia(o, pronta(obra, alvo.nome), alvo, cv::Size(e.cols, e.rows));
     feitas += e.correcoes;
+    const OBSERVADO visto = observado(foto, e);
+    junta(todos, visto);
     acrescenta(tabela, foto);
     acrescenta(coco, foto, c.prontas[i].arquivo.lexically_relative(pasta).generic_string());
     acumula(total, foto);
-    linhas.push_back({foto.nome, resume(foto, o.grandeza, o.peso, o.peneiras)});
+    linhas.push_back({foto.nome, resume(foto, o.grandeza, o.peso, o.peneiras),
+                      ditos(visto, c.alcance, o.idioma)});
     pagina.fotos.push_back(naPagina(obra, c, alvo, e, std::move(foto)));
     pagina.fotos.back().figura = figuras[i];
   }
   if (!o.correcoes.empty()) pagina.corrigidas = feitas;
   conclui(std::move(tabela));
   conclui(std::move(coco));
-  impResumoCsv(linhas, resume(total, o.peneiras), aqui("resumo.csv"), o.idioma);
+  pagina.avisos = ditos(todos, c.alcance, o.idioma);
+  if (c.prontas.empty()) pagina.avisos.clear();
+  const exporta::LINHA_RESUMO soma{"", resume(total, o.peneiras), pagina.avisos};
+  impResumoCsv(linhas, soma, aqui("resumo.csv"), o.idioma);
+  impAvisos(pagina.avisos, aqui(arquivoDosAvisos));
   if (o.json) {
     exporta::PARCIAL p = exporta::abreParcial(aqui(arquivoDoJson));
-    p.pendente = resumoJson(linhas, resume(total, o.peneiras), c.falharam, o.idioma);
+    p.pendente = resumoJson(linhas, soma, c.falharam, o.idioma);
     conclui(std::move(p));
   }
   impPagina(pagina, aqui("relatorio.html"));

@@ -18,6 +18,9 @@ double segundo(const refine::FIGURA& f) {
   return f.forma == 'c' || f.forma == 'q' ? f.d1 : f.d2;
 }
 
+// Of every real number; those of fitted grains have fewer, by their errors (measure/grao.h).
+constexpr int significativos = 9;
+
 constexpr DIMENSAO nenhuma = DIMENSAO::nenhuma;
 constexpr DIMENSAO compr = DIMENSAO::comprimento;
 
@@ -54,19 +57,19 @@ double erroDoSegundo(const measure::GRAO& g) {
 // What only fitted grains have.
 constexpr std::array<COLUNA, 7> doMedido = {{
     {frases::apoio, nenhuma,
-     [](const measure::GRAO& g, IDIOMA) -> VALOR { return g.medido->apoio; }},
+     [](const measure::GRAO& g, IDIOMA) -> VALOR { return emDigitos(g.medido->apoio, 4); }},
     {frases::contraste, nenhuma,
-     [](const measure::GRAO& g, IDIOMA) -> VALOR { return g.medido->contraste; }},
+     [](const measure::GRAO& g, IDIOMA) -> VALOR { return emDigitos(g.medido->contraste, 4); }},
     {frases::erroLinha, compr,
-     [](const measure::GRAO& g, IDIOMA) -> VALOR { return g.medido->erro[0]; }},
+     [](const measure::GRAO& g, IDIOMA) -> VALOR { return emDigitos(g.medido->erro[0], 3); }},
     {frases::erroColuna, compr,
-     [](const measure::GRAO& g, IDIOMA) -> VALOR { return g.medido->erro[1]; }},
+     [](const measure::GRAO& g, IDIOMA) -> VALOR { return emDigitos(g.medido->erro[1], 3); }},
     {frases::erroD1, compr,
-     [](const measure::GRAO& g, IDIOMA) -> VALOR { return g.medido->erro[2]; }},
+     [](const measure::GRAO& g, IDIOMA) -> VALOR { return emDigitos(g.medido->erro[2], 3); }},
     {frases::erroD2, compr,
-     [](const measure::GRAO& g, IDIOMA) -> VALOR { return erroDoSegundo(g); }},
+     [](const measure::GRAO& g, IDIOMA) -> VALOR { return emDigitos(erroDoSegundo(g), 3); }},
     {frases::erroAngulo, nenhuma,
-     [](const measure::GRAO& g, IDIOMA) -> VALOR { return g.medido->erro[4]; }},
+     [](const measure::GRAO& g, IDIOMA) -> VALOR { return emDigitos(g.medido->erro[4], 3); }},
 }};
 
 std::string comUnidade(const COLUNA& c, measure::UNIDADE unidade, IDIOMA idioma) {
@@ -85,7 +88,8 @@ void poeCalibrados(const std::array<COLUNA, N>& quais, const measure::ESCALA& e,
   for (std::size_t k = 0; k < N; ++k) {
     if (quais[k].dimensao == nenhuma) continue;
     const double px = std::get<double>(valores[de + k]);
-    valores.emplace_back(quais[k].dimensao == DIMENSAO::area ? area(px, e) : comprimento(px, e));
+    const double x = quais[k].dimensao == DIMENSAO::area ? area(px, e) : comprimento(px, e);
+    valores.emplace_back(emDigitos(x, significativos - 1));
   }
 }
 
@@ -103,7 +107,10 @@ template <std::size_t N>
 void poeValores(const std::array<COLUNA, N>& quais, const measure::GRAO& g,
                 const measure::ESCALA& e, IDIOMA idioma, std::vector<VALOR>& valores) {
   const std::size_t de = valores.size();
-  for (const COLUNA& c : quais) valores.push_back(c.valor(g, idioma));
+  for (const COLUNA& c : quais) {
+    valores.push_back(c.valor(g, idioma));
+    if (auto* x = std::get_if<double>(&valores.back())) *x = emDigitos(*x, significativos);
+  }
   if (calibrada(e)) poeCalibrados(quais, e, de, valores);
 }
 

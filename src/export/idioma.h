@@ -68,6 +68,7 @@ inline constexpr FRASE graos = {"graos", "grains"};
 inline constexpr FRASE naBorda = {"na_borda", "touching_border"};
 inline constexpr FRASE areaDaFoto = {"area_da_foto", "photograph_area"};
 inline constexpr FRASE densidade = {"graos_por", "grains_per"};
+inline constexpr FRASE cobertura = {"cobertura", "coverage"};
 inline constexpr FRASE grandeza = {"tamanho", "size"};
 inline constexpr FRASE peso = {"peso", "weight"};
 inline constexpr FRASE media = {"media", "mean"};

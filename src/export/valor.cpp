@@ -123,6 +123,16 @@ void poeNumero(std::string& s, int x) {
   poe(s, x);
 }
 
+double emDigitos(double x, int digitos) {
+  if (!std::isfinite(x)) return x;
+  std::array<char, 64> texto;
+  char* const de = texto.data();
+  const auto fim =
+      std::to_chars(de, de + texto.size(), x, std::chars_format::scientific, digitos - 1);
+  std::from_chars(de, fim.ptr, x);
+  return x;
+}
+
 void poeArredondado(std::string& s, double x, int digitos) {
   poe(s, x + 0.0, std::chars_format::general, digitos);
 }

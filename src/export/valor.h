@@ -21,6 +21,10 @@ void poeNumero(std::string& s, float x);
 void poeNumero(std::string& s, std::size_t x);
 void poeNumero(std::string& s, int x);
 
+// The nearest number of so many significant digits, so that a table has what is meant and not what
+// its binary form leaves behind it.
+double emDigitos(double x, int digitos);
+
 // Appends a number with at most `digitos` significant digits, for coordinates, which have `casas`.
 inline constexpr int casas = 10;
 void poeArredondado(std::string& s, double x, int digitos);

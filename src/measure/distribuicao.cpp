@@ -60,6 +60,7 @@ MEDIDA medida(const GRAO& g, const ESCALA& e, GRANDEZA grandeza, PESO peso) {
     const double d = comprimento(g.equivalente, e);
     m.peso = std::numbers::pi / 6 * (d * d * d);
   }
+  m.peso *= g.vezes;
   return m;
 }
 

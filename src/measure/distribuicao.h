@@ -31,7 +31,7 @@ struct MEDIDA {
   std::size_t foto = 0;
 };
 
-// Size and weight of a grain, in the unit of the scale.
+// Size and weight of a grain, in the unit of the scale; the weight as many times as it counts.
 MEDIDA medida(const GRAO& g, const ESCALA& e, GRANDEZA grandeza, PESO peso);
 
 // The cumulative curve: sizes in ascending order (equal ones by weight) and the share of the total

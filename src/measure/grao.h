@@ -35,6 +35,10 @@ struct GRAO {
   double maior = 0;        // greater side or axis
   double alongamento = 1;  // maior / menor, at least 1
   bool tocaBorda = false;  // its outline reaches beyond the outermost pixels of the picture
+  // How many times it counts, and how many grains like it there are for each that the border leaves
+  // whole (measure/borda.h): 0 for one that is cut or that nothing is said of.
+  double vezes = 1;
+  double inteiro = 0;
 };
 
 // Sizes that can be measured, in pixels: what a list can hold, and no shape is larger than a
@@ -53,7 +57,8 @@ GRAO mede(const MAXLOCAL& m, std::size_t indice, int rows, int cols);
 // Measures a whole list, in its order.
 std::vector<GRAO> medeTodos(const std::vector<MAXLOCAL>& v, int rows, int cols);
 
-// Measures a list of fitted grains, in its order.
+// Measures a list of fitted grains, in its order. Row, column, sizes and angle keep two digits of
+// their standard error: what comes after says nothing.
 std::vector<GRAO> medeApurados(const std::vector<refine::APURADO>& v, int rows, int cols);
 
 // The grain as a record of a list, its row and column rounded.

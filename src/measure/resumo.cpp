@@ -17,8 +17,13 @@ void acumula(ACUMULADO& a, const FOTOGRAFIA& foto) {
   a.area += area(static_cast<double>(foto.rows) * foto.cols, foto.escala);
   for (const GRAO& g : foto.graos) {
     const auto* letra = std::find(letras.begin(), letras.end(), g.figura.forma);
-    if (letra != letras.end()) ++a.porForma[static_cast<std::size_t>(letra - letras.begin())];
     if (g.tocaBorda) ++a.naBorda;
+    // Grains that were taken away are as many as the whole ones stand for.
+    const double vezes = foto.borda == BORDA::exclui ? g.inteiro : g.vezes;
+    a.quantos += vezes;
+    a.coberta += vezes * area(g.area, foto.escala);
+    if (g.vezes == 0) continue;
+    if (letra != letras.end()) ++a.porForma[static_cast<std::size_t>(letra - letras.begin())];
     a.medidas.push_back(medida(g, foto.escala, a.grandeza, a.peso));
     a.medidas.back().foto = a.fotos;
   }
@@ -34,7 +39,10 @@ RESUMO resume(const ACUMULADO& a, const std::vector<double>& aberturas) {
   r.porForma = a.porForma;
   r.naBorda = a.naBorda;
   r.area = a.area;
-  if (a.area > 0) r.densidade = static_cast<double>(r.graos) / a.area;
+  if (a.area > 0) {
+    r.densidade = a.quantos / a.area;
+    r.cobertura = a.coberta / a.area;
+  }
   const CURVA c = curva(a.medidas);
   r.distribuicao = distribui(c, a.unidade);
   r.peneiras = peneira(c, aberturas);

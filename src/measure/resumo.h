@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "measure/borda.h"
 #include "measure/distribuicao.h"
 #include "measure/escala.h"
 #include "measure/grao.h"
@@ -22,6 +23,7 @@ struct FOTOGRAFIA {
   ESCALA escala;
   std::vector<GRAO> graos;
   METODO metodo = METODO::classico;  // by which all of them were measured
+  BORDA borda = BORDA::inclui;       // how `graos` were weighted (ponderaBorda)
 };
 
 // The four shapes, in the order of all counts.
@@ -34,8 +36,10 @@ struct ACUMULADO {
   UNIDADE unidade = UNIDADE::px;  // that of all photographs
   std::size_t fotos = 0;
   std::array<std::size_t, letras.size()> porForma{};
-  std::size_t naBorda = 0;  // grains that reach beyond their picture
+  std::size_t naBorda = 0;  // grains that reach beyond their picture, also those that don't count
   double area = 0;          // of all photographs, in square units
+  double quantos = 0;       // grains that their area stands for, and what they cover of it
+  double coberta = 0;
   std::vector<MEDIDA> medidas;
 };
 
@@ -49,11 +53,12 @@ struct RESUMO {
   PESO peso = PESO::numero;
   UNIDADE unidade = UNIDADE::px;
   std::size_t fotos = 0;
-  std::size_t graos = 0;
+  std::size_t graos = 0;  // that count
   std::array<std::size_t, letras.size()> porForma{};
   std::size_t naBorda = 0;
   double area = 0;
-  std::optional<double> densidade;  // graos / area; empty when there is no area
+  std::optional<double> densidade;  // grains by area; empty when there is no area
+  std::optional<double> cobertura;  // the part of the area that grains cover
   DISTRIBUICAO distribuicao;
   std::vector<PENEIRA> peneiras;
   INTERVALOS intervalos;  // of distribution and sieves

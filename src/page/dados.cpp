@@ -126,6 +126,8 @@ std::string ajustesEmJson(const PAGINA& pagina) {
   poeMembro(s, "peso", std::string(chaveDoPeso(pagina.peso)));
   poeLista(s, "peneiras", pagina.peneiras);
   poeLimiares(s, pagina);
+  constexpr std::array<const char*, 3> bordas = {"corrige", "inclui", "exclui"};
+  poeMembro(s, "borda", std::string(bordas.at(static_cast<std::size_t>(pagina.borda))));
   poeMembro(s, "apurado", pagina.metodo == measure::METODO::apurado ? 1 : 0);
   if (pagina.corrigidas) poeFeitas(s, *pagina.corrigidas);
   std::vector<std::string> colunas =

@@ -18,13 +18,13 @@ namespace {
 constexpr std::array<std::string_view, 2> estilos = {"leaflet.css", "estilo.css"};
 // In the order in which they run.
 constexpr std::array<std::string_view, 34> scripts = {
-    "chart.js",   "leaflet.js",      "textos.js",   "apoio.js",   "phi.js",
-    "medida.js",  "intervalo.js",    "contorno.js", "tabela.js",  "comparacao.js",
-    "formas.js",  "correcoes.js",    "cores.js",    "classes.js", "plugins.js",
-    "eixos.js",   "barras.js",       "curva.js",    "rosa.js",    "filtro.js",
-    "medidas.js", "graficos.js",     "figuras.js",  "desenho.js", "ferramentas.js",
-    "visor.js",   "fotos.js",        "galeria.js",  "papel.js",   "resumo.js",
-    "grupos.js",  "proveniencia.js", "barra.js",    "pagina.js"};
+    "chart.js",    "leaflet.js",      "textos.js",    "apoio.js",   "phi.js",
+    "contorno.js", "medida.js",       "intervalo.js", "tabela.js",  "comparacao.js",
+    "formas.js",   "correcoes.js",    "cores.js",     "classes.js", "plugins.js",
+    "eixos.js",    "barras.js",       "curva.js",     "rosa.js",    "filtro.js",
+    "medidas.js",  "graficos.js",     "figuras.js",   "desenho.js", "ferramentas.js",
+    "visor.js",    "fotos.js",        "galeria.js",   "papel.js",   "resumo.js",
+    "grupos.js",   "proveniencia.js", "barra.js",     "pagina.js"};
 
 void poe(exporta::PARCIAL& p, std::string_view texto) {
   p.pendente += texto;
@@ -73,6 +73,14 @@ void poeFalharam(exporta::PARCIAL& p, const PAGINA& pagina) {
   poe(p, "</p>\n");
 }
 
+// What makes the numbers doubtful; it needs no script to be seen.
+void poeAvisos(exporta::PARCIAL& p, const PAGINA& pagina) {
+  if (pagina.avisos.empty()) return;
+  poe(p, "<ul class=\"aviso\" id=\"avisos\">\n");
+  for (const std::string& aviso : pagina.avisos) poe(p, "<li>" + emHtml(aviso) + "</li>\n");
+  poe(p, "</ul>\n");
+}
+
 void preenche(exporta::PARCIAL& p, const PAGINA& pagina, std::string_view nome) {
   if (nome == "lang") poe(p, pagina.idioma == exporta::IDIOMA::en ? "en" : "pt-BR");
   if (nome == "titulo") poe(p, emHtml(pagina.titulo));
@@ -86,6 +94,7 @@ void preenche(exporta::PARCIAL& p, const PAGINA& pagina, std::string_view nome) 
   if (nome == "proveniencia") {
     poe(p, emScript(pagina.proveniencia.empty() ? "null" : pagina.proveniencia));
   }
+  if (nome == "avisos") poeAvisos(p, pagina);
   if (nome == "fotos") {
     for (const FOTO_DA_PAGINA& foto : pagina.fotos) poeFoto(p, foto);
   }

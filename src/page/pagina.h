@@ -8,6 +8,7 @@
 
 #include "corrige/aplica.h"
 #include "export/idioma.h"
+#include "measure/borda.h"
 #include "measure/distribuicao.h"
 #include "measure/escala.h"
 #include "measure/grao.h"
@@ -46,11 +47,13 @@ struct PAGINA {
   // family, of fitted grains the least support. The slider begins there.
   std::array<double, measure::letras.size()> limiares{};
   measure::METODO metodo = measure::METODO::classico;  // by which all grains were measured
+  measure::BORDA borda = measure::BORDA::inclui;       // how cut grains count
   std::string comando;  // how the page was made, shown at its end; may be empty
   std::vector<FOTO_DA_PAGINA> fotos;
   std::vector<std::string> falharam;          // names of photographs that are not in the numbers
   std::string proveniencia;                   // JSON: from what it was made; empty: nothing is told
   std::optional<corrige::FEITAS> corrigidas;  // by hand, in all photographs; nothing: none asked
+  std::vector<std::string> avisos;            // what makes the numbers doubtful, said of all grains
 };
 
 // Writes the page aside, as `nome`.parcial, and gives it its name when it is complete. pim::erro

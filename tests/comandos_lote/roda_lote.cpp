@@ -1,5 +1,7 @@
 #include "roda_lote.h"
 
+#include <sstream>
+
 #include <fcntl.h>
 #include <linux/capability.h>
 #include <sys/prctl.h>
@@ -106,4 +108,14 @@ std::vector<std::string> dentroDe(const std::string& pasta) {
   for (const auto& e : fs::directory_iterator(pasta)) v.push_back(e.path().filename().string());
   std::sort(v.begin(), v.end());
   return v;
+}
+
+std::string semAvisos(const std::string& erro) {
+  std::string s;
+  std::istringstream linhas(erro);
+  for (std::string linha; std::getline(linhas, linha);) {
+    const bool aviso = linha.starts_with("Aviso: ") || linha.starts_with("Warning: ");
+    if (!aviso) s += linha + '\n';
+  }
+  return s;
 }

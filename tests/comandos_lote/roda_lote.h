@@ -37,6 +37,9 @@ struct LANCADA {
 LANCADA lancaLote(const std::vector<std::string>& args, const MODO& modo = {});
 CORRIDA esperaLote(const LANCADA& lancada);
 
+// What was said on standard error, without the warnings about the numbers.
+std::string semAvisos(const std::string& erro);
+
 // Every file below `pasta`, hidden ones too, and its content.
 std::map<std::string, std::string> arvore(const std::string& pasta);
 

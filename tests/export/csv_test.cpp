@@ -38,7 +38,7 @@ TEST(GraosCsv, SemEscalaSoEmPixels) {
             "indice,letra,forma,linha_px,coluna_px,d1_px,d2_px,angulo_graus,correlacao,area_px2,"
             "diametro_equivalente_px,perimetro_px,diametro_menor_px,diametro_maior_px,alongamento,"
             "toca_borda\n"
-            "0,r,retangulo,8,20,40,10,90,0.523733,400,22.567583341910254,100,10,40,4,1\n");
+            "0,r,retangulo,8,20,40,10,90,0.523733,400,22.5675833,100,10,40,4,1\n");
 }
 
 TEST(GraosCsv, ComEscalaTambemCalibradoENomesEmIngles) {
@@ -49,8 +49,8 @@ TEST(GraosCsv, ComEscalaTambemCalibradoENomesEmIngles) {
             "equivalent_diameter_px,perimeter_px,minor_diameter_px,major_diameter_px,aspect_ratio,"
             "touches_border,row_mm,column_mm,d1_mm,d2_mm,area_mm2,equivalent_diameter_mm,"
             "perimeter_mm,minor_diameter_mm,major_diameter_mm\n"
-            "0,r,rectangle,8,20,40,10,90,0.523733,400,22.567583341910254,100,10,40,4,1,4,10,20,5,"
-            "100,11.283791670955127,50,5,20\n");
+            "0,r,rectangle,8,20,40,10,90,0.523733,400,22.5675833,100,10,40,4,1,4,10,20,5,"
+            "100,11.283792,50,5,20\n");
 }
 
 TEST(GraosCsv, GraosApuradosTemApoioEErrosNoFim) {
@@ -88,6 +88,25 @@ TEST(GraosCsv, OErroDoUnicoTamanhoApareceDuasVezes) {
   a.erro = {0.1, 0.1, 0.25, 0, 1};
   impGraosCsv({"f", 100, 100, {}, medeApurados({a}, 100, 100), METODO::apurado}, "g.csv");
   EXPECT_EQ(celula(leCsv(leTudo("g.csv")), 1, "erro_d2_px"), "0.25");
+}
+
+// Two digits of the standard error, and no digit that only binary numbers have.
+TEST(GraosCsv, OsAlgarismosSeguemOErro) {
+  const PASTA pasta;
+  refine::APURADO a;
+  a.figura = {'e', 8.2512345, 20.5098765, 21.7637600000001, 10.123456, 31.23456};
+  a.apoio = 0.98765432;
+  a.contraste = 0.123456;
+  a.erro = {0.0123456, 0.5, 0.034, 0.0000123, 12};
+  impGraosCsv({"f", 100, 100, {0.05, UNIDADE::mm}, medeApurados({a}, 100, 100), METODO::apurado},
+              "g.csv");
+  const TABELA t = leCsv(leTudo("g.csv"));
+  const std::pair<const char*, const char*> esperados[] = {
+      {"linha_px", "8.251"},    {"coluna_px", "20.51"},         {"d1_px", "21.764"},
+      {"d1_mm", "1.0882"},      {"d2_px", "10.123456"},         {"angulo_graus", "31"},
+      {"apoio", "0.9877"},      {"contraste", "0.1235"},        {"erro_linha_px", "0.0123"},
+      {"erro_d1_mm", "0.0017"}, {"diametro_maior_mm", "1.0882"}};
+  for (const auto& [nome, valor] : esperados) EXPECT_EQ(celula(t, 1, nome), valor) << nome;
 }
 
 TEST(GraosCsv, SemGraosSoOCabecalho) {
@@ -228,8 +247,8 @@ TEST(ResumoCsv, OCabecalhoDizSeOPhiEhDeMilimetrosOuDePixels) {
   impResumoCsv({}, resumoDe(umGrao(meioMilimetro)), "mm.csv", IDIOMA::en);
   const TABELA px = leCsv(leTudo("px.csv"));
   const TABELA mm = leCsv(leTudo("mm.csv"));
-  EXPECT_EQ(std::stod(celula(px, 1, "fw_mean_phi_px")), -std::log2(10));
-  EXPECT_EQ(std::stod(celula(mm, 1, "fw_mean_phi")), -std::log2(5));
+  EXPECT_EQ(celula(px, 1, "fw_mean_phi_px"), "-3.321928");
+  EXPECT_EQ(celula(mm, 1, "fw_mean_phi"), "-2.321928");
   EXPECT_EQ(celula(mm, 1, "size"), "minor_diameter");
 }
 

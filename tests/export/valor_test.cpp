@@ -43,6 +43,10 @@ TEST(PoeNumero, OMenorNumeroDeDigitosSemExpoenteEntreOsComuns) {
   EXPECT_EQ(numero(1e15), "1e+15");
   EXPECT_EQ(numero(9.9e-6), "9.9e-06");
   EXPECT_EQ(numero(1.0 / 3), "0.3333333333333333");
+  EXPECT_EQ(numero(emDigitos(1.0881880000000002, 9)), "1.088188");
+  EXPECT_EQ(numero(emDigitos(2000.0000000000005, 7)), "2000");
+  EXPECT_EQ(numero(emDigitos(-0.00012345678, 3)), "-0.000123");
+  EXPECT_EQ(numero(emDigitos(0, 3)), "0");
   EXPECT_EQ(numero(-7), "-7");
   EXPECT_EQ(numero(std::size_t{18446744073709551615U}), "18446744073709551615");
 }

@@ -36,7 +36,7 @@ INGLES = {
     "error_column": "erro_coluna", "error_d1": "erro_d1", "error_d2": "erro_d2",
     "error_angle_deg": "erro_angulo_graus", "pan": "fundo", "circle": "circulo", "square": "quadrado",
     "rectangle": "retangulo", "ellipse": "elipse", "number": "numero", "area": "area",
-    "volume": "volume", "total": "total", "remark": "reparo",
+    "volume": "volume", "total": "total", "remark": "reparo", "coverage": "cobertura",
 }
 
 NOS_DOIS = re.compile(r"d\d+_\w+|area_(px|um|mm|cm|m|in)2|cu|cc")  # columns of the same name in both
@@ -48,7 +48,7 @@ def exige(condicao, *porque):
         raise SystemExit("disagreement: " + ": ".join(str(p).strip() for p in porque))
 
 
-def perto(lido, esperado, *onde, relativo=1e-9, absoluto=1e-12):
+def perto(lido, esperado, *onde, relativo=2e-6, absoluto=1e-12):
     """Demands the same number; none on both sides is the same too."""
     if esperado is None or esperado != esperado:
         exige(lido is None or lido != lido, *onde, f"{lido} is read, nothing is expected")
@@ -93,7 +93,8 @@ def semIntervalos(tabela, onde):
         for k, (de, x, ate) in enumerate(zip(tabela[nome], tabela[coluna], tabela[coluna + "_ate"])):
             exige(math.isnan(de) == math.isnan(ate) and not de > x and not x > ate, onde,
                   f"row {k}", coluna, f"{x} is not in {de} to {ate}")
-    return tabela.drop(columns=[*limites, "reparo"])
+    exige((tabela["cobertura"].dropna() >= 0).all(), onde, "coverage below 0")
+    return tabela.drop(columns=[*limites, "cobertura", "reparo"])
 
 
 def leLista(arquivo):

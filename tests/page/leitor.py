@@ -19,18 +19,18 @@ n = Navegador()
 poe, texto, baixado = n.poe, n.texto, n.baixado
 
 
-def igual(a, b, onde):
-    """The same to 1e-9; lists and objects member by member."""
+def igual(a, b, onde, folga=1e-9):
+    """The same to `folga`; lists and objects member by member. The page has sizes of 9 digits."""
     if isinstance(b, dict):
         for chave, valor in b.items():
-            igual(a[chave], valor, f"{onde}.{chave}")
+            igual(a[chave], valor, f"{onde}.{chave}", folga)
     elif isinstance(b, list):
         assert len(a) == len(b), (onde, a, b)
         for k, valor in enumerate(b):
-            igual(a[k], valor, f"{onde}[{k}]")
+            igual(a[k], valor, f"{onde}[{k}]", folga)
     elif isinstance(b, (int, float)):
         assert isinstance(a, (int, float)), (onde, a, b)
-        assert math.isclose(a, b, rel_tol=1e-9, abs_tol=1e-12), (onde, a, b)
+        assert math.isclose(a, b, rel_tol=folga, abs_tol=folga / 10), (onde, a, b)
     else:
         assert a == b, (onde, a, b)
 
@@ -55,7 +55,9 @@ def confere_numeros(esperado):
     dito = n.avalia("({graos: vorplex.selecao.graos.length, ...vorplex.selecao.distribuicao,"
                     "peneiras: vorplex.selecao.classes.map(c => [c.graos, c.retida, c.passante]),"
                     "intervalos: vorplex.selecao.intervalos})")
-    igual(dito, esperado, "medida")
+    # Whether a grain lies just at a percentile or beside it is a matter of its last digit.
+    igual(dito.pop("intervalos"), esperado["intervalos"], "intervalos", 2e-3)
+    igual(dito, {k: v for k, v in esperado.items() if k != "intervalos"}, "medida", 1e-6)
     assert contados() == esperado["graos"], (texto("#contagem"), esperado["graos"])
 
 
@@ -70,7 +72,7 @@ def confere_d50(nome, grandeza, escala, min_corr):
     d50 = x[i] + (lugar - i) * (x[min(i + 1, len(x) - 1)] - x[i])
     mostrado = texto(".fichas .forte dd").split()
     assert mostrado[1] == escala and math.isclose(float(mostrado[0]), d50, rel_tol=6e-4), (mostrado, d50)
-    igual(n.avalia("vorplex.selecao.distribuicao.d[50]"), d50, "D50")
+    igual(n.avalia("vorplex.selecao.distribuicao.d[50]"), d50, "D50", 1e-6)
 
 
 def escolhe(seletor, valor):
@@ -221,6 +223,9 @@ def confere_apurada():
     n.abre(f"{pasta}/apurada.html")
     confere_rotulos()
     cabeca, *linhas = tabela("apurada")
+    # Those that the border cuts are in the table, but not in the numbers.
+    inteiros = [r for r in linhas if r[cabeca.index("touches_border")] == "0"]
+    assert len(inteiros) < len(linhas)
     assert n.avalia("document.getElementById('corr-exata').value") == "0.33"
     opcoes = n.avalia("[...document.querySelectorAll('#criterio option')].map(e => e.textContent)")
     assert opcoes == ["Minimum support", "Minimum correlation"], opcoes
@@ -230,16 +235,17 @@ def confere_apurada():
         n.avalia(f"{{const e = document.getElementById('criterio'); e.value = '{criterio}';"
                  "e.dispatchEvent(new Event('change'));}")
         n.quadros()
-        assert contados() == len(linhas)
+        assert contados() == len(inteiros)
         poe("#corr", 0.6)
         esperadas = [r for r in linhas if float(r[cabeca.index(coluna)]) >= 0.6]
-        assert 0 < contados() == len(esperadas) < len(linhas)
+        assert 0 < contados() == sum(r in esperadas for r in inteiros) < len(inteiros)
         dito = baixado("#baixa-csv", "graos.csv").decode("utf-8")
         assert list(csv.reader(dito.splitlines(keepends=True))) == [cabeca, *esperadas]
         assert texto("#filtro-papel").startswith(f"Filter: {coluna} ≥ 0.6; circles")
     n.avalia("document.querySelector('button[type=reset]').click()")
     n.quadros()
-    assert contados() == len(linhas) and n.avalia("document.getElementById('criterio').value") == "apoio"
+    assert contados() == len(inteiros)
+    assert n.avalia("document.getElementById('criterio').value") == "apoio"
     n.avalia("vorplex.visores[0].raiz.open = true")
     espera(lambda: n.avalia("!!vorplex.visores[0].mapa"), "the viewer does not open")
     n.avalia("vorplex.escolheGrao(0, vorplex.fotos[0].graos.find(g => g.letra === 'r'))")
@@ -322,7 +328,7 @@ def confere_grupos():
         assert (nome, quantos) == (certo, len(x)), dito
         lugar = len(x) / 2 - 0.5
         i = int(lugar)
-        igual(d50, x[i] + (lugar - i) * (x[min(i + 1, len(x) - 1)] - x[i]), "D50 of a group")
+        igual(d50, x[i] + (lugar - i) * (x[min(i + 1, len(x) - 1)] - x[i]), "D50 of a group", 1e-7)
     espera(lambda: n.avalia("vorplex.testes?.length") == 1, "no test")
     teste = n.avalia("vorplex.testes[0]")
     igual(teste["d"], distancia(sum(norte, []), sum(sul, [])), "distance")
@@ -360,7 +366,7 @@ def confere_desenhados():
     for medido, desenhado in pares:
         if medido[0] == "q":
             medido[5] %= 90  # the usual way of writing it
-        igual(desenhado, medido, "drawn")
+        igual(desenhado, medido, "drawn", 1e-7)
     iou = n.avalia("""(() => {const f = vorplex.fotos[0], c = (ci, d) => vorplex.graoDesenhado(
       {letra: 'c', li: 100, ci, d1: d, d2: d, ang: 0}, f, 0);
       return [[c(50, 20), c(50, 20)], [c(50, 20), c(50, 10)], [c(50, 20), c(90, 20)]].map(p => vorplex.semelhanca(...p));})()""")
@@ -401,7 +407,7 @@ def confere_contornos():
         v = {c: float(r[k]) for c, k in coluna.items() if c.endswith(("px", "px2", "graus"))}
         pares = list(zip(pontos, pontos[1:] + pontos[:1]))
         area = sum(a[0] * b[1] - b[0] * a[1] for a, b in pares) / 2
-        assert 0.995 < area / v["area_px2"] < 1 + 1e-9, r
+        assert 0.995 < area / v["area_px2"] < 1 + 1e-7, r
         if r[coluna["letra"]] in "qr":
             ang = math.radians(v["angulo_graus"])
             a, b = v["d1_px"] / 2, v["d2_px"] / 2

@@ -78,7 +78,7 @@ TEST(Ajustes, TudoQueOsScriptsLeem) {
   const std::string comeco =
       R"({"idioma":"pt","titulo":"A \"b\"","comando":"vorplex-lote x",)"
       R"("escala":{"lado":0.05,"unidade":"mm"},"grandeza":"menor","peso":"volume",)"
-      R"("peneiras":[0.5,1],"limiares":{"correl":{"c":0.1,"q":0.2,"r":0.3,"e":0.4}},"apurado":0,)"
+      R"("peneiras":[0.5,1],"limiares":{"correl":{"c":0.1,"q":0.2,"r":0.3,"e":0.4}},"borda":"inclui","apurado":0,)"
       R"("colunas":["foto","indice","letra",)";
   EXPECT_EQ(json.substr(0, comeco.size()), comeco);
   EXPECT_TRUE(contem(json, "\"diametro_maior_mm\"],\"formas\":{\"c\":\"circulo\","));
@@ -98,8 +98,8 @@ TEST(Foto, CadaGraoEhUmVetorEmPixels) {
   const FOTO_DA_PAGINA foto{"a", "figura", {60, 50}, doisGraos()};
   EXPECT_EQ(fotoEmJson(foto, "bWluaQ=="),
             R"({"nome":"a","rows":50,"cols":60,"miniatura":"bWluaQ==","graos":[)"
-            R"([0,"r",8,20,40,10,90,0.523733,400,22.567583341910254,100,10,40,4,1],)"
-            R"([1,"c",30,25,12,12,0,0.1,113.09733552923255,12,37.69911184307752,12,12,1,0]]})");
+            R"([0,"r",8,20,40,10,90,0.523733,400,22.5675833,100,10,40,4,1],)"
+            R"([1,"c",30,25,12,12,0,0.1,113.097336,12,37.6991118,12,12,1,0]]})");
 }
 
 TEST(Foto, SemGraosTemVetorVazio) {
@@ -125,7 +125,7 @@ TEST(Foto, OQueHaDeMaisVaiAntesDosGraos) {
       R"({"nome":"a","rows":50,"cols":60,"miniatura":"","soma":"0123456789abcdef",)"
       R"("grupo":"\u003c/script>","lado":0.5,"correcoes":[{"angulo":4.0,"coluna":2.0,)"
       R"("d1":3.0,"d2":3.0,"forma":"q","gesto":"rejeita","linha":1.0}],"candidatos":)"
-      R"([[1,"c",30,25,12,12,0,0.1,113.09733552923255,12,37.69911184307752,12,12,1,0]],"graos":[]})");
+      R"([[1,"c",30,25,12,12,0,0.1,113.097336,12,37.6991118,12,12,1,0]],"graos":[]})");
 }
 
 TEST(Ajustes, OQueFoiCorrigidoAMao) {
@@ -163,6 +163,15 @@ TEST(Pagina, NadaNelaPedeArquivos) {
   EXPECT_FALSE(contem(marcas, "http:"));
   EXPECT_FALSE(contem(marcas, "https:"));
   EXPECT_TRUE(contem(marcas, "content=\"default-src 'none'; img-src data: blob:;"));
+}
+
+TEST(Pagina, AvisosEstaoNaPagina) {
+  const PASTA pasta;
+  PAGINA p = umaFoto();
+  p.avisos = {"3 graos <b>", "desfoque"};
+  EXPECT_TRUE(contem(soMarcas(escrita(p)), "<li>3 graos &lt;b&gt;</li>\n<li>desfoque</li>"));
+  p.avisos.clear();
+  EXPECT_FALSE(contem(soMarcas(escrita(p)), "id=\"avisos\""));
 }
 
 TEST(Pagina, TemAsLicencasDasBibliotecas) {

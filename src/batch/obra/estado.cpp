@@ -46,6 +46,8 @@ void impEstado(const ESTADO& e, const fs::path& pasta) {
     const corrige::FEITAS& c = e.correcoes;
     std::fprintf(f, "correcoes %zu %zu %zu %zu\n", c.rejeitados, c.recuperados, c.desenhados,
                  c.semPar);
+    std::fprintf(f, "sinais %.6g %.6g %.6g\n", e.sinais.escuros, e.sinais.claros,
+                 e.sinais.desfoque);
     for (const auto& [quem, soma] : e.arquivos) {
       std::fprintf(f, "arquivo %s %s\n", soma.c_str(), quem.c_str());
     }
@@ -73,6 +75,7 @@ std::optional<ESTADO> leEstado(const fs::path& pasta) {
       corrige::FEITAS& c = e.correcoes;
       partes >> c.rejeitados >> c.recuperados >> c.desenhados >> c.semPar;
     }
+    if (chave == "sinais") partes >> e.sinais.escuros >> e.sinais.claros >> e.sinais.desfoque;
     if (chave == "completo") e.completo = true;
     if (chave == "arquivo") {
       std::string soma;

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "batch/avisos/sinais.h"
 #include "corrige/aplica.h"
 #include "measure/grao.h"
 
@@ -55,6 +56,7 @@ struct ESTADO {
   std::string foto;                             // checksum of the photograph
   std::size_t graos = 0;                        // measured
   corrige::FEITAS correcoes;                    // made by hand
+  SINAIS sinais;                                // of the photograph
   std::map<std::string, std::string> arquivos;  // checksum of each
 };
 

@@ -31,11 +31,15 @@ inline constexpr exporta::FRASE correcoesSaoDoApurado = {"--correcoes pertence a
 inline constexpr exporta::FRASE arquivoVazio = {"Arquivo sem nome", "File without a name"};
 inline constexpr exporta::FRASE arquivoIlegivel = {"%s inexistente ou ilegivel (%s)",
                                                    "%s can't be read (%s)"};
-inline constexpr exporta::FRASE minCorrRuim = {"Correlacao minima invalida %s",
-                                               "Invalid smallest correlation %s"};
+inline constexpr exporta::FRASE minCorrRuim = {"Correlacao minima invalida %s (0 a 1)",
+                                               "Invalid smallest correlation %s (0 to 1)"};
 inline constexpr exporta::FRASE grandezaRuim = {
     "Grandeza invalida %s (equivalente, menor ou maior)",
     "Invalid diameter %s (equivalent, lesser or greater)"};
+inline constexpr exporta::FRASE bordaRuim = {"Borda invalida %s (corrige, inclui ou exclui)",
+                                             "Invalid border %s (correct, include or exclude)"};
+inline constexpr exporta::FRASE limiarRuim = {"Limiar fora de 0 a 1: %g",
+                                              "Threshold outside 0 to 1: %g"};
 inline constexpr exporta::FRASE pesoRuim = {"Peso invalido %s (numero, area ou volume)",
                                             "Invalid weight %s (number, area or volume)"};
 inline constexpr exporta::FRASE peneirasRuins = {
@@ -113,6 +117,7 @@ inline constexpr exporta::FRASE semEscala = {"Sem escala: todas as medidas em pi
                                              "No scale: all measures in pixels (px)"};
 inline constexpr exporta::FRASE resultados = {"Resultados em %s", "Results in %s"};
 inline constexpr exporta::FRASE falharam = {"Falharam:", "Failed:"};
+inline constexpr exporta::FRASE aviso = {"Aviso: %s", "Warning: %s"};
 inline constexpr exporta::FRASE tabelasFalharam = {"Tabelas e relatorio nao foram escritos: %s",
                                                    "Tables and report were not written: %s"};
 inline constexpr exporta::FRASE interrompido = {

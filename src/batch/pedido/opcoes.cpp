@@ -58,7 +58,7 @@ const exporta::FRASE* guardaValor(int letra, const std::string& valor, OPCOES_LO
       return nullptr;
     case 'c':
       o.minCorr = valor;
-      return leReal(valor, x) ? nullptr : &falas::minCorrRuim;
+      return leReal(valor, x) && x >= 0 && x <= 1 ? nullptr : &falas::minCorrRuim;
     case 'g':
       return linha::lePalavra(valor, grandezas, o.grandeza) ? nullptr : &falas::grandezaRuim;
     case 'w':
@@ -74,6 +74,8 @@ const exporta::FRASE* guardaValor(int letra, const std::string& valor, OPCOES_LO
     case comGrupos:
       o.grupos = valor;
       return valor.empty() ? &falas::arquivoVazio : nullptr;
+    case borda:
+      return linha::lePalavra(valor, bordas, o.borda) ? nullptr : &falas::bordaRuim;
     case 'p':
       return lePeneiras(valor, o.peneiras) ? nullptr : &falas::peneirasRuins;
     default:
@@ -82,7 +84,7 @@ const exporta::FRASE* guardaValor(int letra, const std::string& valor, OPCOES_LO
 }
 
 void guardaSinal(int letra, OPCOES_LOTE& o) {
-  o.semBorda |= letra == semBorda;
+  if (letra == semBorda) o.borda = measure::BORDA::exclui;
   o.inverte |= letra == 'i';
   o.recursivo |= letra == 'r';
   o.refaz |= letra == refaz;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "export/idioma.h"
+#include "measure/borda.h"
 #include "measure/distribuicao.h"
 #include "measure/escala.h"
 #include "measure/grao.h"
@@ -33,7 +34,7 @@ struct OPCOES_LOTE {
   std::size_t amostra = 8;  // photographs that are looked at for the choice
   std::string correcoes;    // file of corrections by hand; empty: none
   std::string grupos;       // "pastas", "folders" or a table; empty: none
-  bool semBorda = false;
+  measure::BORDA borda = measure::BORDA::corrige;
   bool inverte = false;
   int processos = 0;  // photographs at a time; 0: to be chosen
   bool recursivo = false;

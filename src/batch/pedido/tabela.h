@@ -12,6 +12,7 @@ namespace batch {
 
 enum OPCAO_DO_LOTE {
   metodo = 256,
+  borda,
   semBorda,
   refaz,
   amostra,
@@ -22,13 +23,16 @@ enum OPCAO_DO_LOTE {
   repete
 };
 
-// In the order of measure::METODO, GRANDEZA and PESO.
+// In the order of measure::METODO, GRANDEZA, PESO and BORDA.
 inline constexpr std::array<linha::FRASE, 2> metodos = {
     {{"classico", "classic"}, {"apurado", "refined"}}};
 inline constexpr std::array<linha::FRASE, 3> grandezas = {
     {{"equivalente", "equivalent"}, {"menor", "lesser"}, {"maior", "greater"}}};
 inline constexpr std::array<linha::FRASE, 3> pesos = {
     {{"numero", "number"}, {"area", "area"}, {"volume", "volume"}}};
+
+inline constexpr std::array<linha::FRASE, 3> bordas = {
+    {{"corrige", "correct"}, {"inclui", "include"}, {"exclui", "exclude"}}};
 
 inline constexpr std::array<linha::OPERANDO, 2> operandos = {{
     {{"[kernel.cfg]", "[kernel.cfg]"},
@@ -81,7 +85,7 @@ inline constexpr std::array<linha::OPCAO, 6> opcoesDaProcura = {{
      {"entra nas pastas dentro das pastas", "enters the folders inside the folders"}},
 }};
 
-inline constexpr std::array<linha::OPCAO, 7> opcoesDaMedida = {{
+inline constexpr std::array<linha::OPCAO, 8> opcoesDaMedida = {{
     {'e',
      "escala",
      "scale",
@@ -127,11 +131,20 @@ inline constexpr std::array<linha::OPCAO, 7> opcoesDaMedida = {{
      {"pastas|CSV", "folders|CSV"},
      {},
      linha::TIPO::lista},
+    {borda,
+     "borda",
+     "border",
+     {"grãos cortados pela borda da fotografia: corrige (default) conta os inteiros pelo inverso "
+      "da "
+      "probabilidade de estarem inteiros nela; inclui conta todos; exclui deixa fora os cortados",
+      "grains cut by the picture's border: correct (default) counts whole ones by the inverse of "
+      "their chance of lying whole in it; include counts all; exclude leaves the cut ones out"},
+     {"QUAL", "WHICH"},
+     bordas},
     {semBorda,
      "sem-borda",
      "no-border",
-     {"deixa fora os grãos cortados pela borda da fotografia",
-      "leaves out the grains that the picture's border cuts"}},
+     {"o mesmo que --borda exclui", "same as --border exclude"}},
 }};
 
 inline constexpr std::array<linha::OPCAO, 6> opcoesDaCorrida = {{

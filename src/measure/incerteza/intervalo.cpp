@@ -178,11 +178,22 @@ void guarda(const LIMITES& l, std::optional<double>& de, std::optional<double>& 
   ate = l.ate;
 }
 
+// A percentile is at least what a lower one is, and at most what a higher one is.
+void emOrdem(INTERVALOS& s) {
+  for (std::size_t i = 1; i < percentis.size(); ++i) {
+    if (s.de.d[i] && s.de.d[i - 1]) s.de.d[i] = std::max(*s.de.d[i], *s.de.d[i - 1]);
+  }
+  for (std::size_t i = percentis.size() - 1; i > 0; --i) {
+    if (s.ate.d[i] && s.ate.d[i - 1]) s.ate.d[i - 1] = std::min(*s.ate.d[i], *s.ate.d[i - 1]);
+  }
+}
+
 // The ends of all numbers.
 void conclui(INTERVALOS& s, const REPLICAS& r, const DISTRIBUICAO& d, const LARGURAS& l) {
   for (std::size_t i = 0; i < percentis.size(); ++i) {
     guarda(r.d[i].porRazao(d.d[i], l.d[i]), s.de.d[i], s.ate.d[i]);
   }
+  emOrdem(s);
   for (std::size_t i = 0; i < razoes.size(); ++i) {
     const double largura = razoes[i] == &DISTRIBUICAO::desvio ? l.desvio : l.media;
     guarda(r.razao[i].porRazao(d.*razoes[i], largura), s.de.*razoes[i], s.ate.*razoes[i]);

@@ -8,6 +8,11 @@ vorplex.textos = {
   pt: {
     dicaFaixa: 'Faixa: intervalo de 95 % de cada percentil.',
     notaIntervalos: 'Intervalos de 95 %, pelo sorteio repetido de fotografias e grãos.',
+    cobertura: 'Cobertura, %',
+    nota_corrige: 'Grãos cortados pela borda não contam; os inteiros contam pelo inverso da probabilidade de ' +
+      'estarem inteiros na fotografia.',
+    nota_inclui: 'Grãos cortados pela borda contam como os outros.',
+    nota_exclui: 'Grãos cortados pela borda ficam fora; os inteiros contam todos igual.',
     notaUmaFoto: 'De uma só fotografia, nada sabem de outros lugares.',
     filtro: 'Filtro', minCorrel: 'Correlação mínima', minApoio: 'Apoio mínimo', todasAsFormas: 'todas as formas',
     paraAForma: 'Formas que o cursor limita', mais: 'Filtro', contaPor: 'Peso', classes: 'Classes',
@@ -87,6 +92,11 @@ vorplex.textos = {
   en: {
     dicaFaixa: 'Band: 95 % interval of each percentile.',
     notaIntervalos: '95 % intervals, from photographs and grains drawn again and again.',
+    cobertura: 'Coverage, %',
+    nota_corrige: 'Grains cut by the border do not count; whole ones count by the inverse of their chance of ' +
+      'lying whole in the photograph.',
+    nota_inclui: 'Grains cut by the border count like the others.',
+    nota_exclui: 'Grains cut by the border are left out; whole ones all count alike.',
     notaUmaFoto: 'From a single photograph, they know nothing of other places.',
     filtro: 'Filter', minCorrel: 'Minimum correlation', minApoio: 'Minimum support', todasAsFormas: 'all shapes',
     paraAForma: 'Shapes that the slider limits', mais: 'Filter', contaPor: 'Weight', classes: 'Classes',

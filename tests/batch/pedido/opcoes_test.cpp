@@ -36,8 +36,8 @@ TEST(LeOpcoes, SemOpcoesValemOsDefaults) {
   EXPECT_TRUE(o.peneiras.empty());
   EXPECT_EQ(o.processos, 0);
   EXPECT_EQ(o.idioma, IDIOMA::pt);
-  EXPECT_FALSE(o.semBorda || o.inverte || o.recursivo || o.refaz || o.quieto || o.ajuda ||
-               o.versao);
+  EXPECT_EQ(o.borda, BORDA::corrige);
+  EXPECT_FALSE(o.inverte || o.recursivo || o.refaz || o.quieto || o.ajuda || o.versao);
 }
 
 TEST(LeOpcoes, SemKernelQuandoAPrimeiraPalavraEhEntrada) {
@@ -93,7 +93,8 @@ TEST(LeOpcoes, LetrasENomesDizemOMesmo) {
     EXPECT_EQ(o.peneiras, (std::vector<double>{0.5, 1, 2}));
     EXPECT_EQ(o.processos, 3);
     EXPECT_TRUE(o.inverte && o.recursivo);
-    EXPECT_FALSE(o.semBorda || o.refaz || o.quieto);
+    EXPECT_EQ(o.borda, BORDA::corrige);
+    EXPECT_FALSE(o.refaz || o.quieto);
     EXPECT_EQ(o.kernel, "k");
     EXPECT_EQ(o.entradas, std::vector<std::string>{"f"});
   }
@@ -118,7 +119,8 @@ TEST(LeOpcoes, OsNomesInglesesDizemOMesmo) {
   EXPECT_EQ(o.peso, PESO::area);
   EXPECT_EQ(o.peneiras, (std::vector<double>{1, 2}));
   EXPECT_EQ(o.processos, 3);
-  EXPECT_TRUE(o.semBorda && o.inverte && o.recursivo && o.refaz && o.quieto);
+  EXPECT_EQ(o.borda, BORDA::exclui);
+  EXPECT_TRUE(o.inverte && o.recursivo && o.refaz && o.quieto);
   EXPECT_EQ(o.idioma, IDIOMA::en);
 }
 
@@ -132,7 +134,11 @@ TEST(LeOpcoes, AsPalavrasValemNasDuasLinguas) {
 
 TEST(LeOpcoes, OpcoesSoComNomeLongo) {
   const OPCOES_LOTE o = lidas({"--sem-borda", "--refaz", "--quieto", "--idioma", "en", "k", "f"});
-  EXPECT_TRUE(o.semBorda && o.refaz && o.quieto);
+  EXPECT_EQ(o.borda, BORDA::exclui);
+  EXPECT_EQ(lidas({"--borda", "inclui", "k", "f"}).borda, BORDA::inclui);
+  EXPECT_EQ(lidas({"--border", "exclude", "k", "f"}).borda, BORDA::exclui);
+  EXPECT_EQ(lidas({"--borda", "corrige", "k", "f"}).borda, BORDA::corrige);
+  EXPECT_TRUE(o.refaz && o.quieto);
   EXPECT_EQ(o.idioma, IDIOMA::en);
   EXPECT_TRUE(lidas({"--ajuda"}).ajuda);
   EXPECT_TRUE(lidas({"--versao"}).versao);
@@ -216,9 +222,12 @@ const std::vector<CASO> ruins = {
     {"EscalaNegativa",
      {"-e", "-1mm", "k", "f"},
      "Escala invalida -1mm (numero de 1e-9 a 1e9 e um, mm, cm, m ou in, como 0.05mm ou 20px/mm)"},
-    {"CorrelacaoPalavra", {"-c", "alta", "k", "f"}, "Correlacao minima invalida alta"},
-    {"CorrelacaoNan", {"-c", "nan", "k", "f"}, "Correlacao minima invalida nan"},
-    {"CorrelacaoComVirgula", {"-c", "0,3", "k", "f"}, "Correlacao minima invalida 0,3"},
+    {"CorrelacaoPalavra", {"-c", "alta", "k", "f"}, "Correlacao minima invalida alta (0 a 1)"},
+    {"CorrelacaoNan", {"-c", "nan", "k", "f"}, "Correlacao minima invalida nan (0 a 1)"},
+    {"CorrelacaoComVirgula", {"-c", "0,3", "k", "f"}, "Correlacao minima invalida 0,3 (0 a 1)"},
+    {"CorrelacaoAcimaDe1", {"-c", "1.5", "k", "f"}, "Correlacao minima invalida 1.5 (0 a 1)"},
+    {"CorrelacaoNegativa", {"-c", "-0.1", "k", "f"}, "Correlacao minima invalida -0.1 (0 a 1)"},
+    {"Borda", {"--borda", "corta", "k", "f"}, "Borda invalida corta (corrige, inclui ou exclui)"},
     {"Grandeza",
      {"-g", "media", "k", "f"},
      "Grandeza invalida media (equivalente, menor ou maior)"},

@@ -191,6 +191,7 @@ std::string esperado(const PAGINA& pagina, const MINIMOS& minimos) {
       const auto k = std::find(letras.begin(), letras.end(), g.figura.forma) - letras.begin();
       const double minimo = minimos[static_cast<std::size_t>(k)];
       if ((g.medido ? g.medido->apoio : std::stod(decimais)) < minimo) continue;
+      if (g.vezes == 0) continue;
       medidas.push_back(
           medida(g, foto.escala.value_or(pagina.escala), pagina.grandeza, pagina.peso));
       medidas.back().foto = quantas;
@@ -335,11 +336,13 @@ void escrevePequenas(const std::string& pasta) {
   apurada.metodo = METODO::apurado;
   apurada.titulo = "River sand, fitted";
   apurada.minCorr = 0.02;
+  apurada.borda = BORDA::corrige;
   apurada.limiares.fill(0.33);
   for (FOTO_DA_PAGINA& f : apurada.fotos) {
     std::vector<MAXLOCAL> v;
     for (const GRAO& g : f.graos) v.push_back(registro(g));
     f.graos = medeApurados(apura(sorteio, v), f.tamanho.height, f.tamanho.width);
+    ponderaBorda(f.graos, f.tamanho.height, f.tamanho.width, apurada.borda);
   }
   escreve(apurada, pasta + "/apurada");
 

@@ -27,3 +27,11 @@ vorplex.caminho = (g) => {
   const arco = (x, y) => `A${f(g.d1 / 2)} ${f(g.d2 / 2)} ${f(ang)} 0 1 ${f(x)} ${f(y)}`;
   return `M${f(g.ci - dx)} ${f(g.li - dy)}${arco(g.ci + dx, g.li + dy)}${arco(g.ci - dx, g.li - dy)}Z`;
 };
+
+// Width and height of the upright box that just holds the grain.
+vorplex.caixa = (g) => {
+  if (g.letra === 'c') return [g.d1, g.d1];
+  const [c, s] = [Math.cos(g.ang * Math.PI / 180), Math.sin(g.ang * Math.PI / 180)];
+  const lados = [[g.d1 * c, g.d2 * s], [g.d1 * s, g.d2 * c]];
+  return lados.map(([x, y]) => g.letra === 'e' ? Math.hypot(x, y) : Math.abs(x) + Math.abs(y));
+};

@@ -5,24 +5,24 @@
 {
   // xoshiro128** 1.1 of Blackman and Vigna.
   const novoSorteio = (semente) => {
-    const s = new Uint32Array(4);
-    let x = semente >>> 0;
-    for (let k = 0; k < 4; ++k) {
-      x = (x + 0x9E3779B9) >>> 0;
+    let x = semente | 0;
+    const palavra = () => {
+      x = (x + 0x9E3779B9) | 0;
       let y = Math.imul(x ^ (x >>> 16), 0x85EBCA6B);
       y = Math.imul(y ^ (y >>> 13), 0xC2B2AE35);
-      s[k] = y ^ (y >>> 16);
-    }
+      return y ^ (y >>> 16);
+    };
+    let [s0, s1, s2, s3] = [palavra(), palavra(), palavra(), palavra()];
     const gira = (v, n) => (v << n) | (v >>> (32 - n));
     return () => {
-      const saida = Math.imul(gira(Math.imul(s[1], 5), 7), 9) >>> 0;
-      const t = s[1] << 9;
-      s[2] ^= s[0];
-      s[3] ^= s[1];
-      s[1] ^= s[2];
-      s[0] ^= s[3];
-      s[2] ^= t;
-      s[3] = gira(s[3], 11);
+      const saida = Math.imul(gira(Math.imul(s1, 5), 7), 9) >>> 0;
+      const t = s1 << 9;
+      s2 ^= s0;
+      s3 ^= s1;
+      s1 ^= s2;
+      s0 ^= s3;
+      s2 ^= t;
+      s3 = gira(s3, 11);
       return saida;
     };
   };
@@ -87,19 +87,23 @@
       for (let k = 0; k < u.fotos; ++k) vezesDaFoto[k] = 1 + passo * (sorteadas[k] - 1);
     }
     vezes.fill(0);
+    const {lugar, copias, entradas} = u;
     for (let k = 0; k < u.fotos; ++k) {
-      const n = u.comeco[k + 1] - u.comeco[k];
+      const de = u.comeco[k];
+      const n = u.comeco[k + 1] - de;
       for (let i = 0; i < n; ++i) {
         const x = sorteio();
-        const grao = u.comeco[k] + abaixoDe(n, x);
-        ++vezes[u.lugar[grao * u.copias + (u.copias === 2 ? x & 1 : 0)]];
+        const grao = de + abaixoDe(n, x);
+        ++vezes[lugar[copias === 2 ? 2 * grao + (x & 1) : grao]];
       }
     }
     const graos = [];
-    u.entradas.forEach((e, i) => {
+    for (let i = 0; i < entradas.length; ++i) {
+      if (vezes[i] === 0) continue;
+      const e = entradas[i];
       e.peso = vezes[i] * vezesDaFoto[e.foto] * e.cheio;
       if (e.peso > 0) graos.push(e);
-    });
+    }
     return vorplex.curva(graos);
   };
 
@@ -173,6 +177,14 @@
     return [Math.max(0, Math.min(limites[0], 1 - nenhum)), Math.min(1, Math.max(limites[1], nenhum))];
   };
 
+  // A percentile is at least what a lower one is, and at most what a higher one is.
+  const emOrdem = (d) => {
+    const lista = vorplex.percentis.map((p) => d[p]);
+    if (lista.includes(null)) return;
+    for (let i = 1; i < lista.length; ++i) lista[i][0] = Math.max(lista[i][0], lista[i - 1][0]);
+    for (let i = lista.length - 1; i > 0; --i) lista[i - 1][1] = Math.min(lista[i][1], lista[i - 1][1]);
+  };
+
   const razoes = ['media', 'desvio', 'uniformidade', 'curvatura'];
   const diferencas = ['mediaPhi', 'selecao', 'assimetria', 'curtose'];
 
@@ -184,6 +196,7 @@
     for (const p of vorplex.percentis) {
       s.d[p] = porRazao(distribuicao.d[p], todas((r) => r.distribuicao.d[p]), l.d[p]);
     }
+    emOrdem(s.d);
     for (const nome of razoes) {
       s[nome] = porRazao(distribuicao[nome], todas((r) => r.distribuicao[nome]), l[nome]);
     }
@@ -228,7 +241,8 @@
   };
 
   // The same in short stretches, so that the page goes on answering; calls `pronto` with the result
-  // unless it is called again before. A small selection is done at once.
+  // unless it is called again before. A small selection is done at once; a large one waits until the
+  // slider rests.
   let vez = 0;
   vorplex.intervalosAosPoucos = (selecao, aberturas, pronto) => {
     const esta = ++vez;
@@ -244,6 +258,6 @@
       }
       setTimeout(trecho, 0, 12);
     };
-    trecho(40);
+    if (selecao.graos.length <= 2000) trecho(40); else setTimeout(trecho, 150, 12);
   };
 }

@@ -5,7 +5,7 @@ vorplex.letras = ['c', 'q', 'r', 'e'];
 vorplex.percentis = [5, 10, 16, 25, 30, 50, 60, 75, 84, 90, 95];
 
 {
-  const {escala, grandeza, peso} = vorplex.ajustes;
+  const {escala, grandeza, peso, borda} = vorplex.ajustes;
   // Which diameter is the size of a grain, and by what it counts: the reader's choice.
   vorplex.escolhas = {grandeza, peso};
   const campos = ['indice', 'letra', 'li', 'ci', 'd1', 'd2', 'ang', 'correl', 'area', 'equivalente',
@@ -29,6 +29,13 @@ vorplex.percentis = [5, 10, 16, 25, 30, 50, 60, 75, 84, 90, 95];
     },
   };
 
+  // How many grains like this one there are for each that the border leaves whole.
+  vorplex.quantosInteiros = (g) => {
+    const [largura, altura] = vorplex.caixa(g);
+    const chance = (1 - largura / g.foto.cols) * (1 - altura / g.foto.rows);
+    return chance > 0 ? 1 / chance : 0;
+  };
+
   // The standard error of a size, in px; 0 where none is known. Of the diameter of equal area from
   // those of both sizes, taken to be independent.
   vorplex.erroDoTamanho = (g, qual) => {
@@ -49,7 +56,9 @@ vorplex.percentis = [5, 10, 16, 25, 30, 50, 60, 75, 84, 90, 95];
     const {grandeza: qual, peso: como} = vorplex.escolhas;
     for (const g of graos) {
       g.tamanho = g[qual] * g.foto.lado;
-      g.peso = pesos[como](g, g.foto.lado);
+      g.inteiro = g.borda ? 0 : vorplex.quantosInteiros(g);
+      g.vezes = borda === 'corrige' ? g.inteiro : 1;
+      g.peso = pesos[como](g, g.foto.lado) * g.vezes;
       g.erro = vorplex.erroDoTamanho(g, qual) * g.foto.lado;
     }
     return graos.sort((a, b) => a.tamanho - b.tamanho || a.peso - b.peso);

@@ -10,10 +10,11 @@ vorplex.csv = (graos) => {
     const s = String(v);
     return /[,;\t"\r\n]/.test(s) ? `"${s.replaceAll('"', '""')}"` : s;
   };
+  const emDigitos = (x) => Number(x.toPrecision(8));
   const potencia = (nome) => nome.endsWith('_px2') ? 2 : nome.endsWith('_px') ? 1 : 0;
   const ehDoPx = (nome) => potencia(nome) > 0;
   const calibra = (nomes, px, lado) => escala.unidade === 'px' ? [] : px.flatMap((v, k) =>
-    ehDoPx(nomes[k]) ? [v * (potencia(nomes[k]) === 2 ? lado * lado : lado)] : []);
+    ehDoPx(nomes[k]) ? [emDigitos(v * (potencia(nomes[k]) === 2 ? lado * lado : lado))] : []);
   const deTodos = colunas.slice(1, 17);
   const calibradas = escala.unidade === 'px' ? 0 : deTodos.filter(ehDoPx).length;
   const dosApurados = colunas.slice(17 + calibradas);

@@ -23,9 +23,10 @@
 
   // Everything after a change.
   vorplex.atualiza = () => {
-    const graos = vorplex.graos.filter(vorplex.passa);
+    const todos = vorplex.graos.filter(vorplex.passa);
+    const graos = todos.filter((g) => g.vezes > 0);
     const curva = vorplex.curva(graos);
-    const selecao = {graos, curva, distribuicao: vorplex.distribui(curva),
+    const selecao = {todos, graos, curva, distribuicao: vorplex.distribui(curva),
                      classes: vorplex.peneira(curva, ajustes.peneiras)};
     vorplex.selecao = selecao;
     vorplex.mostraContagem(selecao);
@@ -33,7 +34,7 @@
     vorplex.mostraWentworth(selecao);
     vorplex.mostraGraficos(selecao);
     vorplex.mostraGrupos(graos);
-    vorplex.mostraFotos(graos);
+    vorplex.mostraFotos(todos);
     vorplex.refazGaleria();
     if (graos.length > MUITOS) pedeIntervalosLogo(selecao); else pedeIntervalos(selecao);
   };

@@ -30,6 +30,7 @@
     const fotos = new Set(graos.map((g) => g.foto)).size;
     porId('nota-intervalos').textContent =
       t('notaIntervalos') + (fotos === 1 ? ` ${t('notaUmaFoto')}` : '');
+    porId('nota-borda').textContent = t(`nota_${ajustes.borda}`);
     porId('nota-intervalos').hidden = graos.length < 2;
   };
 
@@ -53,18 +54,21 @@
     ];
   };
 
-  vorplex.mostraEstatisticas = ({graos, curva, distribuicao: s, intervalos}) => {
-    const naBorda = graos.reduce((soma, g) => soma + g.borda, 0);
-    const densidade = areaDasFotos > 0 ? graos.length / areaDasFotos : null;
-    porId('percentis').replaceChildren(cabeca('', unidade, '95 %'), elemento('tbody', {},
+  vorplex.mostraEstatisticas = ({todos, curva, distribuicao: s, intervalos}) => {
+    const naBorda = todos.reduce((soma, g) => soma + g.borda, 0);
+    const vezes = (g) => ajustes.borda === 'exclui' ? g.inteiro : g.vezes;
+    const porArea = (quanto) => areaDasFotos > 0 ?
+      todos.reduce((soma, g) => soma + vezes(g) * quanto(g), 0) / areaDasFotos : null;
+    porId('percentis').replaceChildren(cabeca('', t('tamanho'), '95 %'), elemento('tbody', {},
       ...vorplex.percentis.map((p) =>
-        linha(`D${p}`, medida(s.d[p]), intervalo(intervalos, (i) => i.d[p])))));
+        linha(`D${p} (${unidade})`, medida(s.d[p]), intervalo(intervalos, (i) => i.d[p])))));
     const de = (nome, campo) => linha(nome, medida(s[campo]), intervalo(intervalos, (i) => i[campo]));
     porId('estatisticas').replaceChildren(cabeca('', '', '95 %'), elemento('tbody', {},
       de(`${t('media')} (${unidade})`, 'media'), de(`${t('desvio')} (${unidade})`, 'desvio'),
       de(t('cu'), 'uniformidade'), de(t('cc'), 'curvatura'),
       ...linhasDeFolkWard(s, curva, intervalos),
-      linha(t('densidade', `${unidade}²`), medida(densidade), ''),
+      linha(t('densidade', `${unidade}²`), medida(porArea(() => 1)), ''),
+      linha(t('cobertura'), porcento(porArea((g) => g.area * g.foto.lado ** 2)), ''),
       linha(t('naBorda'), inteiro(naBorda), '')));
   };
 
