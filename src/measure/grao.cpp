@@ -1,8 +1,6 @@
 #include "measure/grao.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 #include <numbers>
 
@@ -10,6 +8,7 @@
 #include "measure/perimetro.h"
 #include "pim/converte.h"
 #include "pim/erro.h"
+#include "refine/contorno/digitos.h"
 
 namespace measure {
 namespace {
@@ -44,31 +43,6 @@ bool temExtensao(const refine::FIGURA& f, float correl) {
                       std::isfinite(f.ang) && std::isfinite(f.d2);
   return forma && finita && tamanhoValido(f.d1) &&
          (!temDoisTamanhos(f.forma) || tamanhoValido(f.d2));
-}
-
-// The number to the second digit of its standard error.
-double peloErro(double x, double erro) {
-  if (!(erro > 1e-12 && erro < 1e6) || !std::isfinite(x)) return x;
-  std::array<char, 64> texto;
-  char* const de = texto.data();
-  char* const ate = de + texto.size();
-  const char* fim = std::to_chars(de, ate, erro, std::chars_format::scientific, 0).ptr;
-  int potencia = 0;
-  const char* expoente = de + 2;  // after the digit and the letter
-  std::from_chars(*expoente == '+' ? expoente + 1 : expoente, fim, potencia);
-  fim = std::to_chars(de, ate, x, std::chars_format::fixed, std::max(0, 1 - potencia)).ptr;
-  std::from_chars(de, fim, x);
-  return x;
-}
-
-refine::FIGURA peloErro(refine::FIGURA f, const std::array<double, 5>& erro) {
-  f.l = peloErro(f.l, erro[0]);
-  f.c = peloErro(f.c, erro[1]);
-  f.d1 = peloErro(f.d1, erro[2]);
-  if (temDoisTamanhos(f.forma)) f.d2 = peloErro(f.d2, erro[3]);
-  if (!temDoisTamanhos(f.forma) && erro[2] > 0) f.d2 = f.d1;
-  f.ang = peloErro(f.ang, erro[4]);
-  return f;
 }
 
 // The record as it stands, also where its letter doesn't use a number.
@@ -119,8 +93,8 @@ std::vector<GRAO> medeApurados(const std::vector<refine::APURADO>& v, int rows, 
   std::vector<GRAO> graos;
   graos.reserve(v.size());
   for (const refine::APURADO& a : v) {
-    graos.push_back(
-        medeFigura(peloErro(a.figura, a.erro), a.correl, graos.size(), cv::Size(cols, rows)));
+    graos.push_back(medeFigura(refine::peloErro(a.figura, a.erro), a.correl, graos.size(),
+                               cv::Size(cols, rows)));
     graos.back().medido = MEDIDO{a.apoio, a.contraste, a.erro};
   }
   return graos;

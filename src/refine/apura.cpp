@@ -8,6 +8,7 @@
 
 #include "pim/erro.h"
 #include "refine/candidatos.h"
+#include "refine/contorno/digitos.h"
 #include "refine/contorno/vizinhos.h"
 #include "refine/escolha.h"
 #include "refine/juizo.h"
@@ -90,6 +91,7 @@ std::vector<MEDIDO> medeTodos(const CAMPO& campo, const std::vector<FIGURA>& fig
 APURADO apurado(const MEDIDA& m, const CANDIDATO& c, const EXAME& e, double apoio) {
   APURADO g{normal(m.figura), c.correl, apoio, e.contraste, m.erro};
   if (m.figura.d2 > m.figura.d1) std::swap(g.erro[2], g.erro[3]);
+  g.figura = peloErro(g.figura, g.erro);
   return g;
 }
 
