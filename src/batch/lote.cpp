@@ -313,10 +313,10 @@ int dizRepeticao(const LOTE& l) {
   if (!l.antes) return tudoBem;
   std::string porque;
   const std::string nome = (fs::path(l.opcoes.saida) / arquivoDaProveniencia).string();
-  const PROVENIENCIA agora = leProveniencia(leTudo(nome, porque, l.opcoes.idioma));
-  const std::vector<std::string> outras = diferencas(*l.antes, agora);
+  const PROVENIENCIA desta = leProveniencia(leTudo(nome, porque, l.opcoes.idioma));
+  const std::vector<std::string> outras = diferencas(*l.antes, desta);
   if (outras.empty()) {
-    const std::string quantos = std::to_string(agora.resultados.size());
+    const std::string quantos = std::to_string(desta.resultados.size());
     dizLinha(l.avanco, cv::format(l.frase(falas::repetiu), quantos.c_str()));
     return tudoBem;
   }

@@ -26,7 +26,7 @@ struct CORRECOES {
 };
 
 inline constexpr std::size_t maiorTexto = std::size_t{16} << 20U;  // bytes
-inline constexpr std::size_t maisCorrecoes = 20'000;              // in a file
+inline constexpr std::size_t maisCorrecoes = 20'000;               // in a file
 
 // Reads the text of a file of corrections (JSON, docs/relatorio.md). Each photograph stands in it
 // once. pim::erro "Erro: Correcoes invalidas: REASON" for anything else, unknown members and shapes

@@ -15,7 +15,8 @@ constexpr int passos = 8;
 constexpr double parada = 0.003;   // pixels
 constexpr double passoFino = 0.5;  // of the profiles, pixels
 constexpr double menorTolerancia = 0.15;
-constexpr int vizinhas = 8;  // samples that may err alike: three times as far as the noise does
+constexpr int alcanceDoErro =
+    8;  // samples that may err alike: three times as far as the noise does
 
 // About a pixel apart.
 int quantasAmostras(const FIGURA& f) {
@@ -161,7 +162,7 @@ std::optional<MEDIDA> medeCom(const ANDAR& foto, const FIGURA& inicial, PROCURA 
   m.vista = e.vista;
   m.quantas = e.quantas;
   const SISTEMA d = dispersao(foto, f, b.deslocamentos, std::max(menorTolerancia, 3 * e.espalha),
-                              vizinhas + 2 * junta, b);
+                              alcanceDoErro + 2 * junta, b);
   if (!erros(q, d, 0, m)) return std::nullopt;
   return m;
 }
@@ -251,7 +252,7 @@ bool afina(const ANDAR& foto, ENCOBREM encobrem, MEDIDA& m, BANCADA& b) {
   }
   m.figura = a.f;
   m.residuo = a.residuo;
-  const SISTEMA d = dispersao(foto, a.f, b.deslocamentos, a.tolerancia, vizinhas, b);
+  const SISTEMA d = dispersao(foto, a.f, b.deslocamentos, a.tolerancia, alcanceDoErro, b);
   return erros(q, d, a.molde.erro, m);
 }
 

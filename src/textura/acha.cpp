@@ -26,8 +26,8 @@ double diametro(const SOMAS& s) {
 // Probability that the instance is a grain; the weights are those of a logistic regression on
 // instances of rendered scenes that the network was not trained on (docs/textura.md).
 double apoio(const SOMAS& s, const OITAVA::ACORDO& a) {
-  const double soma = -4.03 + 5.81 * a.parte + 1.16 * s.pico / 255;
-  return 1 / (1 + refine::exponencial(-soma));
+  const double z = -4.03 + 5.81 * a.parte + 1.16 * s.pico / 255;
+  return 1 / (1 + refine::exponencial(-z));
 }
 
 // How well the network sees a grain of such a diameter in pixels of the octave.
@@ -110,7 +110,7 @@ std::vector<CANDIDATO> escolhe(const std::vector<OITAVA>& v, const std::vector<C
 double cinza(const cv::Mat_<unsigned char>& foto, const refine::FIGURA& f, double vezes) {
   constexpr int pontos = 32;
   const refine::EIXOS e(f);
-  double soma = 0;
+  double total = 0;
   for (int i = 0; i < pontos; ++i) {
     const refine::DIRECAO d = refine::direcao(360.0 * i / pontos);
     const double u = vezes * f.d1 / 2 * d.cosseno;
@@ -119,9 +119,9 @@ double cinza(const cv::Mat_<unsigned char>& foto, const refine::FIGURA& f, doubl
         std::clamp(std::lround(f.l + u * e.d.seno + w * e.d.cosseno), 0L, foto.rows - 1L);
     const auto c =
         std::clamp(std::lround(f.c + u * e.d.cosseno - w * e.d.seno), 0L, foto.cols - 1L);
-    soma += foto(static_cast<int>(l), static_cast<int>(c));
+    total += foto(static_cast<int>(l), static_cast<int>(c));
   }
-  return soma / (255.0 * pontos);
+  return total / (255.0 * pontos);
 }
 
 refine::APURADO mede(const cv::Mat_<unsigned char>& foto, const OITAVA& o, const CANDIDATO& c) {

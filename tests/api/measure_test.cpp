@@ -54,7 +54,7 @@ TEST(Measure, DistribuicaoEmMilimetros) {
 
 TEST(Measure, IntervalosComoOsDeUmaCorrida) {
   std::vector<vorplex::Refined> v(30);
-  measure::FOTOGRAFIA foto = {"", 100, 200, {0.1, measure::UNIDADE::mm}, {}, {}};
+  measure::FOTOGRAFIA fotografia = {"", 100, 200, {0.1, measure::UNIDADE::mm}, {}, {}};
   std::vector<refine::APURADO> apurados;
   for (std::size_t i = 0; i < v.size(); ++i) {
     const double d = 10 + static_cast<double>(i * i % 17);
@@ -68,9 +68,9 @@ TEST(Measure, IntervalosComoOsDeUmaCorrida) {
                         0,
                         {0, 0, 0.5, 0.25, 0}});
   }
-  foto.graos = measure::medeApurados(apurados, foto.rows, foto.cols);
+  fotografia.graos = measure::medeApurados(apurados, fotografia.rows, fotografia.cols);
   const measure::INTERVALOS esperados =
-      measure::resume(foto, measure::GRANDEZA::maior, measure::PESO::area, {}).intervalos;
+      measure::resume(fotografia, measure::GRANDEZA::maior, measure::PESO::area, {}).intervalos;
   const vorplex::Sample amostra = {vorplex::measure_refined(fotoLarga, v),
                                    vorplex::parse_scale("0.1mm")};
   const auto i = vorplex::intervals({amostra}, vorplex::Size::greater, vorplex::Weight::area);

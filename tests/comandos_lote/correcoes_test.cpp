@@ -10,8 +10,9 @@ std::vector<std::vector<std::string>> tabela(const std::string& nome) {
   std::vector<std::vector<std::string>> v;
   for (std::string linha; std::getline(texto, linha);) {
     std::istringstream campos(linha);
-    std::vector<std::string>& r = v.emplace_back();
+    std::vector<std::string> r;
     for (std::string campo; std::getline(campos, campo, ',');) r.push_back(campo);
+    v.push_back(r);
   }
   return v;
 }

@@ -120,12 +120,11 @@ TEST(Foto, OQueHaDeMaisVaiAntesDosGraos) {
   foto.grupo = "</script>";
   foto.escala = ESCALA{0.5, UNIDADE::mm};
   foto.correcoes = {{corrige::GESTO::rejeita, {'q', 1, 2, 3, 3, 4}}};
-  EXPECT_EQ(
-      fotoEmJson(foto, ""),
-      R"({"nome":"a","rows":50,"cols":60,"miniatura":"","soma":"0123456789abcdef",)"
-      R"("grupo":"\u003c/script>","lado":0.5,"correcoes":[{"angulo":4.0,"coluna":2.0,)"
-      R"("d1":3.0,"d2":3.0,"forma":"q","gesto":"rejeita","linha":1.0}],"candidatos":)"
-      R"([[1,"c",30,25,12,12,0,0.1,113.097336,12,37.6991118,12,12,1,0]],"graos":[]})");
+  EXPECT_EQ(fotoEmJson(foto, ""),
+            R"({"nome":"a","rows":50,"cols":60,"miniatura":"","soma":"0123456789abcdef",)"
+            R"("grupo":"\u003c/script>","lado":0.5,"correcoes":[{"angulo":4.0,"coluna":2.0,)"
+            R"("d1":3.0,"d2":3.0,"forma":"q","gesto":"rejeita","linha":1.0}],"candidatos":)"
+            R"([[1,"c",30,25,12,12,0,0.1,113.097336,12,37.6991118,12,12,1,0]],"graos":[]})");
 }
 
 TEST(Ajustes, OQueFoiCorrigidoAMao) {

@@ -127,10 +127,10 @@ TEST(Apura, RecusaOQueNaoEhForma) {
   EXPECT_EQ(so.recusados, ruins.size());
   EXPECT_TRUE(so.graos.empty());
   // Among good ones they change nothing.
-  const std::size_t quantos = ruins.size();
+  const std::size_t recusados = ruins.size();
   ruins.insert(ruins.begin() + 7, tresDeteccoes().begin(), tresDeteccoes().end());
   const APURACAO r = apura(fotoDosTres(), ruins, {});
-  EXPECT_EQ(r.recusados, quantos);
+  EXPECT_EQ(r.recusados, recusados);
   EXPECT_EQ(r.graos.size(), 3U);
 }
 

@@ -180,7 +180,8 @@ void lePerfis(const ANDAR& andar, std::span<const AMOSTRA> amostras, int meio, d
 }
 
 int passosDaBusca(const ALCANCE& como) {
-  const BUSCA b = busca(como, {});
+  PESO_DO_PASSO peso{};
+  const BUSCA b = busca(como, peso);
   return b.n + b.nitidez + b.vao;
 }
 

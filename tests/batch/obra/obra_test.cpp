@@ -121,8 +121,7 @@ TEST_F(Obra, DuasCorridasNaoFazemAMesmaSaida) {
 TEST_F(Obra, DepoisDeUmaRecusaOutraCorridaPodeComecar) {
   fs::create_directory("s");
   grava("s/.vorplex-lote-obra", "x");
-  EXPECT_EQ(abreObra(obra, "s", IDIOMA::pt),
-            "Nada pode ser feito na pasta de saida s (ja existe)");
+  EXPECT_EQ(abreObra(obra, "s", IDIOMA::pt), "Nada pode ser feito na pasta de saida s (ja existe)");
   fs::remove("s/.vorplex-lote-obra");
   OBRA outra;
   ASSERT_EQ(abreObra(outra, "s", IDIOMA::pt), "");

@@ -33,8 +33,8 @@ TEST(Digitos, NuncaTrocaOsTamanhosENaoMudaDeNovo) {
     const double d = 5 + 90 * u(sorteio);
     const auto erro = [&] { return std::pow(10.0, -4 + 5 * u(sorteio)); };
     const std::array<double, 5> erros = {erro(), erro(), erro(), erro(), erro()};
-    const FIGURA antes{'r', 100 * u(sorteio), 100 * u(sorteio), d, d - 0.1 * u(sorteio),
-                       180 * u(sorteio)};
+    const FIGURA antes{'r', 100 * u(sorteio),     100 * u(sorteio),
+                       d,   d - 0.1 * u(sorteio), 180 * u(sorteio)};
     const FIGURA f = peloErro(antes, erros);
     EXPECT_GE(f.d1, f.d2);
     EXPECT_LE(std::abs(f.l - antes.l), 0.06 * erros[0] + 1e-12);
