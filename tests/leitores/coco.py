@@ -13,12 +13,16 @@ from formas import confereForma
 from medidas import areaComSinal, emPortugues, exige, leTabela
 
 
-def mascara(pontos, imagem):
-    """The polygon drawn where a pixel covers 0 to 1, its corners to 1/256 px."""
-    m = numpy.zeros((imagem["height"], imagem["width"]), numpy.uint8)
-    inteiros = numpy.round((pontos - 0.5) * 256).astype(numpy.int32)
-    cv2.fillPoly(m, [inteiros], 1, lineType=8, shift=8)
-    return m
+FINURA = 16  # parts of a pixel's side
+
+
+def areaPintada(pontos):
+    """Area in pixels of the polygon as OpenCV fills it, drawn FINURA times as large."""
+    cantos = (pontos - pontos.min(0) + 1) * FINURA
+    largura, altura = numpy.ceil(cantos.max(0)).astype(int) + FINURA
+    m = numpy.zeros((altura, largura), numpy.uint8)
+    cv2.fillPoly(m, [numpy.round((cantos - 0.5) * 256).astype(numpy.int32)], 1, lineType=8, shift=8)
+    return m.sum(dtype=int) / FINURA**2
 
 
 def confereAnotacao(a, grao, imagem, onde):
@@ -29,14 +33,15 @@ def confereAnotacao(a, grao, imagem, onde):
     caixa = numpy.array([x, y, x + largura, y + altura])
     limites = numpy.concatenate([pontos.min(0), pontos.max(0)])
     exige(abs(caixa - limites).max() < 1e-6, onde, f"bbox {a['bbox']}, polygon {limites}")
-    exige(caixa.min() >= 0 and caixa[2] <= imagem["width"] and caixa[3] <= imagem["height"], onde,
+    limite = (imagem["width"] + 1e-6, imagem["height"] + 1e-6)  # bounds have ten digits
+    exige(caixa.min() >= 0 and caixa[2] <= limite[0] and caixa[3] <= limite[1], onde,
           "reaches beyond the picture")
     area = abs(areaComSinal(pontos))
     exige(abs(area - a["area"]) < 1e-5 * max(1, area), onde, f"area {a['area']}, polygon {area}")
-    # Pixels that the edge crosses count whole: half of them too many.
+    # What the edge crosses counts whole: half of it too much.
     contorno = numpy.hypot(*(pontos - numpy.roll(pontos, 1, 0)).T).sum()
-    exige(abs(int(mascara(pontos, imagem).sum()) - area) <= 0.75 * contorno + 4, onde,
-          f"{mascara(pontos, imagem).sum()} pixels, area {area}")
+    pintada = areaPintada(pontos)
+    exige(abs(pintada - area) <= contorno / FINURA + 0.5, onde, f"painted {pintada}, area {area}")
     if not grao.toca_borda:
         confereForma(pontos - 0.5, grao, onde)
 

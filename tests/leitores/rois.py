@@ -99,7 +99,8 @@ def confereRegiao(linha, grao, onde):
     if not grao.toca_borda:  # what lies beyond the picture is not measured there
         menos, mais = (pixelsDentro(grao, folga) for folga in (-0.03, 0.03))
         exige(menos <= area <= mais, onde, f"area {area}, expected {menos} to {mais} pixels")
-        exige(max(abs(x - grao.coluna_px - 0.5), abs(y - grao.linha_px - 0.5)) < 0.15, onde,
+        longe = max(abs(x - grao.coluna_px - 0.5), abs(y - grao.linha_px - 0.5))
+        exige(longe < 0.1 + 1.2 / grao.diametro_menor_px, onde,  # whole pixels have that centre
               f"centre {x} {y}")
 
 
