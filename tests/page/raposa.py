@@ -103,7 +103,7 @@ def confere(n, pasta, nome, retratos):
     assert dito["graos"] == inicial["graos"], (nome, dito["graos"])
     for p, valor in inicial["d"].items():
         assert (dito["d"][p] is None) == (valor is None), (nome, p)
-        assert valor is None or math.isclose(dito["d"][p], valor, rel_tol=1e-9), (nome, p, dito["d"][p], valor)
+        assert valor is None or math.isclose(dito["d"][p], valor, rel_tol=1e-8), (nome, p, dito["d"][p], valor)
     if inicial["graos"] > 0:
         n.avalia("(() => {vorplex.visores[0].raiz.open = true;})()")
         espera(lambda: n.avalia("!!vorplex.visores[0].mapa"), "the viewer does not open")
