@@ -12,6 +12,7 @@
 #include "linha/ajuda.h"
 #include "linha/geral.h"
 #include "linha/linha.h"
+#include "linha/roda.h"
 #include "linha/traducao.h"
 #include "pim/erro.h"
 #include "pim/imagem.h"
@@ -107,21 +108,11 @@ int comando(const std::vector<std::string>& args, const std::string& versao) {
   OPCOES o;
   o.idioma = linha::idiomaDoAmbiente();
   const std::string erro = leOpcoes(args, o);
-  int estado = tudoBem;
-  if (!erro.empty()) {
-    estado = recusa(o, erro, usoErrado);
-  } else if (o.ajuda) {
-    std::fputs(linha::ajuda(programa, o.idioma).c_str(), stdout);
-  } else if (o.versao) {
-    std::printf("%s %s\n", programa.nome, versao.c_str());
-  } else {
-    linha::emSuaLingua(o.idioma, [&] { estado = executa(o); });
-  }
-  const bool disse = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
-  if (!disse && estado == tudoBem) {
-    return recusa(o, diz(linha::frases::saidaPadrao, o.idioma), falhou);
-  }
-  return estado;
+  return linha::roda(
+      programa, versao, o, erro, [&] { return executa(o); },
+      [&](const std::string& porque, int estado) {
+        return recusa(o, porque, static_cast<ESTADO_FINAL>(estado));
+      });
 }
 
 }  // namespace apura
